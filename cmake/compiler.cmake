@@ -1,0 +1,8 @@
+# The warnings that every target is clean of, and the sanitizers.
+add_library(parlorwire_flags INTERFACE)
+target_compile_options(parlorwire_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror)
+if(PARLORWIRE_SANITIZE)
+  add_compile_options(-fsanitize=${PARLORWIRE_SANITIZE} -fno-sanitize-recover=undefined
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${PARLORWIRE_SANITIZE})
+endif()

@@ -1,0 +1,121 @@
+// Process-wide state.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "platform/rich_text_box.h"
+#include "text/text.h"
+
+namespace parlorwire {
+
+inline constexpr int kTabCount = 10;
+inline constexpr int kMaxLogins = 100;
+
+enum class UiLanguage : std::int32_t { kRussian = 1, kEnglish = 2 };
+
+constexpr PaneColour Rgb(unsigned red, unsigned green, unsigned blue) {
+  return red + 256 * green + 65536 * blue;
+}
+
+// The font of chat lines.
+struct FontMain {
+  std::int32_t Charset = 204;
+  bool Bold = true;      // of the nick
+  bool TimeBold = true;  // of the time
+  Text Name = "Times New Roman";
+  std::int32_t Size = 12;  // points
+  PaneColour ColorMyNick = 0xFF00;
+};
+
+// The font of action and system lines.
+struct FontSystem {
+  std::int32_t Charset = 204;
+  bool Italic = true;
+  bool Bold = false;
+  Text Name = "Times New Roman";
+  std::int32_t Size = 10;
+  PaneColour TextColor = 0xFFFFFF;
+};
+
+// The font of the client's own messages and of the bars of framed notices.
+struct FontStatus {
+  std::int32_t Charset = 204;
+  bool Italic = false;
+  bool Bold = false;
+  Text Name = "Times New Roman";
+  std::int32_t Size = 10;
+  PaneColour BackColor = 0;
+  PaneColour TextColor = 0xE0E0E0;
+};
+
+struct RichColors {
+  PaneColour Nicks = Rgb(207, 207, 255);
+  PaneColour NicksChoose = 0xFF00;
+  PaneColour Symbols = 0xFFFF;
+  PaneColour TextColor = 0xC0C0C0;
+  PaneColour Times = Rgb(207, 207, 255);
+};
+
+// The controls of the proxy dialog. They are the store of the proxy settings for the whole program:
+// whatever stands in them is in force, typed or applied. Read them through ProxyDialog().
+struct ProxyControls {
+  bool loaded = false;  // the six values were read from the file since the dialog was last unloaded
+  bool use_proxy = false;
+  Text proxy_addr;
+  Text proxy_port;
+  bool autentification = false;
+  Text proxy_login;
+  Text proxy_pass;
+};
+
+struct AppState {
+  // The language of messages. A text with two forms asks either "is it Russian" or "is it English";
+  // both questions occur.
+  UiLanguage Language = UiLanguage::kRussian;
+
+  // The endpoint of the chat service, used for every connect without a proxy and in every Host line.
+  Text ChatHost;
+  Text ChatPort = "80";
+  Text ChatHostByName = "localhost";
+  Text ChatHostByAddress = "127.0.0.1";
+
+  Text ProxyAuthBasic;  // base64 of proxy login, ":" and proxy password; renewed by every connect
+  ProxyControls sett_conn;
+
+  std::int16_t ActionDelayValue = 3000;      // ms; interval of Timer6 and Timer26
+  std::int32_t ReconnectDelayValue = 60000;  // ms; interval of Timer3
+
+  FontMain rFontMain;
+  FontSystem rFontSystem;
+  FontStatus rFontStatus;
+  RichColors rRichColors;
+  PaneColour MainBackColor = Rgb(233, 235, 231);
+
+  // Saved logins, by the number in their keys. The list of nicks that the dialog shows skips empty
+  // nicks, so its positions and these numbers may part.
+  std::array<Text, kMaxLogins> SavedPassword;
+  std::array<Text, kMaxLogins> SavedChannel;
+  std::array<Text, kMaxLogins> SavedChannelPassword;
+  std::int16_t LoginCount = 0;
+  std::int16_t LastLoginIndex = 0;
+
+  bool AutoKick = false;        // the menu item akick_enabled is checked
+  bool SayIPAndFlags = false;   // the menu item say_ip_and_flags is checked
+  Text DisableKickChannels;     // channels separated by blanks
+  Text AutoKickText;            // the whole of AutoKick.lst
+  Text IpLogText;               // the whole of IPlog.log
+
+  // Spam rules: a line fires on SpamHost with its scheme, and on SpamDomain without the one
+  // subdomain that is allowed.
+  Text SpamHost = "spam.example";
+  Text SpamDomain = "flood.example";
+  Text SpamDomainAllowed = "rules.flood.example";
+
+  int LastTab = 0;  // the tab left at the last switch
+
+  // Under the mouse, whichever pane it is in.
+  bool MouseSelecting = false;  // the left button went down on text in a pane
+};
+
+}  // namespace parlorwire

@@ -1,0 +1,25 @@
+#include "session/error_log.h"
+
+#include "session/fault_trap.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr const char* kErrorLog = "error.log";
+constexpr std::int64_t kSizeLimit = 51000;  // above 50 whole thousands
+
+}  // namespace
+
+void WriteErrorLog(Client& client, const Text& text) {
+  const LocalTime now = client.platform.clock.Now();
+  const Text entry = "[" + DateText(now) + " " + TimeText(now) + "] " + text + "\r\n";
+  Files& files = client.platform.files;
+  bool start_anew = true;
+  PassOverFault([&] { start_anew = files.Size(kErrorLog) >= kSizeLimit; });
+  PassOverFault([&] {
+    if (start_anew) files.Replace(kErrorLog, entry);
+    else files.Append(kErrorLog, entry);
+  });
+}
+
+}  // namespace parlorwire

@@ -1,0 +1,56 @@
+// The upward traffic of the program, on one page: what a lower room asks of a higher one. Each hook
+// bears the name of the procedure that fills it. Assemble() in shell/assembly.cpp fills all of them;
+// until then a hook does nothing.
+#pragma once
+
+#include <functional>
+
+#include "text/text.h"
+
+namespace parlorwire {
+
+template <class Signature>
+class Hook;
+
+// A std::function that may be called while it is empty.
+template <class Result, class... Arguments>
+class Hook<Result(Arguments...)> {
+ public:
+  template <class Procedure>
+  Hook& operator=(Procedure procedure) {
+    procedure_ = std::move(procedure);
+    return *this;
+  }
+  Result operator()(Arguments... arguments) const {
+    return procedure_ ? procedure_(static_cast<Arguments>(arguments)...) : Result();
+  }
+
+ private:
+  std::function<Result(Arguments...)> procedure_;
+};
+
+struct Hooks {
+  // display/parse_chat_line: a line of the frame is to be shown
+  Hook<void(const Text& line, int tab)> ParseChatLine;
+  // display/chat_log: a piece goes to the day log of a channel
+  Hook<void(const Text& piece, const Text& channel)> LogChatLine;
+
+  // users/user_frame: fetch the list of users anew
+  Hook<void(int tab)> UpdateUsersFrame;
+
+  // bot/bot_queue: say a command to the chat
+  Hook<void(const Text& text, int tab)> SayBot;
+  // bot/reactions: a system line is about to be shown
+  Hook<void(const Text& line, int tab)> ClientAction;
+
+  // shell/tray: a balloon with "Parlorwire" and `title` as its title
+  Hook<void(const Text& title, const Text& text, int info_flags)> ShowBalloon;
+  // shell/tray: 1 a personal message waits, 2 a line concerns the user, 3 neither
+  Hook<void(int mode)> SetTrayBlink;
+  // shell/tray: the tip of the tray icon
+  Hook<void(const Text& caption)> SetTabTitle;
+  // shell/open_url: a page in the user's browser
+  Hook<void(const Text& url)> OpenUrl;
+};
+
+}  // namespace parlorwire

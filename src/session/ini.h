@@ -1,0 +1,19 @@
+// config.ini: every read and write goes to the file at once, nothing of it is held in memory.
+#pragma once
+
+#include <string_view>
+
+#include "session/client.h"
+#include "text/text.h"
+
+namespace parlorwire {
+
+// The value of a key, "" if there is none. A missing file is created empty; one that can't be read
+// gives "".
+Text ReadIni(Client& client, std::string_view section, std::string_view key);
+
+// Lets waiting events run, then writes the key. Failures are ignored, and leave the file as it was.
+void WriteIni(Client& client, std::string_view section, std::string_view key,
+              std::string_view value);
+
+}  // namespace parlorwire
