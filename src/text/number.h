@@ -8,8 +8,8 @@
 
 namespace parlorwire {
 
-// A decimal number, with blanks around it, a sign, a fraction and an exponent allowed; a fraction is
-// rounded to the nearest even. No number: Fault 13. Too large for the type: Fault 6.
+// A decimal number, with blanks around it, a sign, a fraction and an exponent allowed; a fraction
+// is rounded to the nearest even. No number: Fault 13. Too large for the type: Fault 6.
 std::int32_t ToLong(std::string_view text);
 std::int16_t ToInteger(std::string_view text);
 
