@@ -22,6 +22,9 @@ bool ToBoolean(std::string_view text);
 // Hexadecimal digits in either case. Empty, or any other character: Fault 13. More than 8: Fault 6.
 std::uint32_t FromHex(std::string_view digits);
 
+// The number in decimal, with at most seven significant digits.
+Text NumberText(double value);
+
 // "True" or "False".
 Text BooleanText(bool value);
 
