@@ -15,7 +15,7 @@ namespace {
 constexpr int kMargin = 3;  // pixels beside the text
 
 // The part of the fragment that is selected, its line break included.
-SelectedStretch SelectedIn(const Fragment& fragment, PaneStretch selected) {
+SelectedStretch SelectedIn(const Fragment& fragment, PaneRange selected) {
   const PanePosition breaks = fragment.next > fragment.start + fragment.length ? 1 : 0;
   const auto within = [&](PanePosition position) {
     return static_cast<int>(
@@ -171,10 +171,10 @@ void RichTextView::RememberPainted(const std::vector<PlacedFragment>& seen) {
 }
 
 // The characters look different though their layout is the same.
-void RichTextView::Restyle(PaneStretch stretch) {
+void RichTextView::Restyle(PaneRange stretch) {
   if (stretch.empty()) return;
   restyled_ = restyled_.empty() ? stretch
-                                : PaneStretch{std::min(restyled_.start, stretch.start),
+                                : PaneRange{std::min(restyled_.start, stretch.start),
                                               std::max(restyled_.end, stretch.end)};
   NoteChange();
 }

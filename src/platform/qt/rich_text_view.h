@@ -38,7 +38,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void SetRussian(bool russian) { russian_ = russian; }
 
   // What the reader has selected.
-  PaneStretch Selected() const { return selection_.stretch(); }
+  PaneRange Selected() const { return selection_.stretch(); }
   PanePosition Caret() const { return selection_.caret; }
   // As the reader would: the pane gets the selection too.
   void Select(PanePosition anchor, PanePosition caret);
@@ -116,7 +116,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void Settle();
   void RepaintDifferences(const std::vector<PlacedFragment>& seen);
   void RememberPainted(const std::vector<PlacedFragment>& seen);
-  void Restyle(PaneStretch stretch);
+  void Restyle(PaneRange stretch);
   void UpdateScrollBar();
   void BarActed(int action);
   void ScrollBy(int pixels);
@@ -144,7 +144,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   std::vector<PaintedFragment> painted_;
   bool painted_valid_ = false;
   PaneColour painted_back_ = 0;
-  PaneStretch restyled_;
+  PaneRange restyled_;
   std::uint64_t paints_ = 0;
   std::uint64_t fragments_painted_ = 0;
 

@@ -43,7 +43,7 @@ class LineBreaks {
 
 // Calls `each` with every run and its text, the breaks being LF.
 template <class Each>
-void ForEachRun(const RichTextBox& box, PaneStretch stretch, Each each) {
+void ForEachRun(const RichTextBox& box, PaneRange stretch, Each each) {
   LineBreaks breaks;
   PaneFormat format;
   for (PanePosition start = stretch.start; start < stretch.end; start += kStep) {
@@ -72,14 +72,14 @@ QString StyleOf(const PaneFormat& format) {
 
 }  // namespace
 
-QString CopiedText(const RichTextBox& box, PaneStretch stretch) {
+QString CopiedText(const RichTextBox& box, PaneRange stretch) {
   QString text;
   ForEachRun(box, stretch,
              [&](const PaneFormat&, const std::string& piece) { text += ToQString(piece); });
   return text;
 }
 
-QString CopiedHtml(const RichTextBox& box, PaneStretch stretch) {
+QString CopiedHtml(const RichTextBox& box, PaneRange stretch) {
   QString html = QStringLiteral(
                      "<html><head><meta charset=\"utf-8\"></head><body>"
                      "<div style=\"background-color:%1; white-space:pre-wrap;\">")
@@ -93,7 +93,7 @@ QString CopiedHtml(const RichTextBox& box, PaneStretch stretch) {
   return html + QLatin1String("</div></body></html>");
 }
 
-std::unique_ptr<QMimeData> Copied(const RichTextBox& box, PaneStretch stretch) {
+std::unique_ptr<QMimeData> Copied(const RichTextBox& box, PaneRange stretch) {
   auto data = std::make_unique<QMimeData>();
   data->setText(CopiedText(box, stretch));
   if (stretch.end - stretch.start <= kMostHtml) data->setHtml(CopiedHtml(box, stretch));

@@ -56,7 +56,7 @@ QFont ToQFont(const PaneFormat& format) {
   return font;
 }
 
-const QTextCharFormat& PaneFormats::For(const PaneFormat& format) {
+const QTextCharFormat& ToolkitFormats::For(const PaneFormat& format) {
   const Key key(format.font_name, format.font_size, format.colour, format.bold, format.italic,
                 format.underline);
   if (const auto found = formats_.find(key); found != formats_.end()) return found->second;

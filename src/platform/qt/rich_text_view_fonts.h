@@ -19,7 +19,7 @@ QColor ToQColor(PaneColour colour);
 QFont ToQFont(const PaneFormat& format);
 
 // The formats in use, as the toolkit's. The number kept is bounded.
-class PaneFormats {
+class ToolkitFormats {
  public:
   // Font and text colour; back colour and alignment are not in it.
   const QTextCharFormat& For(const PaneFormat& format);

@@ -226,7 +226,7 @@ void PaintSelected(QPainter& painter, const FragmentLayout& layout, int number, 
 }
 
 void PaintPictures(QPainter& painter, const FragmentLayout& layout, int number, QPointF at,
-                   SelectedStretch selected, const QPalette& palette, PanePictures& pictures) {
+                   SelectedStretch selected, const QPalette& palette, ToolkitPictures& pictures) {
   const auto& row = layout.rows[static_cast<std::size_t>(number)];
   const QTextLine line = LineOf(layout, number);
   const qreal base = at.y() + line.y() + line.ascent();
@@ -252,7 +252,7 @@ void PaintPictures(QPainter& painter, const FragmentLayout& layout, int number, 
 }  // namespace
 
 void Paint(QPainter& painter, const FragmentLayout& layout, QPointF at, const QRectF& clip,
-           SelectedStretch selected, const QPalette& palette, PanePictures& pictures) {
+           SelectedStretch selected, const QPalette& palette, ToolkitPictures& pictures) {
   if (layout.text.lineCount() == 0) return;
   const int first = RowAt(layout, static_cast<int>(clip.top() - at.y()));
   const int last = RowAt(layout, static_cast<int>(clip.bottom() - at.y()));

@@ -52,8 +52,8 @@ struct FragmentLayout {
 
 // What a layout is made with.
 struct LayoutTools {
-  PaneFormats formats;
-  PanePictures pictures;
+  ToolkitFormats formats;
+  ToolkitPictures pictures;
   std::uint64_t laid_out = 0;  // layouts made so far
 };
 
@@ -84,6 +84,6 @@ struct SelectedStretch {
 // Paints with the top left corner at `at`, only the rows that touch `clip`. `ground` is the width
 // of the view: a bar of nothing but coloured blanks is as wide.
 void Paint(QPainter& painter, const FragmentLayout& layout, QPointF at, const QRectF& clip,
-           SelectedStretch selected, const QPalette& palette, PanePictures& pictures);
+           SelectedStretch selected, const QPalette& palette, ToolkitPictures& pictures);
 
 }  // namespace parlorwire

@@ -106,7 +106,7 @@ void RichTextView::timerEvent(QTimerEvent* event) {
 }
 
 void RichTextView::BeginDrag(PanePosition position, PaneGrain grain) {
-  const PaneStretch around = StretchAround(box_, position, grain);
+  const PaneRange around = StretchAround(box_, position, grain);
   drag_.active = true;
   drag_.grain = grain;
   drag_.origin = {around.start, around.end};
@@ -114,8 +114,8 @@ void RichTextView::BeginDrag(PanePosition position, PaneGrain grain) {
 }
 
 void RichTextView::DragTo(PanePosition position) {
-  const PaneStretch around = StretchAround(box_, position, drag_.grain);
-  const PaneStretch origin = drag_.origin.stretch();
+  const PaneRange around = StretchAround(box_, position, drag_.grain);
+  const PaneRange origin = drag_.origin.stretch();
   if (position < origin.start)
     ShowSelection({origin.end, around.start});
   else
@@ -134,10 +134,10 @@ void RichTextView::EndDrag() {
 // ---- the selection ----
 
 void RichTextView::ShowSelection(PaneSelection selection) {
-  const PaneStretch before = Selected();
+  const PaneRange before = Selected();
   selection_ = selection;
   goal_x_ = -1;
-  const PaneStretch now = Selected();
+  const PaneRange now = Selected();
   if (before.empty() || now.empty() || now.start >= before.end || before.start >= now.end) {
     Restyle(before);
     Restyle(now);

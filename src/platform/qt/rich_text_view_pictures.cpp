@@ -50,7 +50,7 @@ QImage ReadAt(const PanePicture& picture, QSize wanted) {
 
 }  // namespace
 
-PanePictures::Entry& PanePictures::EntryOf(const std::shared_ptr<const PanePicture>& picture) {
+ToolkitPictures::Entry& ToolkitPictures::EntryOf(const std::shared_ptr<const PanePicture>& picture) {
   if (const auto found = entries_.find(picture.get()); found != entries_.end())
     return found->second;
   if (entries_.size() >= kPicturesKept) entries_.clear();
@@ -61,11 +61,11 @@ PanePictures::Entry& PanePictures::EntryOf(const std::shared_ptr<const PanePictu
   return entries_.emplace(picture.get(), Entry{picture, Bounded(size), {}}).first->second;
 }
 
-QSize PanePictures::SizeOf(const std::shared_ptr<const PanePicture>& picture) {
+QSize ToolkitPictures::SizeOf(const std::shared_ptr<const PanePicture>& picture) {
   return EntryOf(picture).size;
 }
 
-QPixmap PanePictures::PixmapOf(const std::shared_ptr<const PanePicture>& picture, double ratio) {
+QPixmap ToolkitPictures::PixmapOf(const std::shared_ptr<const PanePicture>& picture, double ratio) {
   Entry& entry = EntryOf(picture);
   const auto found = entry.scaled.find(ratio);
   if (found != entry.scaled.end()) return found->second;

@@ -12,7 +12,7 @@
 namespace parlorwire {
 
 // Keeps a bounded number of decoded pictures.
-class PanePictures {
+class ToolkitPictures {
  public:
   // In device-independent pixels. An image that cannot be read has the size of its placeholder.
   QSize SizeOf(const std::shared_ptr<const PanePicture>& picture);

@@ -16,7 +16,7 @@ Sign SignOf(char byte) {
   return byte == '_' || QChar(ToUnicode(byte)).isLetterOrNumber() ? Sign::kWord : Sign::kOther;
 }
 
-PaneStretch WordAround(const RichTextBox& box, PanePosition position) {
+PaneRange WordAround(const RichTextBox& box, PanePosition position) {
   const RichTextBox::Line line = box.LineByIndex(box.LineAt(position));
   if (line.length == 0) return {line.start, line.start};
   const std::string text = box.TextBetween(line.start, line.start + line.length);
@@ -44,7 +44,7 @@ PanePosition Moved(PanePosition position, const PaneView::TextChange& change, bo
 
 }  // namespace
 
-PaneStretch PaneSelection::stretch() const {
+PaneRange PaneSelection::stretch() const {
   return {std::min(anchor, caret), std::max(anchor, caret)};
 }
 
@@ -55,7 +55,7 @@ void PaneSelection::TextChanged(const PaneView::TextChange& change) {
   caret = Moved(caret, change, empty || forwards);
 }
 
-PaneStretch StretchAround(const RichTextBox& box, PanePosition position, PaneGrain grain) {
+PaneRange StretchAround(const RichTextBox& box, PanePosition position, PaneGrain grain) {
   if (grain == PaneGrain::kCharacter) return {position, position};
   if (grain == PaneGrain::kWord) return WordAround(box, position);
   const RichTextBox::Line line = box.LineByIndex(box.LineAt(position));
@@ -79,7 +79,7 @@ PanePosition WordBefore(const RichTextBox& box, PanePosition position) {
   const PanePosition before = CharacterBefore(box, position);
   const RichTextBox::Line line = box.LineByIndex(box.LineAt(before));
   if (before == line.start + line.length) return before;
-  PaneStretch word = WordAround(box, before);
+  PaneRange word = WordAround(box, before);
   const bool blank = SignOf(box.TextBetween(word.start, word.start + 1).front()) == Sign::kBlank;
   if (blank && word.start > line.start) word = WordAround(box, word.start - 1);
   return word.start;
@@ -89,7 +89,7 @@ PanePosition WordAfter(const RichTextBox& box, PanePosition position) {
   const RichTextBox::Line line = box.LineByIndex(box.LineAt(position));
   const PanePosition line_end = line.start + line.length;
   if (position >= line_end) return line.next;
-  PaneStretch word = WordAround(box, position);
+  PaneRange word = WordAround(box, position);
   if (word.end < line_end &&
       SignOf(box.TextBetween(word.end, word.end + 1).front()) == Sign::kBlank)
     word = WordAround(box, word.end);

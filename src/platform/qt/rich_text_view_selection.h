@@ -6,12 +6,12 @@
 
 namespace parlorwire {
 
-struct PaneStretch {
+struct PaneRange {
   PanePosition start = 0;
   PanePosition end = 0;
 
   bool empty() const { return start >= end; }
-  bool operator==(const PaneStretch&) const = default;
+  bool operator==(const PaneRange&) const = default;
 };
 
 // It begins at `anchor` and follows the caret.
@@ -19,7 +19,7 @@ struct PaneSelection {
   PanePosition anchor = 0;
   PanePosition caret = 0;
 
-  PaneStretch stretch() const;
+  PaneRange stretch() const;
   // Stays on its characters while text comes and goes elsewhere.
   void TextChanged(const PaneView::TextChange& change);
 };
@@ -28,7 +28,7 @@ enum class PaneGrain { kCharacter, kWord, kLine };
 
 // What of that size lies around the position. A word is of letters, digits and "_", or of blanks,
 // or of other signs; a line includes its break.
-PaneStretch StretchAround(const RichTextBox& box, PanePosition position, PaneGrain grain);
+PaneRange StretchAround(const RichTextBox& box, PanePosition position, PaneGrain grain);
 
 // The next place of a caret to either side; a line break is one step.
 PanePosition CharacterBefore(const RichTextBox& box, PanePosition position);
