@@ -1,6 +1,6 @@
 // The upward traffic of the program, on one page: what a lower room asks of a higher one. Each hook
-// bears the name of the procedure that fills it. Assemble() in shell/assembly.cpp fills all of them;
-// until then a hook does nothing.
+// bears the name of the procedure that fills it. Assemble() in shell/assembly.cpp fills all of
+// them; until then a hook does nothing.
 #pragma once
 
 #include <functional>
