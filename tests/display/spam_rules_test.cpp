@@ -21,8 +21,7 @@ TEST_P(SpamRulesTest, Fires) {
 
 INSTANTIATE_TEST_SUITE_P(
     Rules, SpamRulesTest,
-    testing::Values(Case{"PlainTalk", "hello", 0},
-                    Case{"Nothing", "", 0},
+    testing::Values(Case{"PlainTalk", "hello", 0}, Case{"Nothing", "", 0},
                     Case{"HostWithItsScheme", "go http://spam.example/x", 1},
                     Case{"HostWithSchemeAndWww", "http://www.spam.example", 1},
                     Case{"HostInOtherCase", "HTTP://WWW.SPAM.EXAMPLE", 1},

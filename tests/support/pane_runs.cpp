@@ -17,16 +17,19 @@ std::string Hex(PaneColour colour) {
 std::string Spelled(std::string_view text) {
   std::string spelled;
   for (const char c : text) {
-    if (c == '\r') spelled += "\\r";
-    else if (c == '\n') spelled += "\\n";
-    else spelled += c;
+    if (c == '\r')
+      spelled += "\\r";
+    else if (c == '\n')
+      spelled += "\\n";
+    else
+      spelled += c;
   }
   return spelled;
 }
 
 std::string Look(const PaneFormat& format) {
-  std::string look = format.font_name + " " + std::to_string(format.font_size) + " " +
-                     Hex(format.colour);
+  std::string look =
+      format.font_name + " " + std::to_string(format.font_size) + " " + Hex(format.colour);
   if (format.bold) look += " b";
   if (format.italic) look += " i";
   if (format.underline) look += " u";
