@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "platform/rich_text_box.h"
+#include "session/nick_colours.h"
 #include "text/text.h"
 
 namespace parlorwire {
@@ -91,6 +92,8 @@ struct AppState {
   FontStatus rFontStatus;
   RichColors rRichColors;
   PaneColour MainBackColor = Rgb(233, 235, 231);
+
+  NickColours CmIniText;  // the text of CM.ini: the colours of nicks
 
   // Saved logins, by the number in their keys. The list of nicks that the dialog shows skips empty
   // nicks, so its positions and these numbers may part.
