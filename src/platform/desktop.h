@@ -28,8 +28,8 @@ class Desktop {
   virtual bool IsActiveWindow() const = 0;
 
   // Enables or disables what a tab without a connection can't use: `msg` (locked), `intonacia`,
-  // `button_clear`, `button_say`, `pers`, `button_update` of the tab, and the shared labels `logoff`,
-  // `logout`, `close_tab`, `hist_topic`, `letogr`, `sp_bans`, `sp_opers`.
+  // `button_clear`, `button_say`, `pers`, `button_update` of the tab, and the shared labels
+  // `logoff`, `logout`, `close_tab`, `hist_topic`, `letogr`, `sp_bans`, `sp_opers`.
   virtual void SetTabControlsEnabled(int tab, bool enabled) = 0;
   virtual void SetCloseTabEnabled(bool enabled) = 0;
 
@@ -43,7 +43,7 @@ class Desktop {
   virtual void SelectIntonacia(int tab, int index) = 0;    // 0-based
   virtual Text UsersNumCaption(int tab) const = 0;
   virtual void SetUsersNumCaption(int tab, const Text& caption) = 0;
-  virtual void SetPersRed(int tab, bool red) = 0;          // else its normal colour
+  virtual void SetPersRed(int tab, bool red) = 0;  // else its normal colour
 
   // The check box `SayUseOp`, one for all tabs.
   virtual bool SayUseOpChecked() const = 0;

@@ -75,7 +75,8 @@ struct AppState {
   // both questions occur.
   UiLanguage Language = UiLanguage::kRussian;
 
-  // The endpoint of the chat service, used for every connect without a proxy and in every Host line.
+  // The endpoint of the chat service, used for every connect without a proxy and in every Host
+  // line.
   Text ChatHost;
   Text ChatPort = "80";
   Text ChatHostByName = "localhost";
@@ -103,11 +104,11 @@ struct AppState {
   std::int16_t LoginCount = 0;
   std::int16_t LastLoginIndex = 0;
 
-  bool AutoKick = false;        // the menu item akick_enabled is checked
-  bool SayIPAndFlags = false;   // the menu item say_ip_and_flags is checked
-  Text DisableKickChannels;     // channels separated by blanks
-  Text AutoKickText;            // the whole of AutoKick.lst
-  Text IpLogText;               // the whole of IPlog.log
+  bool AutoKick = false;       // the menu item akick_enabled is checked
+  bool SayIPAndFlags = false;  // the menu item say_ip_and_flags is checked
+  Text DisableKickChannels;    // channels separated by blanks
+  Text AutoKickText;           // the whole of AutoKick.lst
+  Text IpLogText;              // the whole of IPlog.log
 
   // Spam rules: a line fires on SpamHost with its scheme, and on SpamDomain without the one
   // subdomain that is allowed.

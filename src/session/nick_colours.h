@@ -47,14 +47,17 @@ class NickColours {
   void Set(std::string_view nick, PaneColour colour);
 
  private:
-  // What stands between two blanks; empty where two blanks meet.
+  // What stands between two blanks; blank itself where two blanks meet.
   struct Piece {
     Text nick;  // what is ahead of the first "=", or the whole piece
     bool has_value = false;
     Text value;                        // behind the first "="
-    std::optional<PaneColour> colour;  // of the value, if `value` is its plain decimal form
+    std::optional<PaneColour> colour;  // if known; `value` is then its plain decimal form
+
+    bool IsBlank() const { return nick.empty() && !has_value; }
   };
   using Pieces = std::list<Piece>;
+  using Entries = std::vector<Pieces::iterator>;  // of one nick, in the order of the text
   struct HashNoCase {
     using is_transparent = void;
     std::size_t operator()(std::string_view nick) const;
@@ -64,13 +67,11 @@ class NickColours {
     bool operator()(std::string_view a, std::string_view b) const { return EqualsNoCase(a, b); }
   };
 
-  std::vector<Pieces::iterator>* EntriesOf(std::string_view nick);
-  void TakeOut(std::vector<Pieces::iterator>& entries);
-  void DropBlankEnds(bool front);
+  void MoveToFront(Entries& entries, std::string_view nick, PaneColour colour);
+  void DropEqualsOfFirst(Entries& entries);
 
   Pieces pieces_;
-  // The pieces with a value, by nick, each list in the order of the text.
-  std::unordered_map<Text, std::vector<Pieces::iterator>, HashNoCase, EqualNoCase> entries_;
+  std::unordered_map<Text, Entries, HashNoCase, EqualNoCase> entries_;  // never an empty list
 };
 
 }  // namespace parlorwire

@@ -21,7 +21,7 @@ struct WindowMeasures {
   double Screen_Width = 0;
   double Screen_Height = 0;
   double line_razdel_Left = 0;  // as designed, the same in every tab
-  double SSTab_Width = 0;
+  double SSTab_Width = 1;       // above 0
 };
 
 // The load step: reads config.ini, CM.ini, IPlog.log and AutoKick.lst, and leaves all ten slots

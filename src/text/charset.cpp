@@ -20,8 +20,8 @@ constexpr std::array<std::uint8_t, 128> kKoiTable = {
     0xC1, 0xC2, 0xD7, 0xC7, 0xC4, 0xC5, 0xD6, 0xDA, 0xC9, 0xCA, 0xCB, 0xCC, 0xCD, 0xCE, 0xCF, 0xD0,
     0xD2, 0xD3, 0xD4, 0xD5, 0xC6, 0xC8, 0xC3, 0xDE, 0xDB, 0xDD, 0xDF, 0xD9, 0xD8, 0xDC, 0xC0, 0xD1};
 
-// What stands beside each entry of the table: the byte of memory itself, but for the no-break space,
-// in whose place is a plain blank.
+// What stands beside each entry of the table: the byte of memory itself, but for the no-break
+// space, in whose place is a plain blank.
 constexpr std::uint8_t BaseEntry(unsigned index) {
   return index == 0x20 ? ' ' : static_cast<std::uint8_t>(0x80 + index);
 }

@@ -76,16 +76,16 @@ class SimulatedSocket : public Winsock {
   SocketState State() const override { return state_; }
 
   // ---- the peer; each call is one event ----
-  void Accept();                      // the connection stands
+  void Accept();                         // the connection stands
   void Deliver(std::string_view bytes);  // one chunk; nothing if the socket isn't connected
-  void PeerCloses();                  // nothing if the socket isn't connected
-  void Fail(int number);              // with the classic description; nothing on a closed socket
+  void PeerCloses();                     // nothing if the socket isn't connected
+  void Fail(int number);                 // with the classic description; nothing on a closed socket
 
   // ---- what happened ----
-  Text host, port;       // of the last Connect
-  int connects = 0;      // calls of Connect
-  Text sent;             // since the last Connect
-  int sends = 0;         // calls of SendData since the last Connect
+  Text host, port;   // of the last Connect
+  int connects = 0;  // calls of Connect
+  Text sent;         // since the last Connect
+  int sends = 0;     // calls of SendData since the last Connect
 
  private:
   SocketState state_ = SocketState::kClosed;
