@@ -3,7 +3,7 @@
 namespace parlorwire {
 namespace {
 
-constexpr int kEdge = 120;        // ahead of SSTab and behind it
+constexpr int kEdge = 120;  // ahead of SSTab and behind it
 constexpr int kSSTabTop = 600;
 constexpr int kInputRows = 1155;  // under SSTab
 constexpr int kPaneMargin = 45;   // between the page's edge and the panes

@@ -6,6 +6,9 @@ namespace parlorwire {
 
 inline constexpr int kTwipsPerPixel = 15;
 
+// The splitter's place in a window that nobody has changed.
+inline constexpr double kDesignedSplitPercent = 75;
+
 struct Place {
   int left = 0;
   int top = 0;
@@ -19,7 +22,7 @@ struct Place {
 
 // What the rules start from.
 struct ClientMainMeasures {
-  int width = 0;   // of the client area, without menu and panels
+  int width = 0;  // of the client area, without menu and panels
   int height = 0;
   int strip_height = 0;      // of the row of tab captions
   double split_percent = 0;  // TabSplitPercent of the slot

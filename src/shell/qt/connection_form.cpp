@@ -124,7 +124,8 @@ void connection_form::Build() {
 
   const QList<QWidget*> order = {login_,     pass_,          room_,           channel_pwd_input_,
                                  save_pass_, connect_param_, button_connect_, button_getAccount_};
-  for (qsizetype i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+  for (qsizetype i = 1; i < order.size(); ++i)
+    setTabOrder(order[i - 1], order[i]);
 
   connect(login_, &QComboBox::activated, this, [this](int index) {
     OnEvent(client_, "login_Click", [&] {
@@ -143,9 +144,8 @@ void connection_form::Build() {
   pass_->Enter = [this] { room_->setFocus(); };
   room_->Enter = [this] { Connect(); };
   connect(button_connect_, &QAbstractButton::clicked, this, [this] { Connect(); });
-  connect(button_getAccount_, &QAbstractButton::clicked, this, [this] {
-    OnEvent(client_, "button_getAccount", [&] { button_getAccount(client_); });
-  });
+  connect(button_getAccount_, &QAbstractButton::clicked, this,
+          [this] { OnEvent(client_, "button_getAccount", [&] { button_getAccount(client_); }); });
   connect_param_->SetAction([this] { ShowProxyForm(); });
 }
 
@@ -159,7 +159,8 @@ void connection_form::SetTexts() {
       SayControl(button, text);
     }
   };
-  for (const ControlText& entry : kLoginDialogTexts) set(entry);
+  for (const ControlText& entry : kLoginDialogTexts)
+    set(entry);
   const bool russian = client_.Russian();
   setWindowTitle(russian ? ToQString("Вход в чат"_w) : QStringLiteral("Log in"));
   button_connect_->setText(russian ? ToQString("Подключиться"_w) : QStringLiteral("Connect"));
@@ -198,7 +199,8 @@ void connection_form::ShowControls() {
     same = login_->itemText(i) == ToQString(dialog_.logins[static_cast<std::size_t>(i)]);
   if (!same) {
     login_->clear();
-    for (const Text& login : dialog_.logins) login_->addItem(ToQString(login));
+    for (const Text& login : dialog_.logins)
+      login_->addItem(ToQString(login));
   }
   const QString text = ToQString(dialog_.login);
   if (login_->currentIndex() != dialog_.selected) login_->setCurrentIndex(dialog_.selected);

@@ -3,9 +3,9 @@
 #include <QEnterEvent>
 #include <QKeyEvent>
 #include <QLinearGradient>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QPaintEvent>
 
 #include "shell/qt/control_names.h"
 
@@ -96,7 +96,8 @@ void Paint(QPainter& painter, Picture picture, bool busy, const QColor& colour,
       painter.drawPath(Connect());
       painter.setBrush(ground);
       if (busy) {
-        for (const qreal x : {4.6, 8.0, 11.4}) painter.drawEllipse(QPointF(x, 6.75), 1.2, 1.2);
+        for (const qreal x : {4.6, 8.0, 11.4})
+          painter.drawEllipse(QPointF(x, 6.75), 1.2, 1.2);
       } else {
         painter.drawRect(QRectF(4, 4.7, 8, 1.3));
         painter.drawRect(QRectF(4, 7.5, 5.5, 1.3));

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/qt/text_conversion.h"
+#include "session/fault_trap.h"
 #include "shell/client_main_layout.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/graphic_button.h"
@@ -23,10 +24,10 @@
 namespace parlorwire {
 namespace {
 
-constexpr int kUpperRow = 70;   // twips
+constexpr int kUpperRow = 70;  // twips
 constexpr int kLowerRow = 300;
-constexpr int kLinkGap = 10;    // pixels between two links
-constexpr int kRowGap = 18;     // pixels between the controls of the row under the tab
+constexpr int kLinkGap = 10;  // pixels between two links
+constexpr int kRowGap = 18;   // pixels between the controls of the row under the tab
 constexpr int kRowHeight = 19;
 constexpr int kStripHeight = 26;
 
@@ -113,9 +114,11 @@ void OrderMainControls(const MainControls& c) {
   for (const TabControls& t : c.tabs)
     next({t.Rich, t.line_razdel, t.button_update, t.Rich_Users, t.Rich_Server, t.StopScroll});
   next({c.SayUseOp});
-  for (const TabControls& t : c.tabs) next({t.pers});
+  for (const TabControls& t : c.tabs)
+    next({t.pers});
   next({c.perecodirovka_label});
-  for (const TabControls& t : c.tabs) next({t.intonacia, t.msg, t.button_say, t.button_clear});
+  for (const TabControls& t : c.tabs)
+    next({t.intonacia, t.msg, t.button_say, t.button_clear});
 }
 
 void ShowSlot(const MainControls& c, int slot) {
@@ -134,7 +137,8 @@ void SetMainLanguage(const MainControls& c, bool russian) {
   const auto choose = [russian](const Text& in_russian, const char* in_english) {
     return russian ? ToQString(in_russian) : QString::fromLatin1(in_english);
   };
-  for (const TabControls& tab : c.tabs) SetTabLanguage(tab, russian);
+  for (const TabControls& tab : c.tabs)
+    SetTabLanguage(tab, russian);
   c.button_connect_main->setText(choose("Войти в чат"_w, "Log in"));
   SayControl(c.button_connect_main, c.button_connect_main->text());
   SayControl(c.SSTab, choose("Табы"_w, "Tabs"));
@@ -150,7 +154,8 @@ void SetMainLanguage(const MainControls& c, bool russian) {
 void ShowPanels(const MainControls& c, const Client& client) {
   c.panels[0]->setText(ToQString(client.app.ChatHost + ":" + client.app.ChatPort));
   int visible = 0;
-  for (int slot = 0; slot < kTabCount; ++slot) visible += c.SSTab->TabVisible(slot) ? 1 : 0;
+  for (int slot = 0; slot < kTabCount; ++slot)
+    visible += c.SSTab->TabVisible(slot) ? 1 : 0;
   const Text label = client.Russian() ? "Табы: "_w : Text("Tabs: ");
   c.panels[1]->setText(
       ToQString(label + std::to_string(visible) + "/" + std::to_string(kTabCount)));
@@ -188,8 +193,8 @@ void PlaceTop(const MainControls& c, int width) {
   std::size_t bracket = 0;
   const int right = width - Pixels(120);
   PlaceLinks(c, {c.logout, c.logoff, c.close_tab}, Pixels(kUpperRow), right, bracket);
-  PlaceLinks(c, {c.sp_opers, c.sp_bans, c.hist_topic, c.letogr, c.search_label},
-             Pixels(kLowerRow), right, bracket);
+  PlaceLinks(c, {c.sp_opers, c.sp_bans, c.hist_topic, c.letogr, c.search_label}, Pixels(kLowerRow),
+             right, bracket);
 }
 
 // The row of a slot under the tab; the controls that the slots share stand where the active slot
@@ -198,13 +203,14 @@ void PlaceRow(const MainControls& c, int slot, int top, bool with_shared) {
   int left = Pixels(120);
   const auto put = [&left, top](QWidget* control) {
     const QSize size = control->sizeHint();
-    control->setGeometry(left, top + (kRowHeight - size.height()) / 2, size.width(),
-                         size.height());
+    control->setGeometry(left, top + (kRowHeight - size.height()) / 2, size.width(), size.height());
     left += size.width() + kRowGap;
   };
   put(c.tab(slot).StopScroll);
-  if (with_shared) put(c.SayUseOp);
-  else left += c.SayUseOp->sizeHint().width() + kRowGap;
+  if (with_shared)
+    put(c.SayUseOp);
+  else
+    left += c.SayUseOp->sizeHint().width() + kRowGap;
   put(c.tab(slot).pers);
   if (with_shared) put(c.perecodirovka_label);
 }
@@ -219,10 +225,11 @@ void PlaceMainControls(const MainControls& c, Client& client) {
   measures.strip_height = Twips(kStripHeight);
   for (int slot = 0; slot < kTabCount; ++slot) {
     TabSession& tab = client.tab(slot);
-    measures.split_percent = DecimalOr(tab.TabSplitPercent, 75);
+    measures.split_percent = kDesignedSplitPercent;
+    PassOverFault([&] { measures.split_percent = ToDouble(tab.TabSplitPercent); });
     const ClientMainPlaces at = LayOutClientMain(measures);
     if (at.split_percent != measures.split_percent)
-      tab.TabSplitPercent = DecimalText(at.split_percent);
+      tab.TabSplitPercent = NumberText(at.split_percent);
     PlaceTabControls(c.tab(slot), at);
     tab.Rich.Width(at.Rich.width);
     PlaceRow(c, slot, Pixels(at.first_row_top), slot == c.SSTab->Tab());

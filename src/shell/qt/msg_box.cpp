@@ -2,11 +2,32 @@
 
 #include <QKeyEvent>
 
+#include "platform/qt/text_conversion.h"
+#include "users/input_history.h"
+
 namespace parlorwire {
 namespace {
 
-bool IsControlKey(const QKeyEvent& event, int key) {
-  return event.modifiers() == Qt::ControlModifier && event.key() == key;
+// The classic numbers of the keys that the box cares for.
+MsgKey Meaning(const QKeyEvent& event) {
+  const bool control = event.modifiers() == Qt::ControlModifier;
+  switch (event.key()) {
+    case Qt::Key_Up:
+      return msg_KeyDown(38, 0);
+    case Qt::Key_Down:
+      return msg_KeyDown(40, 0);
+    case Qt::Key_Backspace:
+      return msg_KeyDown(8, control ? 2 : 0);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return msg_KeyPress(13);
+    case Qt::Key_A:
+      return control ? msg_KeyPress(1) : MsgKey::kOther;
+    case Qt::Key_T:
+      return control ? msg_KeyPress(20) : MsgKey::kOther;
+    default:
+      return MsgKey::kOther;
+  }
 }
 
 }  // namespace
@@ -24,11 +45,11 @@ MsgBox::MsgBox(QWidget* parent) : QLineEdit(parent) {
 }
 
 bool MsgBox::event(QEvent* event) {
-  // The keys of the box come before those of the window.
+  // The box's own keys come before those of the window.
   if (event->type() == QEvent::ShortcutOverride) {
-    auto* key = static_cast<QKeyEvent*>(event);
-    if (IsControlKey(*key, Qt::Key_A) || IsControlKey(*key, Qt::Key_Backspace)) {
-      key->accept();
+    const MsgKey meaning = Meaning(*static_cast<QKeyEvent*>(event));
+    if (meaning == MsgKey::kSelectAll || meaning == MsgKey::kDeleteWord) {
+      event->accept();
       return true;
     }
   }
@@ -36,26 +57,35 @@ bool MsgBox::event(QEvent* event) {
 }
 
 void MsgBox::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    if (!isReadOnly() && Enter) Enter();
-  } else if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
-    if (Step) Step(event->key() == Qt::Key_Up);
-  } else if (IsControlKey(*event, Qt::Key_Backspace)) {
-    if (!isReadOnly()) DeleteLastWord();
-  } else if (IsControlKey(*event, Qt::Key_A)) {
-    selectAll();
-  } else if (IsControlKey(*event, Qt::Key_T)) {
-    event->ignore();
-  } else {
-    QLineEdit::keyPressEvent(event);
+  switch (Meaning(*event)) {
+    case MsgKey::kSend:
+      if (!isReadOnly() && Send) Send();
+      break;
+    case MsgKey::kUp:
+      if (Browse) Browse(true);
+      break;
+    case MsgKey::kDown:
+      if (Browse) Browse(false);
+      break;
+    case MsgKey::kDeleteWord:
+      if (!isReadOnly()) DeleteWord();
+      break;
+    case MsgKey::kSelectAll:
+      selectAll();
+      break;
+    case MsgKey::kSwallow:
+      break;
+    case MsgKey::kOther:
+      QLineEdit::keyPressEvent(event);
+      break;
   }
 }
 
-// From the last blank ahead of the caret, which stays, up to the caret.
-void MsgBox::DeleteLastWord() {
+void MsgBox::DeleteWord() {
   const int caret = hasSelectedText() ? selectionStart() : cursorPosition();
-  const auto blank = static_cast<int>(text().left(caret).lastIndexOf(QLatin1Char(' ')));
-  setSelection(blank + 1, caret - blank - 1);
+  const Text before = FromQString(text());
+  const BoxText after = DeleteWordAhead({before, static_cast<std::size_t>(caret)});
+  setSelection(static_cast<int>(after.caret), static_cast<int>(before.size() - after.text.size()));
   if (hasSelectedText()) insert(QString());
 }
 

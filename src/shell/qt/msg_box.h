@@ -6,22 +6,22 @@
 
 namespace parlorwire {
 
-// One line. Its keys are told to whoever owns the behaviour; each returns whether it took the key.
+// One line. What its keys mean is decided elsewhere.
 class MsgBox : public QLineEdit {
   Q_OBJECT
 
  public:
   explicit MsgBox(QWidget* parent);
 
-  std::function<void()> Enter;
-  std::function<void(bool up)> Step;  // Up or Down through the input history
+  std::function<void()> Send;           // Enter in a box that is not locked
+  std::function<void(bool up)> Browse;  // Up or Down through the input history
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
-  void DeleteLastWord();
+  void DeleteWord();
 };
 
 }  // namespace parlorwire

@@ -27,7 +27,7 @@ sett_conn::sett_conn(Client& client, QWidget* owner) : QDialog(owner), client_(c
   proxy_pass_->setText(ToQString(controls.proxy_pass));
   ShowState();
 
-  const auto bind = [this](TextField* field, Text ProxyControls::*value) {
+  const auto bind = [this](TextField* field, Text ProxyControls::* value) {
     connect(field, &QLineEdit::textChanged, this, [this, value](const QString& text) {
       ProxyDialog(client_).*value = FromQString(text);
     });
@@ -142,7 +142,8 @@ void sett_conn::SetTexts() {
   button_cancel_->setText(russian ? ToQString("Отмена"_w) : QStringLiteral("Cancel"));
   SayControl(this, windowTitle());
   SayControl(frame_, frame_->title());
-  for (auto* button : findChildren<QAbstractButton*>()) SayControl(button, button->text());
+  for (auto* button : findChildren<QAbstractButton*>())
+    SayControl(button, button->text());
   for (auto* label : findChildren<QLabel*>()) {
     SayControl(label, label->text());
     if (label->buddy() != nullptr) SayControl(label->buddy(), label->text());

@@ -62,6 +62,8 @@ QSize SSTab::tabSizeHint(int index) const {
   return size;
 }
 
-QSize SSTab::minimumTabSizeHint(int index) const { return tabSizeHint(index); }
+QSize SSTab::minimumTabSizeHint(int index) const {
+  return tabSizeHint(index);
+}
 
 }  // namespace parlorwire

@@ -6,8 +6,8 @@
 
 namespace parlorwire {
 
-// The tabs are slots 0..9 and exist from the start, invisible. `Tab` is the active slot, whether its
-// tab is visible or not.
+// The tabs are slots 0..9 and exist from the start, invisible. `Tab` is the active slot, whether
+// its tab is visible or not.
 class SSTab : public QTabBar {
   Q_OBJECT
 

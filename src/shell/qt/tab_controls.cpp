@@ -16,19 +16,19 @@
 #include "shell/qt/msg_box.h"
 #include "shell/qt/pane_widget.h"
 #include "shell/qt/twips.h"
+#include "shell/start_up.h"
+#include "users/posting.h"
 
 namespace parlorwire {
 namespace {
 
-constexpr int kUsersNumTop = 600;   // twips, in frame_button_update
+constexpr int kUsersNumTop = 600;  // twips, in frame_button_update
 constexpr int kUsersNumLeft = 100;
 
 QComboBox* NewIntonacia(QWidget* ground) {
   auto* box = new QComboBox(ground);
-  for (const Text& tone :
-       {"Обычным тоном"_w, "Внутренним голосом"_w, "Смеется"_w, "Задумчиво"_w, "Уныло"_w,
-        "Напевает"_w, "Ворчливо"_w})
-    box->addItem(ToQString(tone));
+  for (const Tone& tone : kTones)
+    box->addItem(ToQString(tone.label));
   box->setFont(LabelFont());
   return box;
 }
@@ -111,8 +111,9 @@ void SetTabLanguage(const TabControls& c, bool russian) {
   const auto choose = [russian](const Text& in_russian, const char* in_english) {
     return russian ? ToQString(in_russian) : QString::fromLatin1(in_english);
   };
-  c.StopScroll->setText(choose("Остановить прокрутку"_w, "Stop scrolling"));
-  c.pers->setText(choose("Перс"_w, "Personal messages"));
+  const UiLanguage language = russian ? UiLanguage::kRussian : UiLanguage::kEnglish;
+  c.StopScroll->setText(ToQString(kStopScrollText.In(language)));
+  c.pers->setText(ToQString(kPersText.In(language)));
   c.button_say->setText(choose("Сказать"_w, "Say"));
   c.button_clear->setText(choose("Стереть"_w, "Clear"));
   c.button_update->setText(choose("Обновить"_w, "Update"));

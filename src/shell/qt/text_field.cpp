@@ -12,7 +12,9 @@
 
 namespace parlorwire {
 
-TextField::TextField(QWidget* parent) : QLineEdit(parent) { setFont(LabelFont()); }
+TextField::TextField(QWidget* parent) : QLineEdit(parent) {
+  setFont(LabelFont());
+}
 
 void TextField::SetLocked(bool locked) {
   setReadOnly(locked);

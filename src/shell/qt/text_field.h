@@ -16,8 +16,8 @@ class TextField : public QLineEdit {
 
   void SetLocked(bool locked);
 
-  std::function<void()> Enter;            // null: Enter does nothing
-  std::function<bool(char)> TakesTyped;   // null: the field takes every character
+  std::function<void()> Enter;           // null: Enter does nothing
+  std::function<bool(char)> TakesTyped;  // null: the field takes every character
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

@@ -7,8 +7,12 @@
 
 namespace parlorwire {
 
-inline int Pixels(int twips) { return twips / kTwipsPerPixel; }
-inline int Twips(int pixels) { return pixels * kTwipsPerPixel; }
+inline int Pixels(int twips) {
+  return twips / kTwipsPerPixel;
+}
+inline int Twips(int pixels) {
+  return pixels * kTwipsPerPixel;
+}
 
 // Puts a control at its place. One whose size would be negative stays where it is.
 inline void PutAt(QWidget* control, const Place& place) {
