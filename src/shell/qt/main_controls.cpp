@@ -8,6 +8,7 @@
 #include <initializer_list>
 #include <string>
 
+#include "platform/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
 #include "session/fault_trap.h"
 #include "shell/client_main_layout.h"

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QRect>
 
+#include "platform/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
 #include "session/tab_session.h"
 #include "shell/client_main_layout.h"
@@ -90,8 +91,9 @@ TabControls NewTabControls(QWidget* ground, TabSession& tab, int slot) {
 
 void ShowTabControls(const TabControls& c, bool visible) {
   for (QWidget* control : std::initializer_list<QWidget*>{
-           c.Rich, c.line_razdel, c.Rich_Users, c.Rich_Server, c.frame_button_update, c.msg,
-           c.intonacia, c.button_clear, c.button_say, c.StopScroll, c.pers})
+           HolderOf(c.Rich), c.line_razdel, HolderOf(c.Rich_Users), HolderOf(c.Rich_Server),
+           c.frame_button_update, c.msg, c.intonacia, c.button_clear, c.button_say, c.StopScroll,
+           c.pers})
     control->setVisible(visible);
 }
 
@@ -116,6 +118,8 @@ void SetTabLanguage(const TabControls& c, bool russian) {
   c.pers->setText(ToQString(kPersText.In(language)));
   c.button_say->setText(choose("Сказать"_w, "Say"));
   c.button_clear->setText(choose("Стереть"_w, "Clear"));
+  for (RichTextView* view : {c.Rich, c.Rich_Users, c.Rich_Server})
+    view->SetRussian(russian);
   c.button_update->setText(choose("Обновить"_w, "Update"));
 
   SayControl(c.Rich, choose("Сообщения"_w, "Messages"));
@@ -134,11 +138,11 @@ void SetTabLanguage(const TabControls& c, bool russian) {
 }
 
 void PlaceTabControls(const TabControls& c, const ClientMainPlaces& at) {
-  PutAt(c.Rich, at.Rich);
-  PutAt(c.Rich_Server, at.Rich_Server);
+  PutAt(HolderOf(c.Rich), at.Rich);
+  PutAt(HolderOf(c.Rich_Server), at.Rich_Server);
   PutAt(c.line_razdel, at.line_razdel);
   PutAt(c.frame_button_update, at.frame_button_update);
-  PutAt(c.Rich_Users, at.Rich_Users);
+  PutAt(HolderOf(c.Rich_Users), at.Rich_Users);
   PutAt(c.intonacia, at.intonacia);
   PutAt(c.msg, at.msg);
   PutAt(c.button_say, at.button_say);

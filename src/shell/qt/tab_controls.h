@@ -1,9 +1,6 @@
 // The controls of one tab slot on the main window.
 #pragma once
 
-#include <QString>
-#include <functional>
-
 class QCheckBox;
 class QComboBox;
 class QFrame;
@@ -16,14 +13,15 @@ class GraphicButton;
 class LineRazdel;
 class LinkLabel;
 class MsgBox;
+class RichTextView;
 struct ClientMainPlaces;
 struct TabSession;
 
 // All are children of the window's ground and are deleted by it.
 struct TabControls {
-  QWidget* Rich = nullptr;
-  QWidget* Rich_Users = nullptr;
-  QWidget* Rich_Server = nullptr;
+  RichTextView* Rich = nullptr;
+  RichTextView* Rich_Users = nullptr;
+  RichTextView* Rich_Server = nullptr;
   LineRazdel* line_razdel = nullptr;
   QFrame* frame_button_update = nullptr;
   GraphicButton* button_update = nullptr;
