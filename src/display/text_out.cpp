@@ -25,7 +25,6 @@ struct Line {
   LineKind kind;
   std::string_view nick;
   PanePosition start = 0;    // where it begins; its id
-  bool own = false;          // the nick is the user's login
   bool MarkMention = false;  // ">": it names the user
   bool MarkOwn = false;      // "<": it is the user's own
   bool MarkAboutMe = false;  // "<>": it begins with the user or ends with him in brackets
@@ -80,8 +79,7 @@ void SetMarks(Line& line, std::string_view text) {
     line.MarkAboutMe = true;
   else
     line.MarkMention = Names(text, login);
-  line.own = line.Spoken() && IsOwn(line.nick, login);
-  line.MarkOwn = line.own;
+  line.MarkOwn = line.Spoken() && IsOwn(line.nick, login);
 }
 
 Text MarkedTime(const Line& line, std::string_view time) {
@@ -111,7 +109,7 @@ void TintMarks(const Line& line) {
 }
 
 PaneColour NickColour(const Line& line) {
-  if (line.own) return line.app().rFontMain.ColorMyNick;
+  if (line.MarkOwn) return line.app().rFontMain.ColorMyNick;
   return ListedRankColour(line.client, line.nick.substr(0, line.nick.size() - 1), line.tab);
 }
 
@@ -143,7 +141,7 @@ PaneFormat TextFormat(const Line& line) {
   const AppState& app = line.app();
   if (line.Spoken())
     return MainFormat(
-        app, line.own ? app.rRichColors.TextColor : LookupMessageColor(line.client, line.nick));
+        app, line.MarkOwn ? app.rRichColors.TextColor : LookupMessageColor(line.client, line.nick));
   PaneFormat format =
       PlainFormat(app.rFontSystem.Name, app.rFontSystem.Size, app.rFontSystem.TextColor);
   format.italic = app.rFontSystem.Italic;

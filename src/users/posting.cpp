@@ -25,7 +25,7 @@ std::string_view AnswerSentence(std::string_view answer) {
 }
 
 Text DecodeSentence(std::string_view sentence) {
-  Text text = DecodeKoi(sentence);
+  Text text = DecodeKoi(Text(sentence));
   text = Replace(text, "&lt;", "<");
   text = Replace(text, "&gt;", ">");
   text = Replace(text, "&amp;", "&");

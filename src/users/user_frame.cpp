@@ -38,7 +38,7 @@ Text WithoutHeader(Text answer) {
 }
 
 bool IsChannelListPage(std::string_view answer) {
-  const Text start = DecodeKoi(answer.substr(0, kChannelListMark.size()));
+  const Text start = DecodeKoi(Text(answer.substr(0, kChannelListMark.size())));
   return LCase(start) == kChannelListMark;
 }
 
