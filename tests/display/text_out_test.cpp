@@ -226,9 +226,9 @@ TEST_F(TextOutTest, ASystemLineThatNamesTheUserHasOneSymbolTinted) {
 
 TEST_F(TextOutTest, WithoutALoginEveryMessageIsMarkedAndNoneIsOwn) {
   session.Login.clear();
-  Out(":", "hello", kMessage);
+  Out("bob:", "hello", kMessage);
   Out("alice:", "", kEcho);
-  EXPECT_EQ(session.Rich.Text(), ">[1] :  hello\r\n>[1] ### alice: \r\n");
+  EXPECT_EQ(session.Rich.Text(), ">[1] bob: hello\r\n>[1] ### alice: \r\n");
 }
 
 TEST_F(TextOutTest, MarksStandAheadOfALineWithoutATime) {
