@@ -188,12 +188,11 @@ void Winsock1_Connect(Client& client, int tab) {
 void Winsock1_DataArrival(Client& client, int tab, std::size_t bytes_total) {
   if (bytes_total == 0) return;
   TabSession& session = client.tab(tab);
-  const Text data = session.Winsock1->GetData();
   if (!session.Authorized) {
-    session.LoginAnswer += data;
+    session.LoginAnswer += session.Winsock1->GetData();
     return;
   }
-  const Text decoded = DecodeKoi(data);
+  const Text decoded = DecodeKoi(session.Winsock1->GetData());
   session.Connecting = false;
   session.ChannelListPage += decoded;
   session.WatchdogTicks = 0;

@@ -4,7 +4,9 @@
 #pragma once
 
 #include <functional>
+#include <string_view>
 
+#include "platform/rich_text_box.h"
 #include "text/text.h"
 
 namespace parlorwire {
@@ -34,6 +36,12 @@ struct Hooks {
   Hook<void(const Text& line, int tab)> ParseChatLine;
   // display/chat_log: a piece goes to the day log of a channel
   Hook<void(const Text& piece, const Text& channel)> LogChatLine;
+  // display/links: links in a piece of a line that begins with a blank; `base` is one more than the
+  // pane position of its first character
+  Hook<void(std::string_view piece, PanePosition base, int tab, bool hover_only)> WriteLinks;
+  // display/smiles: smiles in a text become pictures; `base` is the pane position of its first
+  // character
+  Hook<void(std::string_view text, PanePosition base, int tab)> PastePicture;
 
   // users/user_frame: fetch the list of users anew
   Hook<void(int tab)> UpdateUsersFrame;
@@ -42,6 +50,10 @@ struct Hooks {
   Hook<void(const Text& text, int tab)> SayBot;
   // bot/reactions: a system line is about to be shown
   Hook<void(const Text& line, int tab)> ClientAction;
+  // bot/reactions: the list of users is new; a fault in it reaches the caller
+  Hook<void(int tab)> SayBotFunction;
+  // bot/join_highlight: a line of the list was drawn; the highlight that waits for it may start
+  Hook<void(int tab)> StartWaitingHighlight;
 
   // shell/tray: a balloon with "Parlorwire" and `title` as its title
   Hook<void(const Text& title, const Text& text, int info_flags)> ShowBalloon;

@@ -1,8 +1,11 @@
 #include "text/charset.h"
 
-#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <utility>
+
+#include "text/charset_wide.h"
 
 namespace parlorwire {
 namespace {
@@ -45,22 +48,28 @@ constexpr auto kKoiEntry = [](unsigned i) { return kKoiTable[i]; };
 constexpr Mapping kFromKoi = MakeMapping(kKoiEntry, BaseEntry);
 constexpr Mapping kToKoi = MakeMapping(BaseEntry, kKoiEntry);
 
-Text Map(std::string_view text, const Mapping& mapping) {
-  Text result(text.size(), '\0');
-  std::transform(text.begin(), text.end(), result.begin(),
-                 [&](char c) { return mapping[static_cast<std::uint8_t>(c)]; });
-  return result;
+void MapPlainly(char* bytes, std::size_t count, const Mapping& mapping) {
+  for (std::size_t i = 0; i < count; ++i)
+    bytes[i] = mapping[static_cast<std::uint8_t>(bytes[i])];
+}
+
+void Map(Text& text, const Mapping& mapping) {
+  std::size_t done = 0;
+#ifdef PARLORWIRE_AVX2
+  if (__builtin_cpu_supports("avx2")) done = MapWide(text.data(), text.size(), mapping.data());
+#endif
+  MapPlainly(text.data() + done, text.size() - done, mapping);
 }
 
 }  // namespace
 
-Text ConvertCharset(std::string_view text, Charset from, Charset to) {
-  if (from == to) return Text(text);
-  return Map(text, from == Charset::kKoi ? kFromKoi : kToKoi);
+Text ConvertCharset(Text text, Charset from, Charset to) {
+  if (from != to) Map(text, from == Charset::kKoi ? kFromKoi : kToKoi);
+  return text;
 }
 
-Text DecodeKoi(std::string_view text) {
-  return ConvertCharset(text, Charset::kKoi, Charset::kWindows1251);
+Text DecodeKoi(Text text) {
+  return ConvertCharset(std::move(text), Charset::kKoi, Charset::kWindows1251);
 }
 
 }  // namespace parlorwire

@@ -2,8 +2,6 @@
 // from 0x80 to 0xBF are a permutation of its own, which is not that of KOI8-R.
 #pragma once
 
-#include <string_view>
-
 #include "text/text.h"
 
 namespace parlorwire {
@@ -16,9 +14,9 @@ enum class Charset {
 
 // The text, converted character by character. What has no counterpart becomes "?": coming in, the
 // byte 0xA0; going out, the no-break space (0xA0).
-Text ConvertCharset(std::string_view text, Charset from, Charset to);
+Text ConvertCharset(Text text, Charset from, Charset to);
 
 // From the wire to memory.
-Text DecodeKoi(std::string_view text);
+Text DecodeKoi(Text text);
 
 }  // namespace parlorwire

@@ -19,6 +19,8 @@ Text FaultDescription(int number) {
       return "Subscript out of range";
     case fault::kTypeMismatch:
       return "Type mismatch";
+    case fault::kInternal:
+      return "Internal error";
     case fault::kBadFileName:
       return "Bad file name or number";
     case fault::kFileNotFound:

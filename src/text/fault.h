@@ -24,6 +24,7 @@ inline constexpr int kInvalidCall = 5;    // a cut with a negative length, a pos
 inline constexpr int kOverflow = 6;       // a number too large for its type
 inline constexpr int kSubscript = 9;      // an element that a list doesn't have
 inline constexpr int kTypeMismatch = 13;  // a text that is no number
+inline constexpr int kInternal = 51;      // an exception of the language's library
 inline constexpr int kBadFileName = 52;   // a name that no file can have
 inline constexpr int kFileNotFound = 53;
 inline constexpr int kDiskFull = 61;

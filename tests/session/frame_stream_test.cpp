@@ -5,6 +5,7 @@
 #include <array>
 
 #include "support/chat.h"
+#include "text/fault.h"
 
 namespace parlorwire {
 namespace {

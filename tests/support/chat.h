@@ -14,7 +14,7 @@ namespace parlorwire {
 
 // The bytes of a text on the wire.
 inline Text Koi(std::string_view text) {
-  return ConvertCharset(text, Charset::kWindows1251, Charset::kKoi);
+  return ConvertCharset(Text(text), Charset::kWindows1251, Charset::kKoi);
 }
 
 inline constexpr std::string_view kGoodHeader =

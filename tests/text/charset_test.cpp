@@ -8,7 +8,7 @@ namespace parlorwire {
 namespace {
 
 Text ToWire(std::string_view text) {
-  return ConvertCharset(text, Charset::kWindows1251, Charset::kKoi);
+  return ConvertCharset(Text(text), Charset::kWindows1251, Charset::kKoi);
 }
 
 TEST(Charset, LettersAreThoseOfKoi8R) {
@@ -55,6 +55,25 @@ TEST(Charset, AllOtherHighBytesMakeTheRoundTrip) {
     wire.insert(ToWire(text)[0]);
   }
   EXPECT_EQ(wire.size(), 126U);
+}
+
+TEST(Charset, LongTextsAreMappedLikeTheirCharacters) {
+  // Every length and every byte at every place of the wide steps.
+  Text all;
+  for (int i = 0; i < 256; ++i)
+    all += static_cast<char>(i);
+  for (std::size_t length = 0; length < 130; ++length) {
+    for (std::size_t start = 0; start + length <= all.size(); start += 7) {
+      const Text text = all.substr(start, length);
+      Text decoded, wire;
+      for (const char c : text) {
+        decoded += DecodeKoi(Text(1, c));
+        wire += ToWire(Text(1, c));
+      }
+      ASSERT_EQ(DecodeKoi(text), decoded);
+      ASSERT_EQ(ToWire(text), wire);
+    }
+  }
 }
 
 TEST(Charset, TheSameTableOnBothSidesChangesNothing) {
