@@ -12,7 +12,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
 
-PATIENCE = 60  # seconds for anything to happen
+PATIENCE = 15  # seconds for anything to happen
 
 
 def wait_for(what, probe):
@@ -67,6 +67,17 @@ class Tour:
     def control(self, name):
         return wait_for(name, lambda: self.find(name))
 
+    def wait_for_focus(self, spoken_name):
+        def probe():
+            for control in below(self.application()):
+                if control.get_state_set().contains(Atspi.StateType.FOCUSED):
+                    if control.get_name() == spoken_name:
+                        return control
+            return None
+
+        wait_for(f"the focus on {spoken_name}", probe)
+        time.sleep(0.3)  # the window manager has its say, too
+
     def text(self, name):
         return Atspi.Text.get_text(self.control(name), 0, -1)
 
@@ -117,10 +128,13 @@ class Tour:
         self.picture("proxy")
         self.keys("Escape")
         wait_for("the proxy dialog to go", lambda: not self.find("sett_conn"))
-        self.keys("Return", "Return", "Return")
+        for field in ("Логин", "Пароль", "Канал"):
+            self.wait_for_focus(field)
+            self.keys("Return")
 
         self.wait_for_line("s9.")
         self.picture("channel", settle=6)
+        self.wait_for_focus("Сообщение")
         self.type("Hello, everybody")
         self.keys("Return")
         self.wait_for_line("Hello, everybody")
@@ -165,6 +179,11 @@ class Tour:
 tour = Tour(*sys.argv[1:6])
 try:
     tour.play()
+except SystemExit:
+    tour.picture("failed")
+    for control in below(tour.application()):
+        print(control.get_role_name(), "|", control.get_name(), "|", control.get_description())
+    raise
 finally:
     if tour.client.poll() is None:
         tour.client.kill()
