@@ -62,7 +62,7 @@ void connection_form::Build() {
   // The toolkit selects an entry that is typed in full; here a typed nick stays typed.
   disconnect(login_->lineEdit(), &QLineEdit::editingFinished, login_, nullptr);
   disconnect(login_->lineEdit(), &QLineEdit::returnPressed, login_, nullptr);
-  login_->lineEdit()->installEventFilter(this);
+  login_->installEventFilter(this);
   pass_ = new TextField(this);
   pass_->setEchoMode(QLineEdit::Password);
   room_ = new TextField(this);
@@ -245,7 +245,7 @@ void connection_form::ShowProxyForm() {
 }
 
 bool connection_form::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == login_->lineEdit() && event->type() == QEvent::KeyPress) {
+  if (watched == login_ && event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
       pass_->setFocus();

@@ -59,9 +59,9 @@ void NewPanels(MainControls& c, QStatusBar* bar) {
     panel->setFont(LabelFont());
     panel->setTextFormat(Qt::PlainText);
     panel->setMargin(2);
+    panel->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
     // A long banner gives way; it never makes the window wider.
-    panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    panel->setMinimumWidth(i == 2 ? 0 : 110);
+    if (i == 2) panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     NameControl(panel, "panel", static_cast<int>(i) + 1);
     bar->addWidget(panel, i == 2 ? 1 : 0);
     c.panels[i] = panel;

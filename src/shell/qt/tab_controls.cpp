@@ -64,6 +64,7 @@ TabControls NewTabControls(QWidget* ground, TabSession& tab, int slot) {
   c.users_num = NewUsersNum(c.frame_button_update);
   c.Rich_Users = NewPaneWidget(tab.Rich_Users, ground);
   c.Rich_Server = NewPaneWidget(tab.Rich_Server, ground);
+  c.Rich_Server->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   c.StopScroll = new QCheckBox(ground);
   c.StopScroll->setFont(LabelFont());
   c.pers = new LinkLabel(ground);
