@@ -133,9 +133,9 @@ class RichTextViewMouseTest : public QObject {
     Move(pane.view, pane.PointOf(nick + 9));
     QCOMPARE(pane.SelectedText(), std::string("alice: message"));
     Move(pane.view, pane.PointOf(nick - 3));
-    QCOMPARE(pane.SelectedText(), std::string("] alice"));
+    QCOMPARE(pane.SelectedText(), std::string("57] alice"));
     QTest::mouseRelease(pane.view.viewport(), kLeft, Qt::NoModifier, pane.PointOf(nick - 3));
-    QCOMPARE(pane.box.SelText(), std::string("] alice"));
+    QCOMPARE(pane.box.SelText(), std::string("57] alice"));
   }
 
   void AWordIsOfRussianLettersToo() {

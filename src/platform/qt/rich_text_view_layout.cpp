@@ -165,20 +165,30 @@ int RowAt(const FragmentLayout& layout, int y) {
   return std::max(static_cast<int>(row - layout.rows.begin()) - 1, 0);
 }
 
+// By the same edges that painting goes by. (The toolkit's own search counts all blanks at a row's
+// end as one.) The code page has no letters that run to the left, so the edges are in order.
 int CharacterAt(const FragmentLayout& layout, int x, int y) {
   if (layout.length == 0) return 0;
   const int number = RowAt(layout, y);
   const auto& row = layout.rows[static_cast<std::size_t>(number)];
   const QTextLine line = LineOf(layout, number);
   if (x >= XIn(line, row.end)) return row.end;
-  return std::clamp(line.xToCursor(x, QTextLine::CursorOnCharacter), row.start, row.end);
+  int index = row.start;
+  for (int end = row.end; end - index > 1;) {
+    const int middle = index + (end - index) / 2;
+    (XIn(line, middle) <= x ? index : end) = middle;
+  }
+  return index;
 }
 
 int BorderAt(const FragmentLayout& layout, int x, int y) {
   if (layout.length == 0) return 0;
   const int number = RowAt(layout, y);
   const auto& row = layout.rows[static_cast<std::size_t>(number)];
-  return std::clamp(LineOf(layout, number).xToCursor(x), row.start, row.end);
+  const int index = CharacterAt(layout, x, y);
+  if (index == row.end) return index;
+  const QTextLine line = LineOf(layout, number);
+  return x - XIn(line, index) < XIn(line, index + 1) - x ? index : index + 1;
 }
 
 qreal XOf(const FragmentLayout& layout, int index) {
