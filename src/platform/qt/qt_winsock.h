@@ -12,6 +12,7 @@
 #include "platform/winsock.h"
 
 class QHostAddress;
+class QHostInfo;
 class QSocketNotifier;
 
 namespace parlorwire {
@@ -26,6 +27,7 @@ namespace parlorwire {
 // if
 //   the handler lets the event loop run.
 // - A handler may also destroy the socket that calls it.
+// - Needs a QCoreApplication while it looks names up.
 // - Nothing wakes the process while a connection is silent.
 class QtWinsock : public Winsock {
  public:
@@ -46,6 +48,7 @@ class QtWinsock : public Winsock {
   void Later(void (QtWinsock::*member)());
 
   void LookUp();
+  void LookedUp(const QHostInfo& info);
   void ConnectToNextAddress();
   void AddressFailed(int error);
   void ConnectEnded();
