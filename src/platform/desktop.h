@@ -32,6 +32,8 @@ class Desktop {
   // `logoff`, `logout`, `close_tab`, `hist_topic`, `letogr`, `sp_bans`, `sp_opers`.
   virtual void SetTabControlsEnabled(int tab, bool enabled) = 0;
   virtual void SetCloseTabEnabled(bool enabled) = 0;
+  // The shared labels but `close_tab`.
+  virtual void SetSharedLinksEnabled(bool enabled) = 0;
 
   // The controls of a tab.
   virtual bool StopScroll(int tab) const = 0;
@@ -51,7 +53,7 @@ class Desktop {
 
   // A message box with the caption "Parlorwire" that waits for the user.
   virtual void MessageBox(const Text& text, BoxIcon icon) = 0;
-  // The same with the answers yes and no, none of them preselected. True on yes.
+  // The same with the answers yes and no, no preselected. True on yes.
   virtual bool AskYesNo(const Text& text, BoxIcon icon) = 0;
 
   // The language of the fixed texts, 1 Russian or 2 English.

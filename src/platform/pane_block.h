@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -73,8 +74,9 @@ class PaneBlock {
 
  private:
   void ReserveText(std::size_t size);
-  std::size_t ReplaceRuns(std::size_t first, std::size_t last,
-                          const std::vector<PaneBlockRun>& fresh);
+  std::size_t ReplaceRuns(std::size_t first, std::size_t last, std::span<const PaneBlockRun> fresh);
+  bool FormatInRun(std::size_t run, std::size_t begin, std::size_t end,
+                   const PaneLookChange& change, PaneFormats& formats, std::size_t& moved);
   void FindBreaks(std::size_t first_end, std::size_t last_end, std::vector<PaneBreak>& found) const;
 
   std::vector<char> text_;

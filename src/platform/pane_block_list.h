@@ -37,20 +37,22 @@ class PaneBlockList {
   std::int64_t Breaks() const { return groups_totals_.back().breaks; }
 
   // The block of the character at `position`; the last one for the text's end.
-  PaneBlockPlace Holding(PanePosition position) const;
+  PaneBlockPlace Holding(PanePosition position) const {
+    return position >= last_ahead_.characters ? last_ : Search(position);
+  }
   // The block of the break with the 0-based number `number` < Breaks().
   PaneBlockPlace HoldingBreak(std::int64_t number) const;
   PaneBlockPlace First() const { return PlaceAt(0, 0); }
-  PaneBlockPlace Last() const;
+  PaneBlockPlace Last() const { return last_; }
   bool IsFirst(const PaneBlockPlace& place) const { return place.group == 0 && place.index == 0; }
-  bool IsLast(const PaneBlockPlace& place) const;
+  bool IsLast(const PaneBlockPlace& place) const { return place.block == last_.block; }
   // The neighbours; there must be one.
   PaneBlockPlace Next(const PaneBlockPlace& place) const;
   PaneBlockPlace Previous(const PaneBlockPlace& place) const;
 
   // The position of the block's first character, and the number of breaks ahead of the block.
-  PanePosition Start(const PaneBlockPlace& place) const;
-  std::int64_t FirstBreak(const PaneBlockPlace& place) const;
+  PanePosition Start(const PaneBlockPlace& place) const { return Ahead(place).characters; }
+  std::int64_t FirstBreak(const PaneBlockPlace& place) const { return Ahead(place).breaks; }
 
   // To be called after the block's content has changed.
   void Update(const PaneBlockPlace& place);
@@ -75,12 +77,20 @@ class PaneBlockList {
   static constexpr std::size_t kGroup = 256;
 
   PaneBlockPlace PlaceAt(std::size_t group, std::size_t index) const;
-  Totals<std::int64_t> Ahead(const PaneBlockPlace& place) const;
+  PaneBlockPlace Search(PanePosition position) const;
+  Totals<std::int64_t> Ahead(const PaneBlockPlace& place) const {
+    return IsLast(place) ? last_ahead_ : AheadOfInner(place);
+  }
+  Totals<std::int64_t> AheadOfInner(const PaneBlockPlace& place) const;
+  void FindLast();
   void Add(const PaneBlockPlace& place, std::int64_t characters, std::int64_t breaks);
   void SplitGroup(std::size_t group);
 
   std::vector<Group> groups_;
   std::vector<Totals<std::int64_t>> groups_totals_;
+  // The last block, where nearly all is written, and what is ahead of it.
+  PaneBlockPlace last_;
+  Totals<std::int64_t> last_ahead_;
 };
 
 }  // namespace parlorwire

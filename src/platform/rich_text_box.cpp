@@ -52,7 +52,19 @@ struct RichTextBox::Storage {
   void Select(PanePosition start, PanePosition end);
   PaneLook LookOfNextText() const;
   void ChangeLook(const PaneLookChange& change);
+  template <class Value>
+  void Set(PaneLookChange::Member which, Value PaneLook::* member, Value value);
   void Write(std::string_view written, PaneLookId look);
+
+  // What an edit of [start, end) needs to know of the lines around it.
+  struct LinesAt {
+    bool one_starts = false;        // at `start`
+    bool one_starts_ahead = false;  // one character ahead of it
+    std::int64_t last = 0;          // the line that `end` is in
+  };
+  LinesAt FindLines(PanePosition start, PanePosition end) const {
+    return {text.IsLineStart(start), start > 0 && text.IsLineStart(start - 1), text.LineAt(end)};
+  }
 };
 
 // Both are within the text, and start <= end. Selecting the same again changes nothing.
@@ -68,7 +80,6 @@ void RichTextBox::Storage::Select(PanePosition start, PanePosition end) {
 }
 
 PaneLook RichTextBox::Storage::LookOfNextText() const {
-  if (pending) return *pending;
   const PanePosition at = selection_start;
   PaneLook look = own_look;
   if (!SelectionIsEmpty())
@@ -83,41 +94,49 @@ PaneLook RichTextBox::Storage::LookOfNextText() const {
 
 void RichTextBox::Storage::ChangeLook(const PaneLookChange& change) {
   if (SelectionIsEmpty()) {
-    pending = change.AppliedTo(LookOfNextText());
+    pending = change.AppliedTo(pending ? *pending : LookOfNextText());
     return;
   }
   const bool changed = text.Format(selection_start, selection_end, change, formats);
   if (changed && view != nullptr) view->FormatChanged(selection_start, selection_end);
 }
 
+template <class Value>
+void RichTextBox::Storage::Set(PaneLookChange::Member which, Value PaneLook::* member,
+                               Value value) {
+  if (SelectionIsEmpty()) {
+    if (!pending) pending = LookOfNextText();
+    (*pending).*member = value;
+  } else {
+    PaneLookChange change{which, {}};
+    change.value.*member = value;
+    ChangeLook(change);
+  }
+}
+
 void RichTextBox::Storage::Write(std::string_view written, PaneLookId look) {
   const PanePosition start = selection_start;
   const PanePosition old_end = selection_end;
   const PanePosition new_end = start + SizeOf(written);
-
-  // A line that starts at the edit, or one character ahead of it, may do so no more: an LF written
-  // behind a CR makes one break of two.
-  const bool line_at_start = text.IsLineStart(start);
-  const bool line_ahead = start > 0 && text.IsLineStart(start - 1);
-  const std::int64_t old_last_line = text.LineAt(old_end);
+  PaneView::TextChange change{start, old_end - start, new_end - start};
+  const LinesAt old_lines = view == nullptr ? LinesAt{} : FindLines(start, old_end);
 
   text.Replace(start, old_end, written, look);
   pending.reset();
   selection_start = selection_end = AheadOfBreak(new_end);
   if (view == nullptr) return;
 
+  // A line that started at the edit, or one character ahead of it, may do so no more, or only now:
+  // an LF written behind a CR makes one break of two.
+  const LinesAt new_lines = FindLines(start, new_end);
   PanePosition same_until = std::max<PanePosition>(start - 2, 0);
-  if (line_at_start && text.IsLineStart(start))
+  if (old_lines.one_starts && new_lines.one_starts)
     same_until = start;
-  else if (line_ahead && text.IsLineStart(start - 1))
+  else if (old_lines.one_starts_ahead && new_lines.one_starts_ahead)
     same_until = start - 1;
-  PaneView::TextChange change;
-  change.start = start;
-  change.removed = old_end - start;
-  change.inserted = new_end - start;
   change.first_line = text.LineAt(same_until);
-  change.lines_removed = old_last_line - change.first_line + 1;
-  change.lines_inserted = text.LineAt(new_end) - change.first_line + 1;
+  change.lines_removed = old_lines.last - change.first_line + 1;
+  change.lines_inserted = new_lines.last - change.first_line + 1;
   view->TextChanged(change);
   if (selection_start != start || old_end != start) view->SelectionChanged();
 }
@@ -179,45 +198,31 @@ std::string RichTextBox::SelText() const {
 }
 
 void RichTextBox::SelColor(PaneColour colour) {
-  PaneLookChange change{PaneLookChange::kColour, {}};
-  change.value.colour = colour;
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kColour, &PaneLook::colour, colour);
 }
 
 void RichTextBox::SelFontName(std::string_view name) {
-  PaneLookChange change{PaneLookChange::kFont, {}};
-  change.value.font = storage_->formats.InternFont(name);
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kFont, &PaneLook::font, storage_->formats.InternFont(name));
 }
 
 void RichTextBox::SelFontSize(int points) {
-  PaneLookChange change{PaneLookChange::kFontSize, {}};
-  change.value.font_size = points;
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kFontSize, &PaneLook::font_size, points);
 }
 
 void RichTextBox::SelBold(bool on) {
-  PaneLookChange change{PaneLookChange::kBold, {}};
-  change.value.bold = on;
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kBold, &PaneLook::bold, on);
 }
 
 void RichTextBox::SelItalic(bool on) {
-  PaneLookChange change{PaneLookChange::kItalic, {}};
-  change.value.italic = on;
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kItalic, &PaneLook::italic, on);
 }
 
 void RichTextBox::SelUnderline(bool on) {
-  PaneLookChange change{PaneLookChange::kUnderline, {}};
-  change.value.underline = on;
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kUnderline, &PaneLook::underline, on);
 }
 
 void RichTextBox::SelAlignment(PaneAlignment alignment) {
-  PaneLookChange change{PaneLookChange::kAlignment, {}};
-  change.value.alignment = alignment;
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kAlignment, &PaneLook::alignment, alignment);
 }
 
 void RichTextBox::SelFormat(const PaneFormat& format) {
@@ -294,7 +299,7 @@ void RichTextBox::BackColor(PaneColour colour) {
 void RichTextBox::ReplaceSel(std::string_view text) {
   Storage& s = *storage_;
   if (text.empty() && s.SelectionIsEmpty()) return;
-  s.Write(text, s.formats.Intern(s.LookOfNextText()));
+  s.Write(text, s.formats.Intern(s.pending ? *s.pending : s.LookOfNextText()));
 }
 
 void RichTextBox::ExSetSel(PanePosition min, PanePosition max) {
@@ -335,7 +340,7 @@ void RichTextBox::VScroll(PaneScroll command) {
 void RichTextBox::PastePicture(std::shared_ptr<const PanePicture> picture) {
   if (picture == nullptr) return;
   Storage& s = *storage_;
-  PaneLook look = s.LookOfNextText();
+  PaneLook look = s.pending ? *s.pending : s.LookOfNextText();
   look.picture = s.formats.InternPicture(picture);
   s.Write(" ", s.formats.Intern(look));
 }

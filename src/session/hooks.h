@@ -1,6 +1,6 @@
 // The upward traffic of the program, on one page: what a lower room asks of a higher one. Each hook
-// bears the name of the procedure that fills it. Assemble() in shell/assembly.cpp fills all of
-// them; until then a hook does nothing.
+// bears the name of the procedure that fills it. Assemble() in shell/assembly.cpp fills those
+// of the core, and the main window its own; until then a hook does nothing.
 #pragma once
 
 #include <functional>
@@ -23,6 +23,7 @@ class Hook<Result(Arguments...)> {
     procedure_ = std::move(procedure);
     return *this;
   }
+  bool Filled() const { return static_cast<bool>(procedure_); }
   Result operator()(Arguments... arguments) const {
     return procedure_ ? procedure_(static_cast<Arguments>(arguments)...) : Result();
   }
@@ -61,8 +62,10 @@ struct Hooks {
   Hook<void(int mode)> SetTrayBlink;
   // shell/tray: the tip of the tray icon
   Hook<void(const Text& caption)> SetTabTitle;
-  // shell/open_url: a page in the user's browser
+  // shell/qt/open_url: a page in the user's browser
   Hook<void(const Text& url)> OpenUrl;
+  // shell/qt/connection_form: the login dialog comes up for the active tab
+  Hook<void(int tab)> ShowLoginDialog;
 };
 
 }  // namespace parlorwire

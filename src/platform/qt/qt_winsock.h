@@ -30,8 +30,9 @@ namespace parlorwire {
 class QtWinsock : public Winsock {
  public:
   static constexpr std::size_t kReadBudget = 16 * 1024;
+  static constexpr std::chrono::milliseconds kConnectTimeout = std::chrono::seconds(21);
 
-  explicit QtWinsock(std::chrono::milliseconds connect_timeout = std::chrono::seconds(21));
+  explicit QtWinsock(std::chrono::milliseconds connect_timeout = kConnectTimeout);
   ~QtWinsock() override;
 
   void Connect(const Text& host, const Text& port) override;
