@@ -232,7 +232,9 @@ void Settle(Chat& chat, Account& account, const Text& name, const Text& address,
             bool announced, const Moment& now) {
   Channel& channel = chat.channels[NickKey(name)];
   if (channel.name.empty()) channel.name = name;
-  if (FindMember(channel, account.nick) != nullptr) return;
+  if (FindMember(channel, account.nick) != nullptr ||
+      IsKeptOut(channel, account, {address, {}}, now))
+    return;
   Member& member = channel.members.emplace_back();
   member.account = &account;
   member.address = member.shown_address = address;

@@ -12,6 +12,8 @@ namespace {
 // Longest time that a command can name, in seconds.
 constexpr std::int64_t kLongestPeriod = 1'000'000;
 constexpr int kLongestHistory = 200;
+constexpr std::size_t kMostBans = 500;
+constexpr std::size_t kTopicsKept = 50;
 
 Text NotOnChannel() {
   return "Вы не на канале"_w;
@@ -70,6 +72,11 @@ void Expel(Chat& chat, const Speaker& speaker, const Text& nick, const Text& wor
   PartMember(chat, *speaker.channel, nick, end, now);
 }
 
+void KeepOut(Channel& channel, Ban ban) {
+  channel.bans.push_back(std::move(ban));
+  if (channel.bans.size() > kMostBans) channel.bans.erase(channel.bans.begin());
+}
+
 Text Kick(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
   const Text nick = TakeWord(rest);
   Member* target = FindMember(*speaker.channel, nick);
@@ -77,8 +84,8 @@ Text Kick(Chat& chat, const Speaker& speaker, std::string_view rest, const Momen
   if (IsProtectedFrom(chat, *speaker.channel, *target)) return "Этот ник под защитой"_w;
   const Text name = target->account->nick;
   if (chat.options.kick_ms > 0)
-    speaker.channel->bans.push_back(
-        {name, Text(rest), speaker.account.nick, now.local, now.ms + chat.options.kick_ms});
+    KeepOut(*speaker.channel,
+            {name, Text(rest), speaker.account.nick, now.local, now.ms + chat.options.kick_ms});
   Expel(chat, speaker, name, "удален с канала"_w, rest, FrameEnd::kClose, now);
   return name + " удален с канала"_w;
 }
@@ -86,7 +93,7 @@ Text Kick(Chat& chat, const Speaker& speaker, std::string_view rest, const Momen
 Text AddBan(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
   const Text mask = TakeWord(rest);
   if (mask.empty()) return "Укажите ник или адрес"_w;
-  speaker.channel->bans.push_back({mask, Text(rest), speaker.account.nick, now.local, kForever});
+  KeepOut(*speaker.channel, {mask, Text(rest), speaker.account.nick, now.local, kForever});
   std::vector<Text> hit;
   for (const Member& member : speaker.channel->members)
     if ((MaskMatches(mask, member.account->nick) || MaskMatches(mask, member.address)) &&
@@ -211,7 +218,7 @@ Text ChangeTopic(Chat& chat, const Speaker& speaker, std::string_view rest, cons
   Channel& channel = *speaker.channel;
   const Text topic = Trim(rest);
   channel.topics.push_back({topic, speaker.account.nick, now.local});
-  if (channel.topics.size() > 50) channel.topics.pop_front();
+  if (channel.topics.size() > kTopicsKept) channel.topics.pop_front();
   BroadcastSystem(chat, channel,
                   speaker.account.nick + " меняет тему канала на \""_w + topic + "\"", now);
   return "Тема изменена"_w;

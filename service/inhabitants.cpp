@@ -212,7 +212,8 @@ Inhabitants MoveIn(Chat& chat, const InhabitantOptions& options, const Moment& n
 void LiveOn(Inhabitants& inhabitants, Chat& chat, const Moment& now) {
   if (!inhabitants.options.present) return;
   if (inhabitants.options.talk > 0) {
-    Talk(inhabitants, chat, now);
+    const bool is_early = inhabitants.next_ms != kForever && now.ms < inhabitants.next_ms;
+    if (!is_early) Talk(inhabitants, chat, now);
     return;
   }
   std::int64_t next = kForever;

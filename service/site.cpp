@@ -120,10 +120,18 @@ Answer LeaveAnswer(const Visit& visit) {
   return ChannelPage(visit);
 }
 
+// The host that the links of personal messages name; a blank in it would break their lines.
+std::string SafeHost(const std::string& host) {
+  const bool is_safe = !host.empty() && std::all_of(host.begin(), host.end(), [](char c) {
+    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '.' ||
+           c == '-' || c == ':';
+  });
+  return is_safe ? host : "localhost";
+}
+
 Answer PersonalFrame(const Visit& visit) {
-  const std::string host = visit.request.host.empty() ? "localhost" : visit.request.host;
-  const Frame& frame =
-      EnterPersonal(visit.chat, *visit.account, visit.now, Header(200, kHtml), EscapeHtml(host));
+  const Frame& frame = EnterPersonal(visit.chat, *visit.account, visit.now, Header(200, kHtml),
+                                     SafeHost(visit.request.host));
   return {{}, frame.id};
 }
 
@@ -223,6 +231,7 @@ Answer Handle(Chat& chat, const Request& request, const Origin& origin, const Mo
   const auto route = std::find_if(kRoutes.begin(), kRoutes.end(),
                                   [&](const Route& each) { return each.path == request.path; });
   if (route == kRoutes.end()) return {ErrorAnswer(404), {}};
+  if (request.method == "HEAD" && route->needs_ticket) return {ErrorAnswer(405), {}};
   Visit visit{chat, request, origin, now, {}, {}, nullptr};
   visit.form = request.method == "POST" ? DecodeForm(request.body, FormBytes::kKoi)
                                         : DecodeForm(request.query, FormBytes::kKoiOrUtf8);
@@ -232,8 +241,7 @@ Answer Handle(Chat& chat, const Request& request, const Origin& origin, const Mo
   if (visit.account != nullptr) visit.visitor.nick = visit.account->nick;
   if (route->needs_ticket && visit.account == nullptr) return {HtmlAnswer(WrongPasswordPage()), {}};
   Answer answer = route->handler(visit);
-  if (request.method == "HEAD" && !answer.frame)
-    answer.bytes.resize(answer.bytes.find("\r\n\r\n") + 4);
+  if (request.method == "HEAD") answer.bytes.resize(answer.bytes.find("\r\n\r\n") + 4);
   return answer;
 }
 
