@@ -12,10 +12,6 @@
 
 namespace parlorwire {
 
-// A block is filled up to the target by writing at its end, and up to the limit by writing inside.
-inline constexpr std::size_t kPaneBlockTarget = 4096;
-inline constexpr std::size_t kPaneBlockLimit = 8192;
-
 // The characters from the end of the run before up to `end` have one look. A picture is a run of
 // its own, of one character; no other run has the look of its neighbour.
 struct PaneBlockRun {

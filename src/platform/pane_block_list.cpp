@@ -25,7 +25,7 @@ std::size_t FirstAbove(const std::vector<Totals>& all, Value value, Member membe
 
 }  // namespace
 
-PaneBlockList::PaneBlockList() : groups_(1), groups_totals_(1) {
+PaneBlockList::PaneBlockList(PaneBlockSizes sizes) : sizes_(sizes), groups_(1), groups_totals_(1) {
   groups_[0].blocks.push_back(std::make_unique<PaneBlock>());
   groups_[0].totals.emplace_back();
   FindLast();
@@ -142,7 +142,7 @@ void PaneBlockList::SplitGroup(std::size_t group) {
 PaneBlockPlace PaneBlockList::InsertBehind(PaneBlockPlace& place,
                                            std::unique_ptr<PaneBlock> block) {
   PaneBlockPlace fresh{place.group, place.index + 1, block.get()};
-  if (groups_[place.group].blocks.size() == kGroup) {
+  if (groups_[place.group].blocks.size() == sizes_.group) {
     if (IsLast(place)) {
       groups_.emplace_back();
       groups_totals_.push_back(groups_totals_.back());

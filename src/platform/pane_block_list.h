@@ -6,7 +6,7 @@
 //   groups          totals 1,052,000   2,101,000   2,140,000
 //   blocks of one   totals 4,090   8,180   12,275   ...   1,052,000
 //
-// A change of a block's size adds to the totals behind it: at most kGroup in its group and one for
+// A change of a block's size adds to the totals behind it: at most 256 in its group and one for
 // each group behind, and nothing at all behind the last block, where a pane is written.
 #pragma once
 
@@ -18,6 +18,15 @@
 #include "platform/pane_block.h"
 
 namespace parlorwire {
+
+// How large blocks get, in characters, and groups, in blocks. A block is filled up to the target by
+// writing at its end, and up to the limit by writing inside. The target is at least 4, the limit
+// not below it and not above 16,000, a group at least 2.
+struct PaneBlockSizes {
+  std::size_t target = 4096;
+  std::size_t limit = 8192;
+  std::size_t group = 256;
+};
 
 // A block's place. Adding and removing blocks makes places invalid, but for those handed in.
 struct PaneBlockPlace {
@@ -31,7 +40,9 @@ struct PaneBlockPlace {
 class PaneBlockList {
  public:
   // There is always a block; the new list has an empty one.
-  PaneBlockList();
+  explicit PaneBlockList(PaneBlockSizes sizes);
+
+  const PaneBlockSizes& sizes() const { return sizes_; }
 
   PanePosition Length() const { return groups_totals_.back().characters; }
   std::int64_t Breaks() const { return groups_totals_.back().breaks; }
@@ -74,7 +85,6 @@ class PaneBlockList {
     std::vector<std::unique_ptr<PaneBlock>> blocks;
     std::vector<Totals<std::uint32_t>> totals;
   };
-  static constexpr std::size_t kGroup = 256;
 
   PaneBlockPlace PlaceAt(std::size_t group, std::size_t index) const;
   PaneBlockPlace Search(PanePosition position) const;
@@ -86,6 +96,7 @@ class PaneBlockList {
   void Add(const PaneBlockPlace& place, std::int64_t characters, std::int64_t breaks);
   void SplitGroup(std::size_t group);
 
+  PaneBlockSizes sizes_;
   std::vector<Group> groups_;
   std::vector<Totals<std::int64_t>> groups_totals_;
   // The last block, where nearly all is written, and what is ahead of it.

@@ -55,16 +55,6 @@ struct RichTextBox::Storage {
   template <class Value>
   void Set(PaneLookChange::Member which, Value PaneLook::* member, Value value);
   void Write(std::string_view written, PaneLookId look);
-
-  // What an edit of [start, end) needs to know of the lines around it.
-  struct LinesAt {
-    bool one_starts = false;        // at `start`
-    bool one_starts_ahead = false;  // one character ahead of it
-    std::int64_t last = 0;          // the line that `end` is in
-  };
-  LinesAt FindLines(PanePosition start, PanePosition end) const {
-    return {text.IsLineStart(start), start > 0 && text.IsLineStart(start - 1), text.LineAt(end)};
-  }
 };
 
 // Both are within the text, and start <= end. Selecting the same again changes nothing.
@@ -118,26 +108,21 @@ void RichTextBox::Storage::Write(std::string_view written, PaneLookId look) {
   const PanePosition start = selection_start;
   const PanePosition old_end = selection_end;
   const PanePosition new_end = start + SizeOf(written);
-  PaneView::TextChange change{start, old_end - start, new_end - start};
-  const LinesAt old_lines = view == nullptr ? LinesAt{} : FindLines(start, old_end);
+  const bool at_line_start = view != nullptr && text.IsLineStart(start);
+  const std::int64_t old_last_line = view == nullptr ? 0 : text.LineAt(old_end);
 
   text.Replace(start, old_end, written, look);
   pending.reset();
   selection_start = selection_end = AheadOfBreak(new_end);
   if (view == nullptr) return;
 
-  // A line that started at the edit, or one character ahead of it, may do so no more, or only now:
-  // an LF written behind a CR makes one break of two.
-  const LinesAt new_lines = FindLines(start, new_end);
-  PanePosition same_until = std::max<PanePosition>(start - 2, 0);
-  if (old_lines.one_starts && new_lines.one_starts)
-    same_until = start;
-  else if (old_lines.one_starts_ahead && new_lines.one_starts_ahead)
-    same_until = start - 1;
-  change.first_line = text.LineAt(same_until);
-  change.lines_removed = old_lines.last - change.first_line + 1;
-  change.lines_inserted = new_lines.last - change.first_line + 1;
-  view->TextChanged(change);
+  // An edit inside CR CR LF can make a line of the first CR, so what counts is whether a line
+  // started here before. One that did and does no more (an LF came behind a CR) is part of the line
+  // before.
+  const std::int64_t first_line =
+      text.LineAt(at_line_start ? start : std::max<PanePosition>(start - 1, 0));
+  view->TextChanged({start, old_end - start, new_end - start, first_line,
+                     old_last_line - first_line + 1, text.LineAt(new_end) - first_line + 1});
   if (selection_start != start || old_end != start) view->SelectionChanged();
 }
 
