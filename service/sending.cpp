@@ -49,10 +49,10 @@ void Server::Loop::SendFrames() {
       if (!connection.silent) connection.out += frame->second.out;
       frame->second.out.clear();
       connection.end = frame->second.end;
+      const bool may_flush = connection.phase == Phase::kAnswering && !connection.waits_for_room;
+      if (may_flush && !Flush(connection)) continue;
       if (connection.out.size() - connection.sent > options_.most_waiting)
         DropWithReset(connection);
-      else if (connection.phase == Phase::kAnswering && !connection.waits_for_room)
-        Flush(connection);
     }
   }
 }
