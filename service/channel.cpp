@@ -156,7 +156,7 @@ Text FlagsOf(const Chat& chat, const Channel& channel, const Member& member) {
 }
 
 void Write(Chat& chat, Frame& frame, std::string_view text, const Moment& now) {
-  WriteWire(chat, frame, ConvertCharset(text, Charset::kWindows1251, Charset::kKoi), now);
+  WriteWire(chat, frame, ConvertCharset(Text(text), Charset::kWindows1251, Charset::kKoi), now);
 }
 
 void End(Chat& chat, Frame& frame, FrameEnd end) {

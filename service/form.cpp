@@ -97,7 +97,7 @@ Form DecodeForm(std::string_view encoded, FormBytes bytes) {
 Text PercentEncode(std::string_view value) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   Text encoded;
-  for (const char c : ConvertCharset(value, Charset::kWindows1251, Charset::kKoi)) {
+  for (const char c : ConvertCharset(Text(value), Charset::kWindows1251, Charset::kKoi)) {
     const auto byte = static_cast<std::uint8_t>(c);
     const bool plain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
                        c == '-' || c == '.' || c == '_' || c == '~';

@@ -16,7 +16,7 @@ constexpr std::string_view kHtml = "text/html; charset=koi8-r";
 constexpr std::string_view kPlain = "text/plain; charset=koi8-r";
 
 Text ToWire(std::string_view text) {
-  return ConvertCharset(text, Charset::kWindows1251, Charset::kKoi);
+  return ConvertCharset(Text(text), Charset::kWindows1251, Charset::kKoi);
 }
 
 // A frame's header names no length: it ends with the connection.
