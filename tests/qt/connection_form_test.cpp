@@ -204,7 +204,7 @@ class ConnectionFormTest : public QObject {
     QTest::keyClick(dialog.login(), Qt::Key_Down);
     QCOMPARE(dialog.login()->currentIndex(), 1);
     const SeenBox box =
-        AnswerBox(Qt::Key_Return, [&] { QTest::keyClick(dialog.login()->lineEdit(), Qt::Key_X); });
+        EnterInBox([&] { QTest::keyClick(dialog.login()->lineEdit(), Qt::Key_X); });
     QCOMPARE(box.title, QString("Parlorwire"));
     QCOMPARE(box.text, message);
     QCOMPARE(box.icon, QMessageBox::Critical);
@@ -235,7 +235,7 @@ class ConnectionFormTest : public QObject {
     QTest::keyClicks(dialog.login()->lineEdit(), login);
     auto* room = dialog.Field("room");
     room->setFocus();
-    const SeenBox box = AnswerBox(Qt::Key_Return, [&] { QTest::keyClick(room, Qt::Key_Return); });
+    const SeenBox box = EnterInBox([&] { QTest::keyClick(room, Qt::Key_Return); });
     QCOMPARE(box.title, QString("Parlorwire"));
     QCOMPARE(box.text, message);
     QVERIFY(dialog.form->isVisible());
@@ -256,8 +256,7 @@ class ConnectionFormTest : public QObject {
     QFETCH(QString, language);
     QFETCH(QString, question);
     Dialog dialog("[Main]\r\nLanguage=" + language.toStdString() + "\r\n");
-    const SeenBox box = AnswerBox(
-        Qt::Key_Return, [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); });
+    const SeenBox box = EnterInBox([&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); });
     QCOMPARE(box.title, QString("Parlorwire"));
     QCOMPARE(box.text, question);
     QCOMPARE(box.icon, QMessageBox::Question);

@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <memory>
@@ -67,33 +68,39 @@ struct Windows {
 struct SeenBox {
   QString title, text;
   QMessageBox::Icon icon = QMessageBox::NoIcon;
-  QString default_button;
   qsizetype buttons = 0;
 };
 
-// Presses a key in the message box that comes up while `action` runs; fails if none does.
+// Answers the message box that comes up while `action` runs: with Enter, or with one of its buttons.
+// Fails if none comes up.
 template <class Action>
-SeenBox AnswerBox(Qt::Key key, Action action) {
+SeenBox AnswerBox(QMessageBox::StandardButton button, Action action) {
   std::optional<SeenBox> seen;
   QTimer look;
   QObject::connect(&look, &QTimer::timeout, [&] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (box == nullptr) return;
     look.stop();
-    seen = SeenBox{box->windowTitle(), box->text(), box->icon(),
-                   box->defaultButton() != nullptr ? box->defaultButton()->text() : QString(),
-                   box->buttons().size()};
-    QTest::keyClick(box, key);
+    seen = SeenBox{box->windowTitle(), box->text(), box->icon(), box->buttons().size()};
+    if (button == QMessageBox::NoButton) {
+      QTest::keyClick(box, Qt::Key_Return);
+    } else {
+      QTest::mouseClick(box->button(button), Qt::LeftButton);
+    }
   });
   look.start(5);
   action();
-  for (int i = 0; i < 200 && !seen; ++i)
-    QTest::qWait(5);
+  for (int i = 0; i < 200 && !seen; ++i) QTest::qWait(5);
   if (!seen) {
     QTest::qFail("no message box came up", __FILE__, __LINE__);
     return {};
   }
   return *seen;
+}
+
+template <class Action>
+SeenBox EnterInBox(Action action) {
+  return AnswerBox(QMessageBox::NoButton, action);
 }
 
 // Types a text that may hold Cyrillic letters.

@@ -228,7 +228,10 @@ void client_main::changeEvent(QEvent* event) {
 }
 
 void client_main::EndSplash() {
-  zastavka_.reset();
+  if (!zastavka_) return;
+  zastavka_->hide();
+  // It may take part in the very event that ends it.
+  zastavka_.release()->deleteLater();
 }
 
 }  // namespace parlorwire
