@@ -112,7 +112,8 @@ class MsgBoxTest : public QObject {
 
   void UpWalksToTheOldestOfThreeLines() {
     Box box;
-    for (const char* line : {"z", "a", "b", "c"}) box.Say(line);
+    for (const char* line : {"z", "a", "b", "c"})
+      box.Say(line);
     for (const char* line : {"c", "b", "a", "a", "a"}) {
       box.Key(Qt::Key_Up);
       QCOMPARE(box.msg->text(), QString(line));
@@ -122,7 +123,8 @@ class MsgBoxTest : public QObject {
 
   void DownAfterUpShowsTheNewestLine() {
     Box box;
-    for (const char* line : {"a", "b", "c"}) box.Say(line);
+    for (const char* line : {"a", "b", "c"})
+      box.Say(line);
     box.Key(Qt::Key_Up);
     box.Key(Qt::Key_Up);
     QCOMPARE(box.msg->text(), QString("b"));
@@ -200,7 +202,7 @@ class MsgBoxTest : public QObject {
     QTest::addColumn<QString>("label");
     QTest::addColumn<int>("action");
     const char* labels[] = {"Обычным тоном", "Внутренним голосом", "Смеется", "Задумчиво",
-                            "Уныло", "Напевает", "Ворчливо"};
+                            "Уныло",         "Напевает",           "Ворчливо"};
     for (int entry = 0; entry < 7; ++entry)
       QTest::newRow(labels[entry]) << entry << Utf8(labels[entry]) << 200 + entry;
   }
@@ -213,7 +215,8 @@ class MsgBoxTest : public QObject {
     QCOMPARE(intonacia->itemText(entry), label);
     intonacia->setFocus();
     QTest::keyClick(intonacia, Qt::Key_Home);
-    for (int i = 0; i < entry; ++i) QTest::keyClick(intonacia, Qt::Key_Down);
+    for (int i = 0; i < entry; ++i)
+      QTest::keyClick(intonacia, Qt::Key_Down);
     QCOMPARE(intonacia->currentIndex(), entry);
     box.Say("hi");
     QVERIFY(box.Sent().find("&action=" + std::to_string(action)) != Text::npos);

@@ -23,7 +23,7 @@ struct Dialog {
       : windows(config), form(windows.client, windows.window.get()) {
     form.show();
     form.activateWindow();
-    if (!QTest::qWaitForWindowActive(&form)) qFatal("the dialog is not active");
+    WaitUntilActive(&form);
   }
   QLineEdit* Field(const char* name) { return windows.Find<QLineEdit>(name); }
   QCheckBox* Box(const char* name) { return windows.Find<QCheckBox>(name); }
@@ -182,8 +182,9 @@ class SettConnTest : public QObject {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("question");
     QTest::newRow("Russian") << "Russian"
-                             << QString::fromUtf8("Некоторые поля остались незаполненными. "
-                                                  "Отключить прокси-сервер?");
+                             << QString::fromUtf8(
+                                    "Некоторые поля остались незаполненными. "
+                                    "Отключить прокси-сервер?");
     QTest::newRow("English") << "English" << "Some fields are ...";
   }
   void ApplyWithAMissingAddressAsks() {

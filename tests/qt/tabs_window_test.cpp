@@ -35,10 +35,9 @@ class TabsWindowTest : public QObject {
     for (int active = 0; active < 3; ++active) {
       windows.desktop.SetActiveTab(active);
       for (int slot = 0; slot < kTabCount; ++slot)
-        for (const char* family :
-             {"Rich", "Rich_Users", "Rich_Server", "line_razdel", "frame_button_update",
-              "button_update", "users_num", "msg", "intonacia", "button_clear", "button_say",
-              "StopScroll", "pers"})
+        for (const char* family : {"Rich", "Rich_Users", "Rich_Server", "line_razdel",
+                                   "frame_button_update", "button_update", "users_num", "msg",
+                                   "intonacia", "button_clear", "button_say", "StopScroll", "pers"})
           QCOMPARE(Control(windows, family, slot)->isVisible(), slot == active);
     }
   }
@@ -117,9 +116,9 @@ class TabsWindowTest : public QObject {
   void AnEleventhTabIsRefused_data() {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("message");
-    QTest::newRow("Russian")
-        << "Russian"
-        << QString::fromUtf8("Вы достигли предела максимально возможных открытых табов!");
+    QTest::newRow("Russian") << "Russian"
+                             << QString::fromUtf8(
+                                    "Вы достигли предела максимально возможных открытых табов!");
     QTest::newRow("English") << "English" << "Cant't add Tab";
   }
   void AnEleventhTabIsRefused() {
@@ -167,8 +166,8 @@ class TabsWindowTest : public QObject {
     for (const bool enabled : {true, false}) {
       windows.desktop.SetTabControlsEnabled(0, enabled);
       QCOMPARE(windows.Find<QLineEdit>("msg_0")->isReadOnly(), !enabled);
-      for (const char* name : {"intonacia_0", "button_clear_0", "button_say_0", "button_update_0",
-                               "logoff", "logout"})
+      for (const char* name :
+           {"intonacia_0", "button_clear_0", "button_say_0", "button_update_0", "logoff", "logout"})
         QCOMPARE(windows.Find(name)->isEnabled(), enabled);
       QVERIFY(windows.Find<QLineEdit>("msg_1")->isReadOnly());
     }
@@ -225,12 +224,30 @@ class TabsWindowTest : public QObject {
     windows.window->resize(size);
     QTest::qWait(20);
     QList<QWidget*> controls;
-    for (const char* name :
-         {"button_connect_main", "AddTab", "logout", "logoff", "close_tab", "sp_opers", "sp_bans",
-          "hist_topic", "letogr", "search_label", "SSTab", "Rich_0", "Rich_Server_0",
-          "line_razdel_0", "frame_button_update_0", "Rich_Users_0", "StopScroll_0", "SayUseOp",
-          "pers_0", "perecodirovka_label", "intonacia_0", "msg_0", "button_say_0",
-          "button_clear_0"})
+    for (const char* name : {"button_connect_main",
+                             "AddTab",
+                             "logout",
+                             "logoff",
+                             "close_tab",
+                             "sp_opers",
+                             "sp_bans",
+                             "hist_topic",
+                             "letogr",
+                             "search_label",
+                             "SSTab",
+                             "Rich_0",
+                             "Rich_Server_0",
+                             "line_razdel_0",
+                             "frame_button_update_0",
+                             "Rich_Users_0",
+                             "StopScroll_0",
+                             "SayUseOp",
+                             "pers_0",
+                             "perecodirovka_label",
+                             "intonacia_0",
+                             "msg_0",
+                             "button_say_0",
+                             "button_clear_0"})
       controls += windows.Find(name);
     auto* ground = windows.Find("ground");
     const auto place = [&](QWidget* control) {

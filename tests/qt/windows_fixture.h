@@ -64,6 +64,12 @@ struct Windows {
   std::unique_ptr<client_main> window;
 };
 
+// Waits until the window is the active one itself, not only by an owner that is.
+inline void WaitUntilActive(QWidget* window) {
+  if (!QTest::qWaitFor([&] { return QApplication::activeWindow() == window; }))
+    qFatal("the window is not active");
+}
+
 // What a message box showed.
 struct SeenBox {
   QString title, text;
@@ -71,8 +77,8 @@ struct SeenBox {
   qsizetype buttons = 0;
 };
 
-// Answers the message box that comes up while `action` runs: with Enter, or with one of its buttons.
-// Fails if none comes up.
+// Answers the message box that comes up while `action` runs: with Enter, or with one of its
+// buttons. Fails if none comes up.
 template <class Action>
 SeenBox AnswerBox(QMessageBox::StandardButton button, Action action) {
   std::optional<SeenBox> seen;
@@ -90,7 +96,8 @@ SeenBox AnswerBox(QMessageBox::StandardButton button, Action action) {
   });
   look.start(5);
   action();
-  for (int i = 0; i < 200 && !seen; ++i) QTest::qWait(5);
+  for (int i = 0; i < 200 && !seen; ++i)
+    QTest::qWait(5);
   if (!seen) {
     QTest::qFail("no message box came up", __FILE__, __LINE__);
     return {};

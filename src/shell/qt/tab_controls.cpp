@@ -65,6 +65,8 @@ TabControls NewTabControls(QWidget* ground, TabSession& tab, int slot) {
   c.Rich_Users = NewPaneWidget(tab.Rich_Users, ground);
   c.Rich_Server = NewPaneWidget(tab.Rich_Server, ground);
   c.Rich_Server->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  // The program selects the answer to colour it; nobody is to see that.
+  tab.Rich_Server.HideSelection(true);
   c.StopScroll = new QCheckBox(ground);
   c.StopScroll->setFont(LabelFont());
   c.pers = new LinkLabel(ground);
