@@ -1,7 +1,7 @@
 #include "platform/pane_block.h"
 
 #include <algorithm>
-#include <iterator>
+#include <array>
 
 namespace parlorwire {
 
@@ -21,7 +21,8 @@ std::uint16_t Offset(std::size_t offset) {
 }
 
 // Appends a run that ends at `end`, or lengthens the last one if it looks the same.
-void Push(std::vector<PaneBlockRun>& runs, PaneLookId look, std::size_t end) {
+template <class Runs>
+void Push(Runs& runs, PaneLookId look, std::size_t end) {
   if (!runs.empty() && runs.back().look == look && !IsPicture(look))
     runs.back().end = Offset(end);
   else
@@ -31,16 +32,51 @@ void Push(std::vector<PaneBlockRun>& runs, PaneLookId look, std::size_t end) {
 // Puts `fresh` in the place of the elements [first, last).
 template <class Element>
 void Splice(std::vector<Element>& all, std::size_t first, std::size_t last,
-            const std::vector<Element>& fresh) {
+            std::span<const Element> fresh) {
   const std::size_t common = std::min(last - first, fresh.size());
   const auto at = all.begin() + static_cast<Difference>(first);
   std::copy_n(fresh.begin(), common, at);
   const auto behind = at + static_cast<Difference>(common);
   if (common < last - first)
     all.erase(behind, all.begin() + static_cast<Difference>(last));
-  else
+  else if (common < fresh.size())
     all.insert(behind, fresh.begin() + static_cast<Difference>(common), fresh.end());
 }
+
+// The runs around an edit: the neighbours, what is left of the runs that are cut, and the new one.
+struct RunsAround {
+  std::array<PaneBlockRun, 5> runs;
+  std::size_t count = 0;
+
+  bool empty() const { return count == 0; }
+  PaneBlockRun& back() { return runs[count - 1]; }
+  void push_back(PaneBlockRun run) { runs[count++] = run; }
+  operator std::span<const PaneBlockRun>() const { return {runs.data(), count}; }
+};
+
+// The offsets of CR and LF from `begin` to `end`, in order, then `end`.
+class BreakCharacters {
+ public:
+  BreakCharacters(std::string_view text, std::size_t begin, std::size_t end)
+      : text_(text.substr(0, end)), cr_(Find(kCr, begin)), lf_(Find(kLf, begin)) {}
+
+  std::size_t offset() const { return std::min(cr_, lf_); }
+  void Next() {
+    if (cr_ < lf_)
+      cr_ = Find(kCr, cr_ + 1);
+    else
+      lf_ = Find(kLf, lf_ + 1);
+  }
+
+ private:
+  std::size_t Find(char c, std::size_t from) const {
+    return std::min(text_.find(c, from), text_.size());
+  }
+
+  std::string_view text_;
+  std::size_t cr_;
+  std::size_t lf_;
+};
 
 template <class Element>
 void GiveBackSlack(std::vector<Element>& all, std::size_t allowed) {
@@ -56,6 +92,10 @@ std::size_t BytesOf(const std::vector<Element>& all) {
 }  // namespace
 
 std::size_t PaneBlock::RunAt(std::size_t offset) const {
+  // Mostly it is one of the last.
+  std::size_t last = runs_.size() - 1;
+  for (int tries = 0; tries < 4; ++tries, --last)
+    if (last == 0 || runs_[last - 1].end <= offset) return last;
   const auto run = std::ranges::upper_bound(runs_, offset, {}, &PaneBlockRun::end);
   return static_cast<std::size_t>(run - runs_.begin());
 }
@@ -76,7 +116,7 @@ void PaneBlock::ReserveText(std::size_t size) {
 }
 
 std::size_t PaneBlock::ReplaceRuns(std::size_t first, std::size_t last,
-                                   const std::vector<PaneBlockRun>& fresh) {
+                                   std::span<const PaneBlockRun> fresh) {
   const std::size_t size = runs_.size() - (last - first) + fresh.size();
   if (sealed_ && size > runs_.capacity()) runs_.reserve(size + kSpareRuns);
   const std::size_t shifted = fresh.size() == last - first ? 0 : runs_.size() - last;
@@ -88,13 +128,14 @@ std::size_t PaneBlock::ReplaceRuns(std::size_t first, std::size_t last,
 // character before and the two behind, its length on the three before.
 void PaneBlock::FindBreaks(std::size_t first_end, std::size_t last_end,
                            std::vector<PaneBreak>& found) const {
-  for (std::size_t end = std::max<std::size_t>(first_end, 1); end <= last_end; ++end) {
-    const char c = text_[end - 1];
-    if (c == kLf) {
+  const std::size_t first = first_end == 0 ? 0 : first_end - 1;
+  for (BreakCharacters at(text(), first, last_end); at.offset() < last_end; at.Next()) {
+    const std::size_t end = at.offset() + 1;
+    if (text_[end - 1] == kLf) {
       const bool after_cr = end >= 2 && text_[end - 2] == kCr;
       const bool after_two = after_cr && end >= 3 && text_[end - 3] == kCr;
       found.emplace_back(end, after_two ? 3U : after_cr ? 2U : 1U);
-    } else if (c == kCr) {
+    } else {
       const bool before_lf = end < size() && text_[end] == kLf;
       const bool before_cr_lf = end + 1 < size() && text_[end] == kCr && text_[end + 1] == kLf;
       if (!before_lf && !before_cr_lf) found.emplace_back(end, 1U);
@@ -104,8 +145,6 @@ void PaneBlock::FindBreaks(std::size_t first_end, std::size_t last_end,
 
 std::size_t PaneBlock::Replace(std::size_t begin, std::size_t end, std::string_view text,
                                PaneLookId look) {
-  static thread_local std::vector<PaneBlockRun> fresh_runs;
-  static thread_local std::vector<PaneBreak> fresh_breaks;
   const std::size_t old_size = size();
   const std::size_t new_end = begin + text.size();
   const auto growth = static_cast<Difference>(text.size()) - static_cast<Difference>(end - begin);
@@ -115,7 +154,7 @@ std::size_t PaneBlock::Replace(std::size_t begin, std::size_t end, std::string_v
   std::size_t first = begin == old_size ? runs_.size() : RunAt(begin);
   const std::size_t behind = end == old_size ? runs_.size() : RunAt(end);
   const std::size_t first_start = first == 0 ? 0 : runs_[first - 1].end;
-  fresh_runs.clear();
+  RunsAround fresh_runs;
   if (first > 0) Push(fresh_runs, runs_[first - 1].look, first_start);
   if (first_start < begin) Push(fresh_runs, runs_[first].look, begin);
   if (!text.empty()) Push(fresh_runs, look, new_end);
@@ -147,19 +186,45 @@ std::size_t PaneBlock::Replace(std::size_t begin, std::size_t end, std::string_v
     const auto shifted = static_cast<Difference>(breaks_[i].end()) + growth;
     breaks_[i] = PaneBreak(static_cast<std::size_t>(shifted), breaks_[i].length());
   }
-  fresh_breaks.clear();
-  FindBreaks(first_end, std::min(new_end + 2, size()), fresh_breaks);
-  Splice(breaks_, first_break, last_break, fresh_breaks);
+  const std::size_t last_end = std::min(new_end + 2, size());
+  if (last_break == breaks_.size()) {
+    breaks_.erase(breaks_.begin() + static_cast<Difference>(first_break), breaks_.end());
+    FindBreaks(first_end, last_end, breaks_);
+  } else {
+    std::vector<PaneBreak> fresh_breaks;
+    FindBreaks(first_end, last_end, fresh_breaks);
+    Splice<PaneBreak>(breaks_, first_break, last_break, fresh_breaks);
+  }
   return moved;
+}
+
+// The same within one run, which is the usual case.
+bool PaneBlock::FormatInRun(std::size_t run, std::size_t begin, std::size_t end,
+                            const PaneLookChange& change, PaneFormats& formats,
+                            std::size_t& moved) {
+  const PaneBlockRun old_run = runs_[run];
+  const std::size_t start = run == 0 ? 0 : runs_[run - 1].end;
+  const PaneLook& old_look = formats.Look(old_run.look);
+  const PaneLook new_look = change.AppliedTo(old_look);
+  if (new_look == old_look) return false;
+  const PaneLookId look = formats.Intern(new_look);
+  RunsAround fresh;
+  if (run > 0) Push(fresh, runs_[run - 1].look, start);
+  if (start < begin) Push(fresh, old_run.look, begin);
+  Push(fresh, look, end);
+  if (end < old_run.end) Push(fresh, old_run.look, old_run.end);
+  if (run + 1 < runs_.size()) Push(fresh, runs_[run + 1].look, runs_[run + 1].end);
+  moved += ReplaceRuns(run == 0 ? 0 : run - 1, std::min(run + 2, runs_.size()), fresh);
+  return true;
 }
 
 bool PaneBlock::Format(std::size_t begin, std::size_t end, const PaneLookChange& change,
                        PaneFormats& formats, std::size_t& moved) {
-  static thread_local std::vector<PaneBlockRun> fresh;
   std::size_t first = RunAt(begin);
   std::size_t last = first;  // the run that holds the last character
   const std::size_t first_start = first == 0 ? 0 : runs_[first - 1].end;
-  fresh.clear();
+  if (runs_[first].end >= end) return FormatInRun(first, begin, end, change, formats, moved);
+  std::vector<PaneBlockRun> fresh;
   if (first > 0) Push(fresh, runs_[first - 1].look, first_start);
   if (first_start < begin) Push(fresh, runs_[first].look, begin);
   bool changed = false;

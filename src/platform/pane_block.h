@@ -4,16 +4,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
 #include "platform/pane_formats.h"
 
 namespace parlorwire {
-
-// A block is filled up to the target by writing at its end, and up to the limit by writing inside.
-inline constexpr std::size_t kPaneBlockTarget = 4096;
-inline constexpr std::size_t kPaneBlockLimit = 8192;
 
 // The characters from the end of the run before up to `end` have one look. A picture is a run of
 // its own, of one character; no other run has the look of its neighbour.
@@ -73,8 +70,9 @@ class PaneBlock {
 
  private:
   void ReserveText(std::size_t size);
-  std::size_t ReplaceRuns(std::size_t first, std::size_t last,
-                          const std::vector<PaneBlockRun>& fresh);
+  std::size_t ReplaceRuns(std::size_t first, std::size_t last, std::span<const PaneBlockRun> fresh);
+  bool FormatInRun(std::size_t run, std::size_t begin, std::size_t end,
+                   const PaneLookChange& change, PaneFormats& formats, std::size_t& moved);
   void FindBreaks(std::size_t first_end, std::size_t last_end, std::vector<PaneBreak>& found) const;
 
   std::vector<char> text_;

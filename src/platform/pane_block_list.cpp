@@ -25,21 +25,19 @@ std::size_t FirstAbove(const std::vector<Totals>& all, Value value, Member membe
 
 }  // namespace
 
-PaneBlockList::PaneBlockList() : groups_(1), groups_totals_(1) {
+PaneBlockList::PaneBlockList(PaneBlockSizes sizes) : sizes_(sizes), groups_(1), groups_totals_(1) {
   groups_[0].blocks.push_back(std::make_unique<PaneBlock>());
   groups_[0].totals.emplace_back();
+  FindLast();
 }
 
 PaneBlockPlace PaneBlockList::PlaceAt(std::size_t group, std::size_t index) const {
   return {group, index, groups_[group].blocks[index].get()};
 }
 
-PaneBlockPlace PaneBlockList::Last() const {
-  return PlaceAt(groups_.size() - 1, groups_.back().blocks.size() - 1);
-}
-
-bool PaneBlockList::IsLast(const PaneBlockPlace& place) const {
-  return place.group + 1 == groups_.size() && place.index + 1 == groups_.back().blocks.size();
+void PaneBlockList::FindLast() {
+  last_ = PlaceAt(groups_.size() - 1, groups_.back().blocks.size() - 1);
+  last_ahead_ = AheadOfInner(last_);
 }
 
 PaneBlockPlace PaneBlockList::Next(const PaneBlockPlace& place) const {
@@ -53,9 +51,7 @@ PaneBlockPlace PaneBlockList::Previous(const PaneBlockPlace& place) const {
   return PlaceAt(place.group - 1, groups_[place.group - 1].blocks.size() - 1);
 }
 
-PaneBlockPlace PaneBlockList::Holding(PanePosition position) const {
-  const PaneBlockPlace last = Last();
-  if (position >= Length() - static_cast<PanePosition>(last.block->size())) return last;
+PaneBlockPlace PaneBlockList::Search(PanePosition position) const {
   using OfGroup = Totals<std::int64_t>;
   using OfBlock = Totals<std::uint32_t>;
   const std::size_t group = FirstAbove(groups_totals_, position, &OfGroup::characters);
@@ -66,8 +62,7 @@ PaneBlockPlace PaneBlockList::Holding(PanePosition position) const {
 }
 
 PaneBlockPlace PaneBlockList::HoldingBreak(std::int64_t number) const {
-  const PaneBlockPlace last = Last();
-  if (number >= Breaks() - static_cast<std::int64_t>(last.block->breaks().size())) return last;
+  if (number >= last_ahead_.breaks) return last_;
   using OfGroup = Totals<std::int64_t>;
   using OfBlock = Totals<std::uint32_t>;
   const std::size_t group = FirstAbove(groups_totals_, number, &OfGroup::breaks);
@@ -76,7 +71,7 @@ PaneBlockPlace PaneBlockList::HoldingBreak(std::int64_t number) const {
                                    static_cast<std::uint32_t>(number - ahead), &OfBlock::breaks));
 }
 
-PaneBlockList::Totals<std::int64_t> PaneBlockList::Ahead(const PaneBlockPlace& place) const {
+PaneBlockList::Totals<std::int64_t> PaneBlockList::AheadOfInner(const PaneBlockPlace& place) const {
   Totals<std::int64_t> ahead;
   if (place.group > 0) ahead = groups_totals_[place.group - 1];
   if (place.index > 0) {
@@ -85,14 +80,6 @@ PaneBlockList::Totals<std::int64_t> PaneBlockList::Ahead(const PaneBlockPlace& p
     ahead.breaks += in_group.breaks;
   }
   return ahead;
-}
-
-PanePosition PaneBlockList::Start(const PaneBlockPlace& place) const {
-  return Ahead(place).characters;
-}
-
-std::int64_t PaneBlockList::FirstBreak(const PaneBlockPlace& place) const {
-  return Ahead(place).breaks;
 }
 
 void PaneBlockList::Add(const PaneBlockPlace& place, std::int64_t characters, std::int64_t breaks) {
@@ -108,9 +95,22 @@ void PaneBlockList::Add(const PaneBlockPlace& place, std::int64_t characters, st
     groups_totals_[i].characters += characters;
     groups_totals_[i].breaks += breaks;
   }
+  last_ahead_.characters += characters;
+  last_ahead_.breaks += breaks;
 }
 
 void PaneBlockList::Update(const PaneBlockPlace& place) {
+  if (IsLast(place)) {
+    const auto characters = static_cast<PanePosition>(place.block->size());
+    const auto breaks = static_cast<std::int64_t>(place.block->breaks().size());
+    const auto in_group =
+        place.index == 0 ? Totals<std::uint32_t>{} : groups_[place.group].totals[place.index - 1];
+    groups_[place.group].totals[place.index] = {
+        in_group.characters + static_cast<std::uint32_t>(characters),
+        in_group.breaks + static_cast<std::uint32_t>(breaks)};
+    groups_totals_.back() = {last_ahead_.characters + characters, last_ahead_.breaks + breaks};
+    return;
+  }
   const auto& totals = groups_[place.group].totals;
   const auto ahead = place.index == 0 ? Totals<std::uint32_t>{} : totals[place.index - 1];
   const auto& known = totals[place.index];
@@ -142,7 +142,7 @@ void PaneBlockList::SplitGroup(std::size_t group) {
 PaneBlockPlace PaneBlockList::InsertBehind(PaneBlockPlace& place,
                                            std::unique_ptr<PaneBlock> block) {
   PaneBlockPlace fresh{place.group, place.index + 1, block.get()};
-  if (groups_[place.group].blocks.size() == kGroup) {
+  if (groups_[place.group].blocks.size() == sizes_.group) {
     if (IsLast(place)) {
       groups_.emplace_back();
       groups_totals_.push_back(groups_totals_.back());
@@ -158,6 +158,7 @@ PaneBlockPlace PaneBlockList::InsertBehind(PaneBlockPlace& place,
   const auto ahead = fresh.index == 0 ? Totals<std::uint32_t>{} : group.totals[fresh.index - 1];
   group.blocks.insert(IteratorAt(group.blocks, fresh.index), std::move(block));
   group.totals.insert(IteratorAt(group.totals, fresh.index), ahead);
+  FindLast();
   Update(fresh);
   return fresh;
 }
@@ -168,9 +169,11 @@ void PaneBlockList::Erase(const PaneBlockPlace& place) {
   Group& group = groups_[place.group];
   group.blocks.erase(IteratorAt(group.blocks, place.index));
   group.totals.erase(IteratorAt(group.totals, place.index));
-  if (!group.blocks.empty()) return;
-  groups_.erase(IteratorAt(groups_, place.group));
-  groups_totals_.erase(IteratorAt(groups_totals_, place.group));
+  if (group.blocks.empty()) {
+    groups_.erase(IteratorAt(groups_, place.group));
+    groups_totals_.erase(IteratorAt(groups_totals_, place.group));
+  }
+  FindLast();
 }
 
 std::size_t PaneBlockList::MemoryUsed() const {

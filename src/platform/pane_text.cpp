@@ -138,7 +138,8 @@ void PaneText::Replace(PanePosition start, PanePosition end, std::string_view te
   const std::size_t stop = begin + static_cast<std::size_t>(end - start);
   const std::size_t old_size = place.block->size();
   const bool last = blocks_.IsLast(place);
-  const std::size_t room = last && stop == old_size ? kPaneBlockTarget : kPaneBlockLimit;
+  const std::size_t room =
+      last && stop == old_size ? blocks_.sizes().target : blocks_.sizes().limit;
   const bool fits = stop <= old_size && old_size - (stop - begin) + text.size() <= room;
   // The usual case: the edit stays in one block, away from the borders.
   if (fits && begin >= 2 && (last || stop < old_size)) {
@@ -207,7 +208,7 @@ void PaneText::Insert(PanePosition position, std::string_view text, PaneLookId l
   PaneBlockPlace place = Touch(blocks_.Holding(position));
   std::size_t begin = OffsetIn(place, position);
   const bool at_end = position == Length();
-  if (!at_end && place.block->size() + text.size() <= kPaneBlockLimit) {
+  if (!at_end && place.block->size() + text.size() <= blocks_.sizes().limit) {
     ReplaceIn(place, begin, begin, text, look);
     place.block->Compact();
     return;
@@ -223,8 +224,8 @@ void PaneText::Insert(PanePosition position, std::string_view text, PaneLookId l
   // From here on the text is written at the end of `place`. A short one is not cut.
   while (!text.empty()) {
     const std::size_t size = place.block->size();
-    std::size_t room = size < kPaneBlockTarget ? kPaneBlockTarget - size : 0;
-    if (text.size() > room && text.size() <= kPaneBlockTarget && size > 0) room = 0;
+    std::size_t room = size < blocks_.sizes().target ? blocks_.sizes().target - size : 0;
+    if (text.size() > room && text.size() <= blocks_.sizes().target && size > 0) room = 0;
     const std::size_t cut = SafeCut(text, room);
     if (cut > 0) {
       ReplaceIn(place, size, size, text.substr(0, cut), look);
@@ -261,9 +262,10 @@ void PaneText::MendBorder(const PaneBlockPlace& place) {
 // A block that has become small is joined with the one behind it, unless that is the last.
 void PaneText::JoinSmall(const PaneBlockPlace& place) {
   if (blocks_.IsLast(place)) return;
-  if (place.block->size() >= kPaneBlockTarget / 4) return;
+  if (place.block->size() >= blocks_.sizes().target / 4) return;
   const PaneBlockPlace next = Touch(blocks_.Next(place));
-  if (blocks_.IsLast(next) || place.block->size() + next.block->size() > kPaneBlockTarget) return;
+  if (blocks_.IsLast(next) || place.block->size() + next.block->size() > blocks_.sizes().target)
+    return;
   counters_.runs_moved += place.block->Append(*next.block, 0, next.block->size());
   place.block->Compact();
   blocks_.Erase(next);
@@ -290,7 +292,7 @@ bool PaneText::Format(PanePosition start, PanePosition end, const PaneLookChange
 }
 
 void PaneText::Clear() {
-  blocks_ = PaneBlockList();
+  blocks_ = PaneBlockList(blocks_.sizes());
 }
 
 }  // namespace parlorwire

@@ -26,6 +26,8 @@ struct PaneStretch {
 
 class PaneText {
  public:
+  explicit PaneText(PaneBlockSizes sizes = {}) : blocks_(sizes) {}
+
   PanePosition Length() const { return blocks_.Length(); }
   std::int64_t LineCount() const { return blocks_.Breaks() + 1; }
 

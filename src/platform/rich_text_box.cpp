@@ -52,6 +52,8 @@ struct RichTextBox::Storage {
   void Select(PanePosition start, PanePosition end);
   PaneLook LookOfNextText() const;
   void ChangeLook(const PaneLookChange& change);
+  template <class Value>
+  void Set(PaneLookChange::Member which, Value PaneLook::* member, Value value);
   void Write(std::string_view written, PaneLookId look);
 };
 
@@ -68,7 +70,6 @@ void RichTextBox::Storage::Select(PanePosition start, PanePosition end) {
 }
 
 PaneLook RichTextBox::Storage::LookOfNextText() const {
-  if (pending) return *pending;
   const PanePosition at = selection_start;
   PaneLook look = own_look;
   if (!SelectionIsEmpty())
@@ -83,42 +84,45 @@ PaneLook RichTextBox::Storage::LookOfNextText() const {
 
 void RichTextBox::Storage::ChangeLook(const PaneLookChange& change) {
   if (SelectionIsEmpty()) {
-    pending = change.AppliedTo(LookOfNextText());
+    pending = change.AppliedTo(pending ? *pending : LookOfNextText());
     return;
   }
   const bool changed = text.Format(selection_start, selection_end, change, formats);
   if (changed && view != nullptr) view->FormatChanged(selection_start, selection_end);
 }
 
+template <class Value>
+void RichTextBox::Storage::Set(PaneLookChange::Member which, Value PaneLook::* member,
+                               Value value) {
+  if (SelectionIsEmpty()) {
+    if (!pending) pending = LookOfNextText();
+    (*pending).*member = value;
+  } else {
+    PaneLookChange change{which, {}};
+    change.value.*member = value;
+    ChangeLook(change);
+  }
+}
+
 void RichTextBox::Storage::Write(std::string_view written, PaneLookId look) {
   const PanePosition start = selection_start;
   const PanePosition old_end = selection_end;
   const PanePosition new_end = start + SizeOf(written);
-
-  // A line that starts at the edit, or one character ahead of it, may do so no more: an LF written
-  // behind a CR makes one break of two.
-  const bool line_at_start = text.IsLineStart(start);
-  const bool line_ahead = start > 0 && text.IsLineStart(start - 1);
-  const std::int64_t old_last_line = text.LineAt(old_end);
+  const bool at_line_start = view != nullptr && text.IsLineStart(start);
+  const std::int64_t old_last_line = view == nullptr ? 0 : text.LineAt(old_end);
 
   text.Replace(start, old_end, written, look);
   pending.reset();
   selection_start = selection_end = AheadOfBreak(new_end);
   if (view == nullptr) return;
 
-  PanePosition same_until = std::max<PanePosition>(start - 2, 0);
-  if (line_at_start && text.IsLineStart(start))
-    same_until = start;
-  else if (line_ahead && text.IsLineStart(start - 1))
-    same_until = start - 1;
-  PaneView::TextChange change;
-  change.start = start;
-  change.removed = old_end - start;
-  change.inserted = new_end - start;
-  change.first_line = text.LineAt(same_until);
-  change.lines_removed = old_last_line - change.first_line + 1;
-  change.lines_inserted = text.LineAt(new_end) - change.first_line + 1;
-  view->TextChanged(change);
+  // An edit inside CR CR LF can make a line of the first CR, so what counts is whether a line
+  // started here before. One that did and does no more (an LF came behind a CR) is part of the line
+  // before.
+  const std::int64_t first_line =
+      text.LineAt(at_line_start ? start : std::max<PanePosition>(start - 1, 0));
+  view->TextChanged({start, old_end - start, new_end - start, first_line,
+                     old_last_line - first_line + 1, text.LineAt(new_end) - first_line + 1});
   if (selection_start != start || old_end != start) view->SelectionChanged();
 }
 
@@ -179,45 +183,31 @@ std::string RichTextBox::SelText() const {
 }
 
 void RichTextBox::SelColor(PaneColour colour) {
-  PaneLookChange change{PaneLookChange::kColour, {}};
-  change.value.colour = colour;
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kColour, &PaneLook::colour, colour);
 }
 
 void RichTextBox::SelFontName(std::string_view name) {
-  PaneLookChange change{PaneLookChange::kFont, {}};
-  change.value.font = storage_->formats.InternFont(name);
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kFont, &PaneLook::font, storage_->formats.InternFont(name));
 }
 
 void RichTextBox::SelFontSize(int points) {
-  PaneLookChange change{PaneLookChange::kFontSize, {}};
-  change.value.font_size = points;
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kFontSize, &PaneLook::font_size, points);
 }
 
 void RichTextBox::SelBold(bool on) {
-  PaneLookChange change{PaneLookChange::kBold, {}};
-  change.value.bold = on;
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kBold, &PaneLook::bold, on);
 }
 
 void RichTextBox::SelItalic(bool on) {
-  PaneLookChange change{PaneLookChange::kItalic, {}};
-  change.value.italic = on;
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kItalic, &PaneLook::italic, on);
 }
 
 void RichTextBox::SelUnderline(bool on) {
-  PaneLookChange change{PaneLookChange::kUnderline, {}};
-  change.value.underline = on;
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kUnderline, &PaneLook::underline, on);
 }
 
 void RichTextBox::SelAlignment(PaneAlignment alignment) {
-  PaneLookChange change{PaneLookChange::kAlignment, {}};
-  change.value.alignment = alignment;
-  storage_->ChangeLook(change);
+  storage_->Set(PaneLookChange::kAlignment, &PaneLook::alignment, alignment);
 }
 
 void RichTextBox::SelFormat(const PaneFormat& format) {
@@ -294,7 +284,7 @@ void RichTextBox::BackColor(PaneColour colour) {
 void RichTextBox::ReplaceSel(std::string_view text) {
   Storage& s = *storage_;
   if (text.empty() && s.SelectionIsEmpty()) return;
-  s.Write(text, s.formats.Intern(s.LookOfNextText()));
+  s.Write(text, s.formats.Intern(s.pending ? *s.pending : s.LookOfNextText()));
 }
 
 void RichTextBox::ExSetSel(PanePosition min, PanePosition max) {
@@ -335,7 +325,7 @@ void RichTextBox::VScroll(PaneScroll command) {
 void RichTextBox::PastePicture(std::shared_ptr<const PanePicture> picture) {
   if (picture == nullptr) return;
   Storage& s = *storage_;
-  PaneLook look = s.LookOfNextText();
+  PaneLook look = s.pending ? *s.pending : s.LookOfNextText();
   look.picture = s.formats.InternPicture(picture);
   s.Write(" ", s.formats.Intern(look));
 }

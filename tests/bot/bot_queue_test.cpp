@@ -48,7 +48,7 @@ TEST_F(BotQueueTest, ARequestToTheByte) {
             "Referer: Localhost\r\n"
             "User-Agent: Parlorwire SE\r\n"
             "Content-Type: application/x-www-form-urlencoded\r\n"
-            "Content-Length: 95\r\n"
+            "Content-Length: 89\r\n"
             "\r\n"
             "username=Me&ticket=t&1&channel=talk&chpwd=&reqnum=11111111"
             "&msgtext=/mo -t&msgtext0=/mo -t");

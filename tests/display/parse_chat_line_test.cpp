@@ -53,8 +53,8 @@ INSTANTIATE_TEST_SUITE_P(
         Cut{"FullDate", "..[05/04/2004 23:02:38]alice:() hi", "[05/04/2004 23:02:38]",
             "alice:", "hi", kMessage},
         Cut{"TheTwoCharactersAheadAreNotLookedAt", "[]x:() y", "", "x:", "y", kMessage},
-        Cut{"TheFirstClosingBracketOfTheLineEndsTheTime", ".][x]a:() b", "", "", "[x]a:() b",
-            kSystem},
+        Cut{"TheFirstClosingBracketOfTheLineEndsTheTime", ".][x]a:() b", "", "[x]a:", "b",
+            kMessage},
         Cut{"TimeAlone", "..[1]", "[1]", "", "", kSystem},
         Cut{"Nothing", "..", "", "", "", kSystem}, Cut{"LessThanNothing", "", "", "", "", kSystem},
         Cut{"OneWord", "..[1]hello", "[1]", "", "hello", kSystem},
@@ -95,6 +95,10 @@ TEST(CutChatLineFault, AClosingBracketAheadOfTheTime) {
 }
 
 struct ParseChatLineTest : testing::Test {
+  ParseChatLineTest() {
+    for (TabSession& session : client.tabs)
+      session.Login = "me";
+  }
   SimulatedPlatform platform;
   Client client{platform.Ports()};
 };
@@ -113,7 +117,6 @@ TEST_F(ParseChatLineTest, TellsClientActionOfASystemLineOnceAndBeforeItIsWritten
 
 TEST_F(ParseChatLineTest, TellsClientActionOfNoOtherKind) {
   client.hooks.ClientAction = [](const Text&, int) { ADD_FAILURE(); };
-  client.tab(0).Login = "me";
   ParseChatLine(client, "..[1]a:() b", 0);
   ParseChatLine(client, "..[1] ### a:() b", 0);
   ParseChatLine(client, "..[1]a:() *** b", 0);

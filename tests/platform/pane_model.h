@@ -69,9 +69,13 @@ struct PaneModel {
     end = to;
   }
 
+  // Behind an LF, or behind a CR that belongs to no LF.
   bool IsLineStart(PanePosition position) const {
-    const auto starts = LineStarts(Text());
-    return std::ranges::find(starts, position) != starts.end();
+    if (position == 0) return true;
+    const auto is = [this](PanePosition at, char c) { return at < Length() && At(at).c == c; };
+    if (is(position - 1, '\n')) return true;
+    return is(position - 1, '\r') && !is(position, '\n') &&
+           !(is(position, '\r') && is(position + 1, '\n'));
   }
 
   PaneFormat FormatOfNextText() const {

@@ -21,7 +21,7 @@ using Log = std::vector<std::string>;
 
 // A socket with all its events in a log.
 struct RecordedSocket {
-  explicit RecordedSocket(std::chrono::milliseconds timeout = std::chrono::seconds(21))
+  explicit RecordedSocket(std::chrono::milliseconds timeout = QtWinsock::kConnectTimeout)
       : socket(std::make_unique<QtWinsock>(timeout)) {
     socket->events.Connect = [this] {
       log.push_back("Connect");
@@ -194,6 +194,8 @@ class WinsockTest : public QObject {
     LetTimePass();
     QCOMPARE(recorded.log.size(), std::size_t{1});
   }
+
+  void TheTimeoutIs21Seconds() { QCOMPARE(QtWinsock::kConnectTimeout, std::chrono::seconds(21)); }
 
   void CloseWhileConnectingLeavesNoEvent() {
     LoopbackPeer peer("127.0.0.1", 0);

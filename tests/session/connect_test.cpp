@@ -177,7 +177,7 @@ TEST_F(Connect, ARefusedLoginIsIdleAndNotRetried) {
     chat.tab().Rich.Text("");
     chat.AnswerLogin(Text("HTTP/1.0 200 OK\r\n\r\n<html>") + title + "&ticket=X'");
     EXPECT_TRUE(chat.Pane().ends_with(
-        "[12:00:00] Проверка имени пользователя и пароля... Ошибка: неверные логин или пароль\r\n"_w));
+        "Проверка имени пользователя и пароля... Ошибка: неверные логин или пароль\r\n"_w));
     EXPECT_EQ(shown().caption, "Отключено"_w);
     EXPECT_EQ(chat.platform.desktop.window_caption, "Отключено - Parlorwire"_w);
     EXPECT_TRUE(chat.tab().CloseHandled);

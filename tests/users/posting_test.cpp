@@ -75,7 +75,7 @@ TEST_F(PostingTest, ARequestToTheByte) {
             "Referer: Localhost\r\n"
             "User-Agent: Parlorwire SE\r\n"
             "Content-Type: application/x-www-form-urlencoded\r\n"
-            "Content-Length: 116\r\n"
+            "Content-Length: 110\r\n"
             "\r\n"
             "username=Me&ticket=t&1&channel=talk&chpwd=&reqnum=11111111"
             "&msgtext=hello world&msgtext0=hello world&action=200");

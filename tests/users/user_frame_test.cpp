@@ -165,7 +165,7 @@ TEST_F(UserFrameTest, TheFormIsDecidedByFourLowerCaseCharacters) {
   Frame("<TR>\nbob|[][]''\n");
   EXPECT_THAT(ErrorLog(), testing::HasSubstr("Error 5 "));
   Frame("<tr>bob|[][]''\n");
-  EXPECT_EQ(Shown(), "\r\n\r\n[]''\r\n");
+  EXPECT_EQ(Shown(), "\r\n\r\n[]'' <tr>bob|[]\r\n");
 }
 
 TEST_F(UserFrameTest, NothingButRowsAndBlanksIsAnEmptyList) {

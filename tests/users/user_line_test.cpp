@@ -41,7 +41,7 @@ INSTANTIATE_TEST_SUITE_P(
         Cut{"BarsBehindTheFirstBelongToOthers", kA, "a|[b|c][1]'d|e'", {"a", "1", "[b|c]", "d|e"}},
         Cut{"BracketsInTheNick", kA, "a]b|[+o][1]''", {"a]b", "1", "[+o]", ""}},
         Cut{"BracketsInTheStatus", kA, "a|[+o][1]'x]y'", {"a", "1", "[+o]", "x]y"}},
-        Cut{"TheSearchBeginsBehindTheOpeningBracket", kA, "a|][]x]y", {"a", "]", "][]", "y"}},
+        Cut{"TheSearchBeginsBehindTheOpeningBracket", kA, "a|][]x]y", {"a", "", "][]", "y"}},
         Cut{"OlderSample", kB, "10.0.0.7:[+o]Nick rest", {"Nick", "10.0.0.7", "[+o]", ""}},
         Cut{"OlderNothingKnown", kB, ":[]Nick", {"Nick", "", "", ""}},
         Cut{"OlderWithoutColon", kB, "[+o]Nick", {"Nick", "", "[+o]", ""}},

@@ -6,6 +6,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QHostAddress>
 #include <QHostInfo>
 #include <QPointer>
@@ -68,6 +69,7 @@ bool IsPassing(int error) {
 QtWinsock::QtWinsock(std::chrono::milliseconds connect_timeout)
     : connect_timeout_(connect_timeout) {
   address_timer_.setSingleShot(true);
+  address_timer_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&address_timer_, &QTimer::timeout, &context_,
                    [this] { AddressFailed(ETIMEDOUT); });
 }
@@ -123,15 +125,21 @@ void QtWinsock::LookUp() {
     connect_deadline_ = std::chrono::steady_clock::now() + connect_timeout_;
     return ConnectToNextAddress();
   }
-  QHostInfo::lookupHost(host, &context_, [this, connection = connection_](const QHostInfo& found) {
-    if (connection != connection_) return;
-    if (found.error() == QHostInfo::HostNotFound) return EndByError(kSocketHostNotFound);
-    if (found.error() != QHostInfo::NoError) return EndByError(kSocketTryAgain);
-    addresses_ = found.addresses();
-    last_address_error_ = EADDRNOTAVAIL;
-    connect_deadline_ = std::chrono::steady_clock::now() + connect_timeout_;
-    ConnectToNextAddress();
-  });
+  // Not for context_: the toolkit never frees what it was to call for an object that is gone.
+  const auto found = [this, alive = QPointer<QObject>(&context_),
+                      connection = connection_](const QHostInfo& info) {
+    if (alive && connection == connection_) LookedUp(info);
+  };
+  QHostInfo::lookupHost(host, QCoreApplication::instance(), found);
+}
+
+void QtWinsock::LookedUp(const QHostInfo& info) {
+  if (info.error() == QHostInfo::HostNotFound) return EndByError(kSocketHostNotFound);
+  if (info.error() != QHostInfo::NoError) return EndByError(kSocketTryAgain);
+  addresses_ = info.addresses();
+  last_address_error_ = EADDRNOTAVAIL;
+  connect_deadline_ = std::chrono::steady_clock::now() + connect_timeout_;
+  ConnectToNextAddress();
 }
 
 void QtWinsock::ConnectToNextAddress() {

@@ -12,6 +12,7 @@
 #include "platform/winsock.h"
 
 class QHostAddress;
+class QHostInfo;
 class QSocketNotifier;
 
 namespace parlorwire {
@@ -26,12 +27,14 @@ namespace parlorwire {
 // if
 //   the handler lets the event loop run.
 // - A handler may also destroy the socket that calls it.
+// - Needs a QCoreApplication while it looks names up.
 // - Nothing wakes the process while a connection is silent.
 class QtWinsock : public Winsock {
  public:
   static constexpr std::size_t kReadBudget = 16 * 1024;
+  static constexpr std::chrono::milliseconds kConnectTimeout = std::chrono::seconds(21);
 
-  explicit QtWinsock(std::chrono::milliseconds connect_timeout = std::chrono::seconds(21));
+  explicit QtWinsock(std::chrono::milliseconds connect_timeout = kConnectTimeout);
   ~QtWinsock() override;
 
   void Connect(const Text& host, const Text& port) override;
@@ -45,6 +48,7 @@ class QtWinsock : public Winsock {
   void Later(void (QtWinsock::*member)());
 
   void LookUp();
+  void LookedUp(const QHostInfo& info);
   void ConnectToNextAddress();
   void AddressFailed(int error);
   void ConnectEnded();

@@ -175,7 +175,7 @@ void RichTextView::Restyle(PaneRange stretch) {
   if (stretch.empty()) return;
   restyled_ = restyled_.empty() ? stretch
                                 : PaneRange{std::min(restyled_.start, stretch.start),
-                                              std::max(restyled_.end, stretch.end)};
+                                            std::max(restyled_.end, stretch.end)};
   NoteChange();
 }
 

@@ -12,16 +12,16 @@ namespace {
 
 constexpr qreal kTabStop = 48;  // half an inch
 constexpr char16_t kPictureCharacter = 0x200B;
+constexpr int kBarHeight = 4;
 
-// Control characters are shown by their signs, so that nothing in a line is out of sight.
+// A control character is shown as a dot, so that nothing in a line is out of sight.
 QString Shown(std::string_view text) {
   QString shown = ToQString(text);
   for (QChar& unit : shown) {
     const char16_t code = unit.unicode();
-    if (code < 0x20 && code != '\t') unit = QChar(static_cast<char16_t>(0x2400 + code));
-    if (code == 0x7F) unit = QChar(u'\x2421');
-    if (code == 0x98) unit = QChar(u'\xFFFD');
-    if (code == 0xAD) unit = QChar(u'-');
+    const bool control = (code < 0x20 && code != '\t') || code == 0x7F || code == 0x98;
+    if (control) unit = QChar(u'\xB7');
+    if (code == 0xAD) unit = QLatin1Char('-');  // the hyphen that may break
   }
   return shown;
 }
@@ -82,6 +82,18 @@ int TallestPicture(const FragmentLayout& layout, int start, int end) {
   return height;
 }
 
+// Whether the row is blank from its start to its end.
+bool OnlyBlanks(const FragmentLayout& layout, int start, int end) {
+  const QString& text = layout.text.text();
+  return end > start && std::all_of(text.begin() + start, text.begin() + end,
+                                    [](QChar unit) { return unit == QLatin1Char(' '); });
+}
+
+// A row of nothing but blanks on one back colour is a bar from edge to edge of the view.
+bool IsBar(const FragmentLayout& layout, const FragmentLayout::Back& back, int start, int end) {
+  return back.start <= start && back.end >= end && OnlyBlanks(layout, start, end);
+}
+
 // A picture stands on the row's base line and makes its row higher.
 void BreakIntoRows(FragmentLayout& layout) {
   layout.text.beginLayout();
@@ -92,7 +104,10 @@ void BreakIntoRows(FragmentLayout& layout) {
     const int end = start + line.textLength();
     const int ascent =
         std::max(static_cast<int>(std::ceil(line.ascent())), TallestPicture(layout, start, end));
-    const int height = std::max(ascent + static_cast<int>(std::ceil(line.descent())), 1);
+    const bool bar = std::any_of(layout.backs.begin(), layout.backs.end(),
+                                 [&](const auto& back) { return IsBar(layout, back, start, end); });
+    const int height =
+        std::max(ascent + static_cast<int>(std::ceil(line.descent())), bar ? kBarHeight : 1);
     line.setPosition({0, top + ascent - line.ascent()});
     layout.rows.push_back({start, end, top, height});
     top += height;
@@ -103,13 +118,6 @@ void BreakIntoRows(FragmentLayout& layout) {
 
 QTextLine LineOf(const FragmentLayout& layout, int row) {
   return layout.text.lineAt(row);
-}
-
-// Whether the row is blank from its start to its end.
-bool OnlyBlanks(const FragmentLayout& layout, const FragmentLayout::Row& row) {
-  const QString& text = layout.text.text();
-  return row.end > row.start && std::all_of(text.begin() + row.start, text.begin() + row.end,
-                                            [](QChar unit) { return unit == QLatin1Char(' '); });
 }
 
 qreal XIn(const QTextLine& line, int index) {
@@ -157,20 +165,30 @@ int RowAt(const FragmentLayout& layout, int y) {
   return std::max(static_cast<int>(row - layout.rows.begin()) - 1, 0);
 }
 
+// By the same edges that painting goes by. (The toolkit's own search counts all blanks at a row's
+// end as one.) The code page has no letters that run to the left, so the edges are in order.
 int CharacterAt(const FragmentLayout& layout, int x, int y) {
   if (layout.length == 0) return 0;
   const int number = RowAt(layout, y);
   const auto& row = layout.rows[static_cast<std::size_t>(number)];
   const QTextLine line = LineOf(layout, number);
   if (x >= XIn(line, row.end)) return row.end;
-  return std::clamp(line.xToCursor(x, QTextLine::CursorOnCharacter), row.start, row.end);
+  int index = row.start;
+  for (int end = row.end; end - index > 1;) {
+    const int middle = index + (end - index) / 2;
+    (XIn(line, middle) <= x ? index : end) = middle;
+  }
+  return index;
 }
 
 int BorderAt(const FragmentLayout& layout, int x, int y) {
   if (layout.length == 0) return 0;
   const int number = RowAt(layout, y);
   const auto& row = layout.rows[static_cast<std::size_t>(number)];
-  return std::clamp(LineOf(layout, number).xToCursor(x), row.start, row.end);
+  const int index = CharacterAt(layout, x, y);
+  if (index == row.end) return index;
+  const QTextLine line = LineOf(layout, number);
+  return x - XIn(line, index) < XIn(line, index + 1) - x ? index : index + 1;
 }
 
 qreal XOf(const FragmentLayout& layout, int index) {
@@ -199,12 +217,11 @@ void FillStretch(QPainter& painter, const FragmentLayout& layout, int number, QP
   painter.fillRect(QRectF(at.x() + left, at.y() + row.top, right - left, row.height), colour);
 }
 
-// A row of nothing but blanks on a back colour is a bar from edge to edge of the view.
 void PaintBacks(QPainter& painter, const FragmentLayout& layout, int number, QPointF at) {
   const auto& row = layout.rows[static_cast<std::size_t>(number)];
   for (const auto& back : layout.backs) {
     if (back.end <= row.start || back.start >= row.end) continue;
-    if (back.start <= row.start && back.end >= row.end && OnlyBlanks(layout, row))
+    if (IsBar(layout, back, row.start, row.end))
       painter.fillRect(QRectF(0, at.y() + row.top, layout.width + 2 * at.x(), row.height),
                        back.colour);
     else

@@ -50,7 +50,8 @@ QImage ReadAt(const PanePicture& picture, QSize wanted) {
 
 }  // namespace
 
-ToolkitPictures::Entry& ToolkitPictures::EntryOf(const std::shared_ptr<const PanePicture>& picture) {
+ToolkitPictures::Entry& ToolkitPictures::EntryOf(
+    const std::shared_ptr<const PanePicture>& picture) {
   if (const auto found = entries_.find(picture.get()); found != entries_.end())
     return found->second;
   if (entries_.size() >= kPicturesKept) entries_.clear();
