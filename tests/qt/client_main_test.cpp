@@ -343,10 +343,12 @@ class ClientMainTest : public QObject {
     QCOMPARE(app.rFontMain.Size, 17);
     QVERIFY(!app.rFontMain.Bold);
     choose("font_system", true);
-    QVERIFY(app.rFontSystem.Bold && !app.rFontSystem.Italic);
+    QVERIFY(app.rFontSystem.Bold);
+    QVERIFY(!app.rFontSystem.Italic);
     QCOMPARE(app.rFontSystem.Size, 17);
     choose("font_client", false);
-    QVERIFY(app.rFontStatus.Bold && !app.rFontStatus.Italic);
+    QVERIFY(app.rFontStatus.Bold);
+    QVERIFY(!app.rFontStatus.Italic);
     QCOMPARE(app.rFontStatus.Name, Text("DejaVu Sans"));
   }
 

@@ -10,6 +10,9 @@
 
 namespace parlorwire {
 
+// Schemes whose pages the test catches, so that nothing is really opened.
+constexpr const char* kSchemes[] = {"http", "https", "ftp", "file", "mailto", "javascript"};
+
 class LinksAndButtonsTest : public QObject {
   Q_OBJECT
 
@@ -18,8 +21,10 @@ class LinksAndButtonsTest : public QObject {
 
  private slots:
   void initTestCase() {
-    for (const char* scheme : {"http", "https", "ftp", "file", "mailto", "javascript"})
-      QDesktopServices::setUrlHandler(scheme, this, "Open");
+    for (const char* scheme : kSchemes) QDesktopServices::setUrlHandler(scheme, this, "Open");
+  }
+  void cleanupTestCase() {
+    for (const char* scheme : kSchemes) QDesktopServices::unsetUrlHandler(scheme);
   }
   void init() { opened_.clear(); }
 
