@@ -26,6 +26,6 @@ int main(int argc, char** argv) {
   QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
                    [&window] { window.close(); });
   window.Load();
-  window.show();
+  window.ShowAfterSplash();
   return QApplication::exec();
 }
