@@ -153,6 +153,7 @@ void PaneText::Replace(PanePosition start, PanePosition end, std::string_view te
 }
 
 void PaneText::Remove(PanePosition start, PanePosition end) {
+  if (start == 0 && end == Length()) return Clear();
   PaneBlockPlace first = Touch(blocks_.Holding(start));
   const std::size_t begin = OffsetIn(first, start);
   auto left = static_cast<std::size_t>(end - start);
