@@ -8,9 +8,11 @@ namespace parlorwire {
 // The Windows Sockets number of a POSIX errno value; 10022 for one without a counterpart.
 int SocketErrorFromErrno(int error);
 
-// The classic English description of a Windows Sockets number.
+// The classic English description of a Windows Sockets number; "Unknown error" for a number that
+// SocketErrorFromErrno never gives and that no look-up of a name ends with.
 Text SocketErrorDescription(int number);
 
+inline constexpr int kSocketInvalidArgument = 10022;
 inline constexpr int kSocketAddressNotAvailable = 10049;
 inline constexpr int kSocketConnectionAborted = 10053;
 inline constexpr int kSocketConnectionReset = 10054;

@@ -1,0 +1,37 @@
+#include "platform/qt/qt_platform.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QStandardPaths>
+#include <QString>
+
+#include "platform/application_folder.h"
+#include "platform/qt/qt_timer.h"
+#include "platform/qt/qt_winsock.h"
+
+namespace parlorwire {
+namespace {
+
+std::filesystem::path NativePath(const QString& path) {
+  return QFile::encodeName(path).toStdString();
+}
+
+}  // namespace
+
+Platform QtPlatform::Ports(Desktop& desktop) {
+  return {files,
+          clock,
+          random,
+          clipboard,
+          desktop,
+          [] { return std::make_unique<QtWinsock>(); },
+          [] { return std::make_unique<QtTimer>(); }};
+}
+
+std::filesystem::path DesktopApplicationFolder() {
+  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  return ApplicationFolder(NativePath(QCoreApplication::applicationDirPath()),
+                           NativePath(data) / "parlorwire");
+}
+
+}  // namespace parlorwire

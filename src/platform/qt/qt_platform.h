@@ -1,0 +1,32 @@
+// The ports of a real desktop, all but the windows.
+#pragma once
+
+#include <filesystem>
+
+#include "platform/platform.h"
+#include "platform/posix_files.h"
+#include "platform/qt/qt_clipboard.h"
+#include "platform/qt/qt_clock.h"
+#include "platform/system_random.h"
+
+namespace parlorwire {
+
+// Owns what it hands out. Needs a QGuiApplication while it is used.
+struct QtPlatform {
+  // `application_folder` is what DesktopApplicationFolder gives, or any other that is to be used.
+  explicit QtPlatform(std::filesystem::path application_folder)
+      : files(std::move(application_folder)) {}
+
+  Platform Ports(Desktop& desktop);
+
+  PosixFiles files;
+  QtClock clock;
+  SystemRandom random;
+  QtClipboard clipboard;
+};
+
+// The application folder of the running program. The user's data folder is "parlorwire" in
+// $XDG_DATA_HOME, or in ~/.local/share without that.
+std::filesystem::path DesktopApplicationFolder();
+
+}  // namespace parlorwire
