@@ -28,10 +28,12 @@ class Desktop {
   virtual bool IsActiveWindow() const = 0;
 
   // Enables or disables what a tab without a connection can't use: `msg` (locked), `intonacia`,
-  // `button_clear`, `button_say`, `pers`, `button_update` of the tab, and the shared labels `logoff`,
-  // `logout`, `close_tab`, `hist_topic`, `letogr`, `sp_bans`, `sp_opers`.
+  // `button_clear`, `button_say`, `pers`, `button_update` of the tab, and the shared labels
+  // `logoff`, `logout`, `close_tab`, `hist_topic`, `letogr`, `sp_bans`, `sp_opers`.
   virtual void SetTabControlsEnabled(int tab, bool enabled) = 0;
   virtual void SetCloseTabEnabled(bool enabled) = 0;
+  // The shared labels but `close_tab`.
+  virtual void SetSharedLinksEnabled(bool enabled) = 0;
 
   // The controls of a tab.
   virtual bool StopScroll(int tab) const = 0;
@@ -43,7 +45,7 @@ class Desktop {
   virtual void SelectIntonacia(int tab, int index) = 0;    // 0-based
   virtual Text UsersNumCaption(int tab) const = 0;
   virtual void SetUsersNumCaption(int tab, const Text& caption) = 0;
-  virtual void SetPersRed(int tab, bool red) = 0;          // else its normal colour
+  virtual void SetPersRed(int tab, bool red) = 0;  // else its normal colour
 
   // The check box `SayUseOp`, one for all tabs.
   virtual bool SayUseOpChecked() const = 0;
@@ -51,7 +53,7 @@ class Desktop {
 
   // A message box with the caption "Parlorwire" that waits for the user.
   virtual void MessageBox(const Text& text, BoxIcon icon) = 0;
-  // The same with the answers yes and no, none of them preselected. True on yes.
+  // The same with the answers yes and no, no preselected. True on yes.
   virtual bool AskYesNo(const Text& text, BoxIcon icon) = 0;
 
   // The language of the fixed texts, 1 Russian or 2 English.

@@ -27,12 +27,12 @@ class Files {
 
   virtual Text Read(const Text& name) const = 0;
 
-  // Gives the file this content and no other. Atomic: after a failure, or if the process dies at any
-  // moment, the file has either its old content or the new one, whole.
+  // Gives the file this content and no other. Atomic: after a failure, or if the process dies at
+  // any moment, the file has either its old content or the new one, whole.
   virtual void Replace(const Text& name, const Text& content) = 0;
 
-  // Writes `bytes` into the file from position `at` on, 1-based, creating it if need be. What stands
-  // behind the written bytes stays. at < 1: Fault 63. A gap is filled with zeros.
+  // Writes `bytes` into the file from position `at` on, 1-based, creating it if need be. What
+  // stands behind the written bytes stays. at < 1: Fault 63. A gap is filled with zeros.
   virtual void WriteAt(const Text& name, std::int64_t at, const Text& bytes) = 0;
 
   // Puts `bytes` behind the last byte, creating the file if need be.

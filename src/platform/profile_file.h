@@ -8,8 +8,8 @@
 
 namespace parlorwire {
 
-// The value of a key in the text of such a file, at most buffer_size - 1 bytes of it; "" if there is
-// none. Of several sections or keys of one name the first counts; names compare without case.
+// The value of a key in the text of such a file, at most buffer_size - 1 bytes of it; "" if there
+// is none. Of several sections or keys of one name the first counts; names compare without case.
 Text ReadProfileValue(std::string_view file, std::string_view section, std::string_view key,
                       std::size_t buffer_size);
 

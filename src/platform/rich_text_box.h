@@ -4,9 +4,9 @@
 // Positions are 0-based and lie between characters. The text is Windows-1251. A line break written
 // as CR LF takes two positions, a picture takes one and reads as a blank. Colours are 0x00BBGGRR.
 //
-// Writing is "select, set the format, replace the selection". A pane grows all day, so the text lies
-// in blocks of bounded size: appending, formatting, finding a line and cutting one out cost the same
-// in a pane of a thousand lines and of a million.
+// Writing is "select, set the format, replace the selection". A pane grows all day, so the text
+// lies in blocks of bounded size: appending, formatting, finding a line and cutting one out cost
+// the same in a pane of a thousand lines and of a million.
 #pragma once
 
 #include <cstdint>
@@ -100,8 +100,8 @@ class PaneView {
 
   virtual PaneScrollInfo GetScrollInfo() const = 0;
 
-  // The character under a point of the view, in device-independent pixels: the position ahead of it.
-  // Behind a line's end: the end of the line.
+  // The character under a point of the view, in device-independent pixels: the position ahead of
+  // it. Behind a line's end: the end of the line.
   virtual PanePosition CharFromPos(int x, int y) const = 0;
 };
 
@@ -161,13 +161,13 @@ class RichTextBox {
 
   // ---- the messages it answers ----
 
-  void ReplaceSel(std::string_view text);               // EM_REPLACESEL
-  void ExSetSel(PanePosition min, PanePosition max);    // EM_EXSETSEL; (0, -1) selects all
-  PanePosition CharFromPos(int x, int y) const;         // EM_CHARFROMPOS; 0 without a view
-  void SetCharFormat(PaneColour back, PaneColour text); // EM_SETCHARFORMAT, mask 0x44000000
-  void SetRedraw(bool on);                              // WM_SETREDRAW
+  void ReplaceSel(std::string_view text);                // EM_REPLACESEL
+  void ExSetSel(PanePosition min, PanePosition max);     // EM_EXSETSEL; (0, -1) selects all
+  PanePosition CharFromPos(int x, int y) const;          // EM_CHARFROMPOS; 0 without a view
+  void SetCharFormat(PaneColour back, PaneColour text);  // EM_SETCHARFORMAT, mask 0x44000000
+  void SetRedraw(bool on);                               // WM_SETREDRAW
   bool Redraw() const;
-  void VScroll(PaneScroll command);                     // WM_VSCROLL
+  void VScroll(PaneScroll command);  // WM_VSCROLL
   // WM_PASTE of a picture: replaces the selection with it.
   void PastePicture(std::shared_ptr<const PanePicture> picture);
   // Without a view there is nothing to scroll: all zero.
@@ -177,7 +177,8 @@ class RichTextBox {
 
   // The characters in [start, end), clamped to the text.
   std::string TextBetween(PanePosition start, PanePosition end) const;
-  // The runs that cover [start, end), in order, cut at both ends; neighbours of equal format are one.
+  // The runs that cover [start, end), in order, cut at both ends; neighbours of equal format are
+  // one.
   std::vector<PaneRun> RunsBetween(PanePosition start, PanePosition end) const;
   std::vector<PaneRun> Runs() const;
 

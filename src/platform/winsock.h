@@ -14,8 +14,8 @@ enum class SocketState {
   kClosed = 0,
   kConnecting = 6,  // from Connect until the connection stands or fails, name resolution included
   kConnected = 7,
-  kClosing = 8,     // the peer has closed; Close has not been called yet
-  kError = 9,       // an error was reported; Close has not been called yet
+  kClosing = 8,  // the peer has closed; Close has not been called yet
+  kError = 9,    // an error was reported; Close has not been called yet
 };
 
 // What the logic may rely on:

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "platform/rich_text_box.h"
+#include "session/nick_colours.h"
 #include "text/text.h"
 
 namespace parlorwire {
@@ -74,7 +75,8 @@ struct AppState {
   // both questions occur.
   UiLanguage Language = UiLanguage::kRussian;
 
-  // The endpoint of the chat service, used for every connect without a proxy and in every Host line.
+  // The endpoint of the chat service, used for every connect without a proxy and in every Host
+  // line.
   Text ChatHost;
   Text ChatPort = "80";
   Text ChatHostByName = "localhost";
@@ -92,6 +94,8 @@ struct AppState {
   RichColors rRichColors;
   PaneColour MainBackColor = Rgb(233, 235, 231);
 
+  NickColours CmIniText;  // the text of CM.ini: the colours of nicks
+
   // Saved logins, by the number in their keys. The list of nicks that the dialog shows skips empty
   // nicks, so its positions and these numbers may part.
   std::array<Text, kMaxLogins> SavedPassword;
@@ -100,11 +104,11 @@ struct AppState {
   std::int16_t LoginCount = 0;
   std::int16_t LastLoginIndex = 0;
 
-  bool AutoKick = false;        // the menu item akick_enabled is checked
-  bool SayIPAndFlags = false;   // the menu item say_ip_and_flags is checked
-  Text DisableKickChannels;     // channels separated by blanks
-  Text AutoKickText;            // the whole of AutoKick.lst
-  Text IpLogText;               // the whole of IPlog.log
+  bool AutoKick = false;       // the menu item akick_enabled is checked
+  bool SayIPAndFlags = false;  // the menu item say_ip_and_flags is checked
+  Text DisableKickChannels;    // channels separated by blanks
+  Text AutoKickText;           // the whole of AutoKick.lst
+  Text IpLogText;              // the whole of IPlog.log
 
   // Spam rules: a line fires on SpamHost with its scheme, and on SpamDomain without the one
   // subdomain that is allowed.

@@ -4,8 +4,7 @@ namespace parlorwire {
 
 Client::Client(const Platform& ports) : platform(ports) {
   for (TabSession& tab : tabs) {
-    for (auto* socket :
-         {&tab.Winsock1, &tab.Winsock2, &tab.Winsock3, &tab.Winsock4, &tab.Winsock5})
+    for (auto* socket : {&tab.Winsock1, &tab.Winsock2, &tab.Winsock3, &tab.Winsock4, &tab.Winsock5})
       *socket = platform.NewWinsock();
     for (auto* timer : {&tab.Timer1, &tab.Timer2, &tab.Timer3, &tab.Timer6, &tab.Timer26})
       *timer = platform.NewTimer();

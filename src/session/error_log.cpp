@@ -17,8 +17,10 @@ void WriteErrorLog(Client& client, const Text& text) {
   bool start_anew = true;
   PassOverFault([&] { start_anew = files.Size(kErrorLog) >= kSizeLimit; });
   PassOverFault([&] {
-    if (start_anew) files.Replace(kErrorLog, entry);
-    else files.Append(kErrorLog, entry);
+    if (start_anew)
+      files.Replace(kErrorLog, entry);
+    else
+      files.Append(kErrorLog, entry);
   });
 }
 

@@ -1,10 +1,12 @@
 // The upward traffic of the program, on one page: what a lower room asks of a higher one. Each hook
-// bears the name of the procedure that fills it. Assemble() in shell/assembly.cpp fills all of them;
-// until then a hook does nothing.
+// bears the name of the procedure that fills it. Assemble() in shell/assembly.cpp fills those
+// of the core, and the main window its own; until then a hook does nothing.
 #pragma once
 
 #include <functional>
+#include <string_view>
 
+#include "platform/rich_text_box.h"
 #include "text/text.h"
 
 namespace parlorwire {
@@ -21,6 +23,7 @@ class Hook<Result(Arguments...)> {
     procedure_ = std::move(procedure);
     return *this;
   }
+  bool Filled() const { return static_cast<bool>(procedure_); }
   Result operator()(Arguments... arguments) const {
     return procedure_ ? procedure_(static_cast<Arguments>(arguments)...) : Result();
   }
@@ -34,6 +37,12 @@ struct Hooks {
   Hook<void(const Text& line, int tab)> ParseChatLine;
   // display/chat_log: a piece goes to the day log of a channel
   Hook<void(const Text& piece, const Text& channel)> LogChatLine;
+  // display/links: links in a piece of a line that begins with a blank; `base` is one more than the
+  // pane position of its first character
+  Hook<void(std::string_view piece, PanePosition base, int tab, bool hover_only)> WriteLinks;
+  // display/smiles: smiles in a text become pictures; `base` is the pane position of its first
+  // character
+  Hook<void(std::string_view text, PanePosition base, int tab)> PastePicture;
 
   // users/user_frame: fetch the list of users anew
   Hook<void(int tab)> UpdateUsersFrame;
@@ -42,6 +51,10 @@ struct Hooks {
   Hook<void(const Text& text, int tab)> SayBot;
   // bot/reactions: a system line is about to be shown
   Hook<void(const Text& line, int tab)> ClientAction;
+  // bot/reactions: the list of users is new; a fault in it reaches the caller
+  Hook<void(int tab)> SayBotFunction;
+  // bot/join_highlight: a line of the list was drawn; the highlight that waits for it may start
+  Hook<void(int tab)> StartWaitingHighlight;
 
   // shell/tray: a balloon with "Parlorwire" and `title` as its title
   Hook<void(const Text& title, const Text& text, int info_flags)> ShowBalloon;
@@ -49,8 +62,10 @@ struct Hooks {
   Hook<void(int mode)> SetTrayBlink;
   // shell/tray: the tip of the tray icon
   Hook<void(const Text& caption)> SetTabTitle;
-  // shell/open_url: a page in the user's browser
+  // shell/qt/open_url: a page in the user's browser
   Hook<void(const Text& url)> OpenUrl;
+  // shell/qt/connection_form: the login dialog comes up for the active tab
+  Hook<void(int tab)> ShowLoginDialog;
 };
 
 }  // namespace parlorwire

@@ -1,12 +1,16 @@
 // config.ini: every read and write goes to the file at once, nothing of it is held in memory.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+// The largest file, in bytes, that is taken for settings. A larger one counts as unreadable.
+inline constexpr std::int64_t kLargestConfigFile = 16 * 1024 * 1024;
 
 // The value of a key, "" if there is none. A missing file is created empty; one that can't be read
 // gives "".

@@ -1,5 +1,5 @@
-// All state of one tab slot. There are ten slots for as long as the process lives, whether their tabs
-// are shown or not; each owns its panes, sockets and timers.
+// All state of one tab slot. There are ten slots for as long as the process lives, whether their
+// tabs are shown or not; each owns its panes, sockets and timers.
 #pragma once
 
 #include <array>
@@ -21,26 +21,26 @@ struct TabSession {
   // request and grows at each further one. All who read them later see the grown value.
   Text Login;
   Text Password;
-  Text Channel;          // "" means that the channel list is wanted
+  Text Channel;  // "" means that the channel list is wanted
   Text ChannelPassword;
-  Text Ticket;           // from the login answer; kept until the next answer replaces it
+  Text Ticket;  // from the login answer; kept until the next answer replaces it
 
   // ---- state of the connection ----
   // ConnectToChat resets all of them but EverConnected, EjectSeen, FixingFlagR and
   // ClearPanesOnConnect.
-  bool Connecting = false;           // a connect sequence runs
-  bool Authorized = false;           // the answer gave a ticket; Winsock1 carries the frame
-  bool Connected = false;            // the frame is in the robots' style and is being read
-  bool EverConnected = false;        // Connected at least once; socket errors then retry
-  bool CloseHandled = false;         // the next close of Winsock1 is to be ignored
-  bool IsChannelList = false;        // the frame answer is the page of channels
-  bool IgnoreStream = false;         // every later chunk of this connection is dropped
-  bool EjectSeen = false;            // the service told the client to go
-  bool InScript = false;             // the lines are inside a script block
-  bool FixingFlagR = false;          // "/mo -R" was sent because of a flag +R
-  bool ReconnectRequested = false;   // reconnect at once when the frame closes
-  bool LogoffPending = false;        // a logoff request runs on Winsock5
-  bool LeavePending = false;         // a leave request runs on Winsock5
+  bool Connecting = false;          // a connect sequence runs
+  bool Authorized = false;          // the answer gave a ticket; Winsock1 carries the frame
+  bool Connected = false;           // the frame is in the robots' style and is being read
+  bool EverConnected = false;       // Connected at least once; socket errors then retry
+  bool CloseHandled = false;        // the next close of Winsock1 is to be ignored
+  bool IsChannelList = false;       // the frame answer is the page of channels
+  bool IgnoreStream = false;        // every later chunk of this connection is dropped
+  bool EjectSeen = false;           // the service told the client to go
+  bool InScript = false;            // the lines are inside a script block
+  bool FixingFlagR = false;         // "/mo -R" was sent because of a flag +R
+  bool ReconnectRequested = false;  // reconnect at once when the frame closes
+  bool LogoffPending = false;       // a logoff request runs on Winsock5
+  bool LeavePending = false;        // a leave request runs on Winsock5
   bool TabClosing = false;
   Text LogoffNick;                   // lower case; the nick of a logoff
   bool ClearPanesOnConnect = false;  // the next ConnectToChat empties Rich
@@ -53,17 +53,17 @@ struct TabSession {
   Text LineCarry;        // decoded tail of the frame without a line end yet
   Text ChannelListPage;  // decoded frame text; emptied at each pass that reads lines
   std::uint8_t WatchdogTicks = 0;
-  Text ReservedText;     // reset with the connection; nothing else uses these two
+  Text ReservedText;  // reset with the connection; nothing else uses these two
   bool ReservedFlag = false;
 
   // ---- users ----
-  Text UsersBuffer;      // raw bytes of the user frame
+  Text UsersBuffer;       // raw bytes of the user frame
   UserRecords UsersText;  // the records of the last user frame
-  Text JoinLines;        // nicks that joined since the last frame, CR LF between them
+  Text JoinLines;         // nicks that joined since the last frame, CR LF between them
 
   // ---- sending ----
-  Text PostText;    // the message being posted
-  Text SendBuffer;  // raw bytes of the answer to a post
+  Text PostText;                     // the message being posted
+  Text SendBuffer;                   // raw bytes of the answer to a post
   std::array<Text, 3> HistoryLines;  // 0 newest
   std::uint8_t HistoryPos = 0;       // the entry that Up shows next
   Text HistoryState = "none";        // "none", "up", "down" or "upoverflow"
@@ -77,6 +77,7 @@ struct TabSession {
   // ---- shell ----
   bool LoginShown = false;     // the login dialog has been through for this tab
   Text TabSplitPercent;        // the splitter's place, in percent of the width of the tab, decimal
+  bool PersRed = false;        // the phase in which pers blinks
   bool SayUseOpState = false;  // the state of SayUseOp while another tab is shown
 
   // ---- panes ----

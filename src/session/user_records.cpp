@@ -28,6 +28,7 @@ Position UserRecords::Find(std::string_view what) const {
 Text UserRecords::FlagsBehind(Position at, Position length) const {
   const Position ip_end = InStr(at + length + 1, text_, "\n");
   const Position flags_end = InStr(ip_end + 1, text_, "\n");
+  if (ip_end == 0 || flags_end == 0) return {};
   return Mid(text_, ip_end + 1, flags_end - ip_end - 1);
 }
 

@@ -9,8 +9,9 @@
 
 namespace parlorwire {
 
-// One text: each user is CR LF, nick, LF, IP, LF, flags, LF, status. It is searched as plain text, so
-// a nick is also found inside a longer one. A place once found is remembered until the text changes.
+// One text: each user is CR LF, nick, LF, IP, LF, flags, LF, status. It is searched as plain text,
+// so a nick is also found inside a longer one. A place once found is remembered until the text
+// changes.
 class UserRecords {
  public:
   const Text& text() const { return text_; }

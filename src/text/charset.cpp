@@ -1,8 +1,11 @@
 #include "text/charset.h"
 
-#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <utility>
+
+#include "text/charset_wide.h"
 
 namespace parlorwire {
 namespace {
@@ -20,8 +23,8 @@ constexpr std::array<std::uint8_t, 128> kKoiTable = {
     0xC1, 0xC2, 0xD7, 0xC7, 0xC4, 0xC5, 0xD6, 0xDA, 0xC9, 0xCA, 0xCB, 0xCC, 0xCD, 0xCE, 0xCF, 0xD0,
     0xD2, 0xD3, 0xD4, 0xD5, 0xC6, 0xC8, 0xC3, 0xDE, 0xDB, 0xDD, 0xDF, 0xD9, 0xD8, 0xDC, 0xC0, 0xD1};
 
-// What stands beside each entry of the table: the byte of memory itself, but for the no-break space,
-// in whose place is a plain blank.
+// What stands beside each entry of the table: the byte of memory itself, but for the no-break
+// space, in whose place is a plain blank.
 constexpr std::uint8_t BaseEntry(unsigned index) {
   return index == 0x20 ? ' ' : static_cast<std::uint8_t>(0x80 + index);
 }
@@ -45,22 +48,28 @@ constexpr auto kKoiEntry = [](unsigned i) { return kKoiTable[i]; };
 constexpr Mapping kFromKoi = MakeMapping(kKoiEntry, BaseEntry);
 constexpr Mapping kToKoi = MakeMapping(BaseEntry, kKoiEntry);
 
-Text Map(std::string_view text, const Mapping& mapping) {
-  Text result(text.size(), '\0');
-  std::transform(text.begin(), text.end(), result.begin(),
-                 [&](char c) { return mapping[static_cast<std::uint8_t>(c)]; });
-  return result;
+void MapPlainly(char* bytes, std::size_t count, const Mapping& mapping) {
+  for (std::size_t i = 0; i < count; ++i)
+    bytes[i] = mapping[static_cast<std::uint8_t>(bytes[i])];
+}
+
+void Map(Text& text, const Mapping& mapping) {
+  std::size_t done = 0;
+#ifdef PARLORWIRE_AVX2
+  if (__builtin_cpu_supports("avx2")) done = MapWide(text.data(), text.size(), mapping.data());
+#endif
+  MapPlainly(text.data() + done, text.size() - done, mapping);
 }
 
 }  // namespace
 
-Text ConvertCharset(std::string_view text, Charset from, Charset to) {
-  if (from == to) return Text(text);
-  return Map(text, from == Charset::kKoi ? kFromKoi : kToKoi);
+Text ConvertCharset(Text text, Charset from, Charset to) {
+  if (from != to) Map(text, from == Charset::kKoi ? kFromKoi : kToKoi);
+  return text;
 }
 
-Text DecodeKoi(std::string_view text) {
-  return ConvertCharset(text, Charset::kKoi, Charset::kWindows1251);
+Text DecodeKoi(Text text) {
+  return ConvertCharset(std::move(text), Charset::kKoi, Charset::kWindows1251);
 }
 
 }  // namespace parlorwire

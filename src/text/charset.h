@@ -1,8 +1,6 @@
-// The wire's character set. The chat service speaks KOI8-R for the letters; the other characters from
-// 0x80 to 0xBF are a permutation of its own, which is not that of KOI8-R.
+// The wire's character set. The chat service speaks KOI8-R for the letters; the other characters
+// from 0x80 to 0xBF are a permutation of its own, which is not that of KOI8-R.
 #pragma once
-
-#include <string_view>
 
 #include "text/text.h"
 
@@ -14,11 +12,11 @@ enum class Charset {
   kKoi = 3,          // the text on the wire
 };
 
-// The text, converted character by character. What has no counterpart becomes "?": coming in, the byte
-// 0xA0; going out, the no-break space (0xA0).
-Text ConvertCharset(std::string_view text, Charset from, Charset to);
+// The text, converted character by character. What has no counterpart becomes "?": coming in, the
+// byte 0xA0; going out, the no-break space (0xA0).
+Text ConvertCharset(Text text, Charset from, Charset to);
 
 // From the wire to memory.
-Text DecodeKoi(std::string_view text);
+Text DecodeKoi(Text text);
 
 }  // namespace parlorwire

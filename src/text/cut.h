@@ -23,7 +23,8 @@ constexpr Position Len(std::string_view text) {
 Text Left(std::string_view text, Position count);
 Text Right(std::string_view text, Position count);
 
-// The characters from `start` on, at most `count`. start < 1 or count < 0: Fault 5. Behind the end: "".
+// The characters from `start` on, at most `count`. start < 1 or count < 0: Fault 5. Behind the end:
+// "".
 Text Mid(std::string_view text, Position start, Position count);
 Text Mid(std::string_view text, Position start);
 

@@ -11,19 +11,34 @@ Fault::Fault(int fault_number, Text fault_description)
 
 Text FaultDescription(int number) {
   switch (number) {
-    case fault::kInvalidCall: return "Invalid procedure call or argument";
-    case fault::kOverflow: return "Overflow";
-    case fault::kSubscript: return "Subscript out of range";
-    case fault::kTypeMismatch: return "Type mismatch";
-    case fault::kBadFileName: return "Bad file name or number";
-    case fault::kFileNotFound: return "File not found";
-    case fault::kDiskFull: return "Disk full";
-    case fault::kBadRecordNumber: return "Bad record number";
-    case fault::kPermissionDenied: return "Permission denied";
-    case fault::kPathFileAccess: return "Path/File access error";
-    case fault::kPathNotFound: return "Path not found";
-    case fault::kAlreadyLoaded: return "Object already loaded";
-    default: return "Application-defined or object-defined error";
+    case fault::kInvalidCall:
+      return "Invalid procedure call or argument";
+    case fault::kOverflow:
+      return "Overflow";
+    case fault::kSubscript:
+      return "Subscript out of range";
+    case fault::kTypeMismatch:
+      return "Type mismatch";
+    case fault::kInternal:
+      return "Internal error";
+    case fault::kBadFileName:
+      return "Bad file name or number";
+    case fault::kFileNotFound:
+      return "File not found";
+    case fault::kDiskFull:
+      return "Disk full";
+    case fault::kBadRecordNumber:
+      return "Bad record number";
+    case fault::kPermissionDenied:
+      return "Permission denied";
+    case fault::kPathFileAccess:
+      return "Path/File access error";
+    case fault::kPathNotFound:
+      return "Path not found";
+    case fault::kAlreadyLoaded:
+      return "Object already loaded";
+    default:
+      return "Application-defined or object-defined error";
   }
 }
 

@@ -32,14 +32,20 @@ inline constexpr std::array<Pair, 15> kScatteredPairs = {{{0xA8, 0xB8},
 
 consteval std::array<char, 256> MakeTable(bool to_lower) {
   std::array<char, 256> table{};
-  for (unsigned i = 0; i < 256; ++i) table[i] = static_cast<char>(i);
+  for (unsigned i = 0; i < 256; ++i)
+    table[i] = static_cast<char>(i);
   const auto add = [&](unsigned upper, unsigned lower) {
-    if (to_lower) table[upper] = static_cast<char>(lower);
-    else table[lower] = static_cast<char>(upper);
+    if (to_lower)
+      table[upper] = static_cast<char>(lower);
+    else
+      table[lower] = static_cast<char>(upper);
   };
-  for (unsigned i = 'A'; i <= 'Z'; ++i) add(i, i + 0x20);
-  for (unsigned i = 0xC0; i <= 0xDF; ++i) add(i, i + 0x20);
-  for (const Pair& pair : kScatteredPairs) add(pair.upper, pair.lower);
+  for (unsigned i = 'A'; i <= 'Z'; ++i)
+    add(i, i + 0x20);
+  for (unsigned i = 0xC0; i <= 0xDF; ++i)
+    add(i, i + 0x20);
+  for (const Pair& pair : kScatteredPairs)
+    add(pair.upper, pair.lower);
   return table;
 }
 

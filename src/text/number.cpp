@@ -1,5 +1,6 @@
 #include "text/number.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -56,6 +57,13 @@ std::uint32_t FromHex(std::string_view digits) {
   if (error == std::errc::result_out_of_range) throw Fault(fault::kOverflow);
   if (error != std::errc() || stop != end) throw Fault(fault::kTypeMismatch);
   return value;
+}
+
+Text NumberText(double value) {
+  std::array<char, 32> digits;
+  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                          std::chars_format::general, 7);
+  return Text(digits.data(), end);
 }
 
 Text BooleanText(bool value) {

@@ -8,8 +8,8 @@
 
 namespace parlorwire {
 
-// A decimal number, with blanks around it, a sign, a fraction and an exponent allowed; a fraction is
-// rounded to the nearest even. No number: Fault 13. Too large for the type: Fault 6.
+// A decimal number, with blanks around it, a sign, a fraction and an exponent allowed; a fraction
+// is rounded to the nearest even. No number: Fault 13. Too large for the type: Fault 6.
 std::int32_t ToLong(std::string_view text);
 std::int16_t ToInteger(std::string_view text);
 
@@ -21,6 +21,9 @@ bool ToBoolean(std::string_view text);
 
 // Hexadecimal digits in either case. Empty, or any other character: Fault 13. More than 8: Fault 6.
 std::uint32_t FromHex(std::string_view digits);
+
+// The number in decimal, with at most seven significant digits.
+Text NumberText(double value);
 
 // "True" or "False".
 Text BooleanText(bool value);

@@ -7,7 +7,8 @@
 namespace parlorwire {
 
 // The Unicode character of each byte 0x80..0xFF, entry 0 for 0x80. The code page leaves 0x98
-// undefined; it is the control character U+0098 here, so that every byte has a character of its own.
+// undefined; it is the control character U+0098 here, so that every byte has a character of its
+// own.
 inline constexpr std::array<char16_t, 128> kWindows1251High = {
     0x0402, 0x0403, 0x201A, 0x0453, 0x201E, 0x2026, 0x2020, 0x2021, 0x20AC, 0x2030, 0x0409, 0x2039,
     0x040A, 0x040C, 0x040B, 0x040F, 0x0452, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,

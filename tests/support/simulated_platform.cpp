@@ -17,19 +17,15 @@ LocalTime SimulatedTime::Now() const {
   const auto today = floor<days>(now);
   const year_month_day date(today);
   const hh_mm_ss clock(now - today);
-  return {int(date.year()),
-          int(unsigned(date.month())),
-          int(unsigned(date.day())),
-          int(clock.hours().count()),
-          int(clock.minutes().count()),
-          int(clock.seconds().count())};
+  return {int(date.year()),           int(unsigned(date.month())),  int(unsigned(date.day())),
+          int(clock.hours().count()), int(clock.minutes().count()), int(clock.seconds().count())};
 }
 
 void SimulatedTime::SetNow(const LocalTime& time) {
   using namespace std::chrono;
   const sys_days date = year(time.year) / month(unsigned(time.month)) / day(unsigned(time.day));
-  const auto moment = sys_seconds(date) + hours(time.hour) + minutes(time.minute) +
-                      seconds(time.second);
+  const auto moment =
+      sys_seconds(date) + hours(time.hour) + minutes(time.minute) + seconds(time.second);
   calendar_start_ = moment.time_since_epoch().count() - now_ / 1000;
 }
 

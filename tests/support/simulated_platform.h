@@ -76,16 +76,16 @@ class SimulatedSocket : public Winsock {
   SocketState State() const override { return state_; }
 
   // ---- the peer; each call is one event ----
-  void Accept();                      // the connection stands
+  void Accept();                         // the connection stands
   void Deliver(std::string_view bytes);  // one chunk; nothing if the socket isn't connected
-  void PeerCloses();                  // nothing if the socket isn't connected
-  void Fail(int number);              // with the classic description; nothing on a closed socket
+  void PeerCloses();                     // nothing if the socket isn't connected
+  void Fail(int number);                 // with the classic description; nothing on a closed socket
 
   // ---- what happened ----
-  Text host, port;       // of the last Connect
-  int connects = 0;      // calls of Connect
-  Text sent;             // since the last Connect
-  int sends = 0;         // calls of SendData since the last Connect
+  Text host, port;   // of the last Connect
+  int connects = 0;  // calls of Connect
+  Text sent;         // since the last Connect
+  int sends = 0;     // calls of SendData since the last Connect
 
  private:
   SocketState state_ = SocketState::kClosed;
@@ -159,6 +159,7 @@ class SimulatedDesktop : public Desktop {
   bool IsActiveWindow() const override { return window_active; }
   void SetTabControlsEnabled(int tab, bool enabled) override;
   void SetCloseTabEnabled(bool enabled) override { close_tab_enabled = enabled; }
+  void SetSharedLinksEnabled(bool enabled) override { shared_links_enabled = enabled; }
   bool StopScroll(int tab) const override { return at(tab).stop_scroll; }
   void SetStopScroll(int tab, bool ticked) override { at(tab).stop_scroll = ticked; }
   Text MsgText(int tab) const override { return at(tab).msg; }
@@ -182,7 +183,8 @@ class SimulatedDesktop : public Desktop {
   int active_tab = 0;
   Text window_caption;
   bool window_active = true;
-  bool shared_controls_enabled = false;
+  bool shared_controls_enabled = false;  // by SetTabControlsEnabled
+  bool shared_links_enabled = false;     // by SetSharedLinksEnabled
   bool close_tab_enabled = false;
   int focused_msg = -1;
   bool say_use_op = false;

@@ -18,8 +18,9 @@ int FaultOf(Call call) {
 }
 
 TEST(Literal, IsTranscodedToWindows1251) {
-  EXPECT_EQ("Ёж №1"_w, "\xA8\xE6 \xB9"
-                       "1");
+  EXPECT_EQ("Ёж №1"_w,
+            "\xA8\xE6 \xB9"
+            "1");
   EXPECT_EQ(W<"Отключено">, "\xCE\xF2\xEA\xEB\xFE\xF7\xE5\xED\xEE");
   EXPECT_EQ(""_w, "");
 }

@@ -1,0 +1,174 @@
+// What a pane's view costs with a thousand lines and with a million. Offscreen, on a view of 800 by
+// 600: every figure ends with the paint event.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <memory>
+
+#include "platform/qt/rich_text_view.h"
+#include "support/pane_samples.h"
+
+namespace parlorwire {
+namespace {
+
+struct Shown {
+  explicit Shown(int lines) : view(box) {
+    box.BackColor(0);
+    AppendMessages(box, lines);
+    view.resize(800, 600);
+    view.show();
+    view.ScrollToEnd();
+    Paint();
+  }
+  static void Paint() { QCoreApplication::processEvents(); }
+
+  RichTextBox box;
+  RichTextView view;
+};
+
+// Making a pane of a million lines takes a while, so the benchmarks share it.
+Shown& ShownOf(int lines) {
+  static std::unique_ptr<Shown> shown;
+  static int made = 0;
+  if (made != lines) shown = std::make_unique<Shown>(lines);
+  made = lines;
+  return *shown;
+}
+
+void AppendOneLine(benchmark::State& state) {
+  Shown& shown = ShownOf(static_cast<int>(state.range(0)));
+  shown.view.ScrollToEnd();
+  Shown::Paint();
+  for (auto _ : state) {
+    AppendMessage(shown.box, "[16:45:57]", "alice:", "one more line");
+    shown.box.VScroll(PaneScroll::kBottom);
+    shown.box.Refresh();
+    Shown::Paint();
+  }
+}
+
+// A thousand lines between two turns of the event loop, each with the pane's own scrolling rule.
+void AppendThousandLines(benchmark::State& state) {
+  Shown& shown = ShownOf(static_cast<int>(state.range(0)));
+  const auto before = shown.view.counters();
+  for (auto _ : state) {
+    for (int i = 0; i < 1000; ++i) {
+      shown.box.SetRedraw(false);
+      AppendMessage(shown.box, "[16:45:57]", "alice:", "one more line");
+      benchmark::DoNotOptimize(shown.box.GetScrollInfo());
+      shown.box.VScroll(PaneScroll::kBottom);
+      shown.box.SetRedraw(true);
+      shown.box.Refresh();
+    }
+    Shown::Paint();
+  }
+  const auto after = shown.view.counters();
+  const auto turns = static_cast<double>(state.iterations());
+  state.counters["paints"] = static_cast<double>(after.paints - before.paints) / turns;
+  state.counters["laid_out"] = static_cast<double>(after.laid_out - before.laid_out) / turns;
+}
+
+void AppendWhileScrolledUp(benchmark::State& state) {
+  Shown& shown = ShownOf(static_cast<int>(state.range(0)));
+  shown.view.ShowPosition(shown.box.Length() / 2);
+  Shown::Paint();
+  for (auto _ : state) {
+    AppendMessage(shown.box, "[16:45:57]", "alice:", "one more line");
+    shown.box.Refresh();
+    Shown::Paint();
+  }
+}
+
+void Resize(benchmark::State& state) {
+  Shown& shown = ShownOf(static_cast<int>(state.range(0)));
+  shown.view.ShowPosition(shown.box.Length() / 2);
+  bool wide = false;
+  for (auto _ : state) {
+    shown.view.resize(wide ? 800 : 1600, 600);
+    wide = !wide;
+    Shown::Paint();
+  }
+  shown.view.resize(800, 600);
+}
+
+void ScrollJump(benchmark::State& state) {
+  Shown& shown = ShownOf(static_cast<int>(state.range(0)));
+  QScrollBar* bar = shown.view.verticalScrollBar();
+  int step = 0;
+  for (auto _ : state) {
+    bar->setValue(static_cast<int>(bar->maximum() * (0.37 * (++step % 100) / 37.0)));
+    Shown::Paint();
+  }
+}
+
+void ScrollByWheelRows(benchmark::State& state) {
+  Shown& shown = ShownOf(static_cast<int>(state.range(0)));
+  shown.view.ShowPosition(shown.box.Length() / 2);
+  Shown::Paint();
+  for (auto _ : state) {
+    QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier);
+    QCoreApplication::sendEvent(&shown.view, &up);
+    Shown::Paint();
+  }
+}
+
+void PositionUnderPoint(benchmark::State& state) {
+  Shown& shown = ShownOf(static_cast<int>(state.range(0)));
+  int x = 0;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(shown.view.CharFromPos(x, 300));
+    x = (x + 7) % 400;
+  }
+}
+
+void Tint(benchmark::State& state) {
+  Shown& shown = ShownOf(static_cast<int>(state.range(0)));
+  const PanePosition at = shown.view.CharFromPos(100, 300);
+  PaneColour colour = 0;
+  for (auto _ : state) {
+    shown.box.ExSetSel(at, at + 5);
+    shown.box.SelColor(++colour & 0xFFFFFF);
+    Shown::Paint();
+  }
+}
+
+void SelectEverything(benchmark::State& state) {
+  Shown& shown = ShownOf(static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    shown.view.SelectAll();
+    Shown::Paint();
+    shown.view.Select(0, 0);
+    Shown::Paint();
+  }
+}
+
+void RegisterAll() {
+  for (const int lines : {1'000, 100'000, 1'000'000}) {
+    const auto add = [&](const char* name, void (*run)(benchmark::State&)) {
+      benchmark::RegisterBenchmark(name, run)->Arg(lines)->Unit(benchmark::kMicrosecond);
+    };
+    add("Resize", Resize);
+    add("ScrollJump", ScrollJump);
+    add("ScrollByWheelRows", ScrollByWheelRows);
+    add("PositionUnderPoint", PositionUnderPoint);
+    add("Tint", Tint);
+    add("SelectEverything", SelectEverything);
+    add("AppendOneLine", AppendOneLine);
+    add("AppendWhileScrolledUp", AppendWhileScrolledUp);
+    add("AppendThousandLines", AppendThousandLines);
+  }
+}
+
+}  // namespace
+}  // namespace parlorwire
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  parlorwire::RegisterAll();
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

@@ -1,0 +1,42 @@
+// One connection of the service, from its acceptance to its end.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "service/chat.h"
+#include "service/request_reader.h"
+
+namespace parlorwire::service {
+
+// How far a connection has come.
+enum class Phase {
+  kReading,    // the request
+  kAnswering,  // with an answer that ends, or with a frame
+  kEjecting,   // all of the frame is sent; its last mark goes out by itself after a pause
+  kEjected,    // the mark is sent; the connection closes after a pause
+  kLingering,  // our side is closed; the peer may still be sending
+};
+
+struct Connection {
+  int fd = -1;
+  std::uint64_t id = 0;
+  Phase phase = Phase::kReading;
+  RequestReader reader;
+  std::string address;
+  std::string out;
+  std::size_t sent = 0;              // bytes of `out` that are gone
+  FrameId frame = 0;                 // 0: an answer that ends
+  FrameEnd end = FrameEnd::kNone;    // what comes when all is sent
+  bool waits_for_room = false;       // the socket takes no more at the moment
+  bool peer_ended = false;           // the peer sends no more, but still reads
+  std::int64_t deadline = kForever;  // ms; what happens then depends on the phase
+
+  // Faults on purpose.
+  bool silent = false;           // never sends again
+  std::int64_t since_fault = 0;  // bytes of the frame
+  std::int64_t drips_at = 0;     // ms; when the next byte may go
+};
+
+}  // namespace parlorwire::service

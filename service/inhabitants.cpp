@@ -1,0 +1,227 @@
+#include "service/inhabitants.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "text/cut.h"
+
+namespace parlorwire::service {
+namespace {
+
+constexpr std::int64_t kTalkPeriodMs = 20;
+constexpr std::int64_t kGreetAfterMs = 1500;
+
+struct Persona {
+  std::string_view nick;
+  std::string_view address;
+  bool oper;
+};
+
+constexpr std::array<Persona, 6> kPersonas = {{
+    {W<"Операторша">, "192.0.2.1", true},
+    {W<"Василиса">, "192.0.2.14", false},
+    {W<"Фонарщик">, "192.0.2.23", false},
+    {W<"Шкипер">, "198.51.100.7", false},
+    {W<"nordwind">, "198.51.100.112", false},
+    {W<"Ёжик">, "203.0.113.9", false},
+}};
+
+constexpr std::array<std::string_view, 16> kPhrases = {
+    W<"кто-нибудь видел сегодня закат?">,
+    W<"чай остыл, пойду поставлю новый">,
+    W<"у нас второй день дождь, а у вас?">,
+    W<"а я вчера пирог испекла, с яблоками *sweet*">,
+    W<"говорят, завтра обещают снег">,
+    W<"кто помнит, как звали того капитана?">,
+    W<"я за, но только после обеда :)">,
+    W<"посмотрите http://www.example.org/ & скажите, что думаете">,
+    W<"тише, тише, соседи спят">,
+    W<"тогда решено: 2 < 3, значит, идем втроем">,
+    W<"\"не может быть\", сказал он и ушел">,
+    W<"nobody said it would be easy">,
+    W<"опять клавиатура чудит">,
+    W<"а помните, как в прошлом году? *n вот и я не помню">,
+    W<"спокойной ночи тем, кто уже спит *rose*">,
+    W<"ну и ладно">,
+};
+
+constexpr std::array<std::string_view, 5> kActions = {
+    W<"задумчиво смотрит в окно">, W<"наливает всем чаю">, W<"напевает">, W<"зевает">,
+    W<"листает старую книгу">,
+};
+
+constexpr std::array<std::string_view, 4> kGreetings = {
+    W<"привет!">,
+    W<"добрый вечер">,
+    W<"о, кто пришел! *hi*">,
+    W<"здравствуй, проходи">,
+};
+
+constexpr std::array<std::string_view, 6> kTones = {
+    "", "", "", W<"смеется">, W<"задумчиво">, W<"напевает">};
+
+template <class Array>
+const auto& Pick(Chat& chat, const Array& array) {
+  return array[static_cast<std::size_t>(chat.random() % array.size())];
+}
+
+Account& AccountOf(Chat& chat, const Persona& persona) {
+  Account& account = chat.accounts[NickKey(persona.nick)];
+  account.nick = persona.nick;
+  account.robot = true;
+  account.timer = false;
+  return account;
+}
+
+bool IsThere(Channel& channel, const Persona& persona) {
+  return FindMember(channel, persona.nick) != nullptr;
+}
+
+void Speak(Chat& chat, const Persona& persona, const Text& channel, const Text& text,
+           std::string_view tone, const Moment& now) {
+  Post(chat, AccountOf(chat, persona), channel, text, Text(tone), {}, now);
+}
+
+const Persona& SomebodyThere(Chat& chat, Channel& channel) {
+  const Persona& picked = Pick(chat, kPersonas);
+  if (IsThere(channel, picked)) return picked;
+  for (const Persona& persona : kPersonas)
+    if (IsThere(channel, persona)) return persona;
+  return kPersonas[0];
+}
+
+// Greets one who came since the last time; false if there is none.
+bool Greet(Inhabitants& inhabitants, Chat& chat, Channel& channel, const Moment& now) {
+  auto& greeted = inhabitants.greeted[channel.name];
+  for (const Member& member : channel.members) {
+    const Text nick = member.account->nick;
+    if (member.account->robot || greeted.contains(NickKey(nick))) continue;
+    greeted.insert(NickKey(nick));
+    Speak(chat, SomebodyThere(chat, channel), channel.name,
+          nick + ": " + Text(Pick(chat, kGreetings)), "", now);
+    return true;
+  }
+  return false;
+}
+
+bool HasNewcomer(Inhabitants& inhabitants, Channel& channel) {
+  auto& greeted = inhabitants.greeted[channel.name];
+  std::erase_if(greeted, [&](const Text& nick) { return FindMember(channel, nick) == nullptr; });
+  return std::any_of(channel.members.begin(), channel.members.end(), [&](const Member& member) {
+    return !member.account->robot && !greeted.contains(NickKey(member.account->nick));
+  });
+}
+
+// One comes or goes. The robot that greets stays.
+void ComeOrGo(Chat& chat, Channel& channel, const Moment& now) {
+  const Persona& persona = kPersonas[1 + chat.random() % (kPersonas.size() - 1)];
+  if (IsThere(channel, persona))
+    PartMember(chat, channel, persona.nick, FrameEnd::kNone, now);
+  else
+    Settle(chat, AccountOf(chat, persona), channel.name, Text(persona.address), persona.oper, true,
+           now);
+}
+
+void DoSomething(Inhabitants& inhabitants, Chat& chat, Channel& channel, const Moment& now) {
+  if (Greet(inhabitants, chat, channel, now)) return;
+  const auto dice = chat.random() % 100;
+  if (dice < 14) {
+    ComeOrGo(chat, channel, now);
+    return;
+  }
+  const Persona& persona = SomebodyThere(chat, channel);
+  if (dice < 24)
+    Speak(chat, persona, channel.name, "/me " + Text(Pick(chat, kActions)), "", now);
+  else
+    Speak(chat, persona, channel.name, Text(Pick(chat, kPhrases)), Pick(chat, kTones), now);
+}
+
+// The deeds of one channel; when the next is due.
+std::int64_t LiveOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channel,
+                           const Moment& now) {
+  if (!HasPeople(channel)) {
+    inhabitants.next_deed.erase(channel.name);
+    return kForever;
+  }
+  auto [due, is_new] = inhabitants.next_deed.try_emplace(channel.name, now.ms + kGreetAfterMs);
+  if (HasNewcomer(inhabitants, channel))
+    due->second = std::min(due->second, now.ms + kGreetAfterMs);
+  if (due->second <= now.ms) {
+    DoSomething(inhabitants, chat, channel, now);
+    due->second = now.ms + 4000 + static_cast<std::int64_t>(chat.random() % 9000);
+    if (HasNewcomer(inhabitants, channel)) due->second = now.ms + kGreetAfterMs;
+  }
+  return due->second;
+}
+
+// The load of one channel: its lines are numbered, so that a reader can tell whether one is
+// missing.
+void TalkOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channel, const Moment& now) {
+  auto& load = inhabitants.loads[channel.name];
+  if (load.from_ms < 0) {
+    load = {now.ms, 0};
+    for (const Persona& persona : kPersonas)
+      Settle(chat, AccountOf(chat, persona), channel.name, Text(persona.address), persona.oper,
+             false, now);
+  }
+  const std::int64_t due = (now.ms - load.from_ms) * inhabitants.options.talk / 1000;
+  // After a pause the arrears are made up in portions.
+  const std::int64_t last = std::min(due, load.said + inhabitants.options.talk / 10 + 1);
+  for (; load.said < last; ++load.said) {
+    Text number = std::to_string(load.said + 1);
+    number.insert(0, number.size() < 8 ? 8 - number.size() : 0, '0');
+    const Persona& persona = kPersonas[static_cast<std::size_t>(load.said) % kPersonas.size()];
+    Speak(chat, persona, channel.name, "#" + number + " " + Text(Pick(chat, kPhrases)), "", now);
+  }
+}
+
+void Talk(Inhabitants& inhabitants, Chat& chat, const Moment& now) {
+  bool heard = false;
+  for (auto& [key, channel] : chat.channels) {
+    const bool has_reader = std::any_of(channel.members.begin(), channel.members.end(),
+                                        [](const Member& each) { return each.frame != nullptr; });
+    if (has_reader)
+      TalkOnChannel(inhabitants, chat, channel, now);
+    else
+      inhabitants.loads.erase(channel.name);
+    heard = heard || has_reader;
+  }
+  inhabitants.next_ms = heard ? now.ms + kTalkPeriodMs : kForever;
+}
+
+}  // namespace
+
+Inhabitants MoveIn(Chat& chat, const InhabitantOptions& options, const Moment& now) {
+  Inhabitants inhabitants{options, kForever, {}, {}, {}};
+  if (!options.present) return inhabitants;
+  for (const Persona& persona : kPersonas)
+    AccountOf(chat, persona);
+  for (const Text& name : options.channels) {
+    Channel& channel = chat.channels[NickKey(name)];
+    channel.name = name;
+    channel.permanent = true;
+    channel.topics.push_back({"Добро пожаловать"_w, Text(kPersonas[0].nick), now.local});
+    for (const Persona& persona : kPersonas)
+      Settle(chat, AccountOf(chat, persona), name, Text(persona.address), persona.oper, false, now);
+    for (int i = 0; i < 6; ++i)
+      Speak(chat, SomebodyThere(chat, channel), name, Text(Pick(chat, kPhrases)), "", now);
+  }
+  return inhabitants;
+}
+
+void LiveOn(Inhabitants& inhabitants, Chat& chat, const Moment& now) {
+  if (!inhabitants.options.present) return;
+  if (inhabitants.options.talk > 0) {
+    const bool is_early = inhabitants.next_ms != kForever && now.ms < inhabitants.next_ms;
+    if (!is_early) Talk(inhabitants, chat, now);
+    return;
+  }
+  std::int64_t next = kForever;
+  for (const Text& name : inhabitants.options.channels)
+    if (Channel* channel = FindChannel(chat, name))
+      next = std::min(next, LiveOnChannel(inhabitants, chat, *channel, now));
+  inhabitants.next_ms = next;
+}
+
+}  // namespace parlorwire::service

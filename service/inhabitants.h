@@ -1,0 +1,40 @@
+// Those who live on the channels: they talk, greet newcomers, come and go, so that nobody finds the
+// chat empty. They have no frames; they act on the chat directly.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <vector>
+
+#include "service/chat.h"
+
+namespace parlorwire::service {
+
+struct InhabitantOptions {
+  bool present = true;
+  std::vector<Text> channels = {"Гостиная"_w, "Кухня"_w};  // where they live
+  int talk = 0;  // lines a second on each channel that somebody reads; 0: a line now and then
+};
+
+// The lines said on a channel for load.
+struct Load {
+  std::int64_t from_ms = -1;
+  std::int64_t said = 0;
+};
+
+struct Inhabitants {
+  InhabitantOptions options;
+  std::int64_t next_ms = kForever;         // when LiveOn wants to be called at the latest
+  std::map<Text, std::int64_t> next_deed;  // by channel: when somebody does something
+  std::map<Text, std::set<Text>> greeted;  // by channel: keys of nicks
+  std::map<Text, Load> loads;              // by channel
+};
+
+// Puts them on their channels.
+Inhabitants MoveIn(Chat& chat, const InhabitantOptions& options, const Moment& now);
+
+// Lets them do what is due. To be called after everything that happens on the chat.
+void LiveOn(Inhabitants& inhabitants, Chat& chat, const Moment& now);
+
+}  // namespace parlorwire::service

@@ -1,0 +1,78 @@
+// The loop of a server: waits for sockets and deadlines, and carries bytes between the connections
+// and the chat.
+#pragma once
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+#include "service/chat.h"
+#include "service/connection.h"
+#include "service/inhabitants.h"
+#include "service/server.h"
+
+namespace parlorwire::service {
+
+// The functions that say so return false when the connection is no more.
+class Server::Loop {
+ public:
+  explicit Loop(const ServerOptions& options);
+  ~Loop();
+  Loop(const Loop&) = delete;
+  Loop& operator=(const Loop&) = delete;
+
+  std::uint16_t port() const { return port_; }
+  void Run();
+  void Stop();
+
+ private:
+  void Listen();
+  void Watch(int fd, std::uint64_t id, std::uint32_t what, int operation);
+  int WaitMs() const;
+  void SetDeadline(Connection& connection, std::int64_t at);
+  void RunDeadlines();
+  void OnDeadline(Connection& connection);
+
+  void Accept();
+  void AcceptOne(int fd, const std::string& address);
+  void TurnAwayOne();
+  void OnReady(std::uint64_t id, std::uint32_t what);
+  bool Read(Connection& connection);     // false: no more
+  bool ReadEnd(Connection& connection);  // false: no more
+  bool Serve(Connection& connection);    // false: no more
+
+  bool StartAnswer(Connection& connection, std::string bytes);  // false: no more
+  void SendFrames();
+  bool Flush(Connection& connection);        // false: no more
+  bool WaitForRoom(Connection& connection);  // false: no more
+  bool AllSent(Connection& connection);      // false: no more
+  bool Linger(Connection& connection);       // false: no more
+  void SendEjectMark(Connection& connection);
+  void ForgetFrame(Connection& connection);
+  void Drop(Connection& connection);
+  void DropWithReset(Connection& connection);
+
+  // Faults on purpose.
+  bool TakesControl(Connection& connection, const Request& request);
+  std::size_t MaySend(const Connection& connection) const;
+  bool AfterSend(Connection& connection, std::size_t count);  // false: stop sending
+
+  ServerOptions options_;
+  Chat chat_;
+  Inhabitants inhabitants_;
+  Moment now_;
+  int epoll_ = -1;
+  int waker_ = -1;
+  int listener_ = -1;
+  int reserve_ = -1;  // a descriptor to give up when there is no other left
+  std::uint16_t port_ = 0;
+  std::uint64_t next_id_ = 2;
+  std::unordered_map<std::uint64_t, Connection> connections_;
+  std::unordered_map<FrameId, std::uint64_t> frames_;  // the connections of the frames
+  std::set<std::pair<std::int64_t, std::uint64_t>> deadlines_;
+  std::int64_t requests_ = 0;
+};
+
+}  // namespace parlorwire::service

@@ -1,0 +1,248 @@
+#include "service/site.h"
+
+#include <algorithm>
+#include <array>
+
+#include "service/form.h"
+#include "service/pages.h"
+#include "service/personal.h"
+#include "text/charset.h"
+#include "text/cut.h"
+
+namespace parlorwire::service {
+namespace {
+
+constexpr std::string_view kHtml = "text/html; charset=koi8-r";
+constexpr std::string_view kPlain = "text/plain; charset=koi8-r";
+
+Text ToWire(std::string_view text) {
+  return ConvertCharset(Text(text), Charset::kWindows1251, Charset::kKoi);
+}
+
+// A frame's header names no length: it ends with the connection.
+std::string Header(int status, std::string_view type, std::string_view more = {}) {
+  return "HTTP/1.0 " + std::to_string(status) + " " + std::string(ReasonPhrase(status)) +
+         "\r\nContent-Type: " + std::string(type) +
+         "\r\nCache-Control: no-store\r\nConnection: close\r\n" + std::string(more) + "\r\n";
+}
+
+std::string Ended(int status, std::string_view type, std::string_view text,
+                  std::string_view more = {}) {
+  const Text wire = ToWire(text);
+  const std::string length = "Content-Length: " + std::to_string(wire.size()) + "\r\n";
+  return Header(status, type, length + std::string(more)) + wire;
+}
+
+std::string HtmlAnswer(std::string_view text) {
+  return Ended(200, kHtml, text);
+}
+
+// What every handler needs.
+struct Visit {
+  Chat& chat;
+  const Request& request;
+  const Origin& origin;
+  const Moment& now;
+  Form form;
+  Visitor visitor;
+  Account* account = nullptr;  // whose ticket came with the request
+};
+
+// Personal pages are asked for with a nick that is not in the wire's character set.
+Account* FindAccountOfVisit(Chat& chat, const Form& form) {
+  const Text& nick = form["username"];
+  Account* account = FindAccount(chat, nick, form["ticket"]);
+  return account != nullptr ? account : FindAccount(chat, ToWire(nick), form["ticket"]);
+}
+
+Answer ChannelPage(const Visit& visit) {
+  if (visit.account->style == kRobotStyle) return {Ended(200, kPlain, ChannelList(visit.chat)), {}};
+  return {HtmlAnswer(SelectionPage(visit.chat, visit.visitor)), {}};
+}
+
+Answer LogInAnswer(const Visit& visit) {
+  Visitor visitor = visit.visitor;
+  const Login login =
+      LogIn(visit.chat, visitor.nick, visit.form["passwd"], visitor.channel, visit.origin);
+  switch (login.result) {
+    case LoginResult::kWelcome:
+      visitor.ticket = login.ticket;
+      return {HtmlAnswer(WelcomePage(visitor)), {}};
+    case LoginResult::kWrongPassword:
+      return {HtmlAnswer(WrongPasswordPage()), {}};
+    case LoginResult::kRefused:
+      return {HtmlAnswer(RefusedPage()), {}};
+    case LoginResult::kFull:
+      break;
+  }
+  return {ErrorAnswer(503), {}};
+}
+
+Answer Root(const Visit& visit) {
+  if (visit.form.Has("passwd")) return LogInAnswer(visit);
+  if (!visit.form.Has("ticket")) return {HtmlAnswer(LoginPage()), {}};
+  if (visit.account == nullptr) return {HtmlAnswer(WrongPasswordPage()), {}};
+  return ChannelPage(visit);
+}
+
+Answer MessageFrame(const Visit& visit) {
+  const Frame* frame = Enter(visit.chat, *visit.account, visit.visitor.channel,
+                             visit.visitor.password, visit.origin, visit.now, Header(200, kHtml));
+  if (frame == nullptr) return ChannelPage(visit);
+  return {{}, frame->id};
+}
+
+Answer UsersAnswer(const Visit& visit) {
+  Channel* channel = FindChannel(visit.chat, visit.visitor.channel);
+  if (channel == nullptr || FindMember(*channel, visit.account->nick) == nullptr)
+    return ChannelPage(visit);
+  if (visit.account->style == kRobotStyle)
+    return {HtmlAnswer(UserFrame(visit.chat, *channel, *visit.account, visit.chat.options.form_b)),
+            {}};
+  return {HtmlAnswer(UserPage(visit.chat, *channel, visit.visitor)), {}};
+}
+
+Answer PostAnswer(const Visit& visit) {
+  if (!visit.form.Has("msgtext")) return {HtmlAnswer(PostPage(visit.visitor, {})), {}};
+  const Text sentence =
+      Post(visit.chat, *visit.account, visit.visitor.channel, visit.form["msgtext"],
+           ToneOfAction(visit.form["action"]), visit.form["reqnum"], visit.now);
+  return {HtmlAnswer(PostPage(visit.visitor, sentence)), {}};
+}
+
+Answer LogOffAnswer(const Visit& visit) {
+  LogOff(visit.chat, *visit.account, visit.now);
+  return {HtmlAnswer(GoodbyePage(visit.account->nick)), {}};
+}
+
+Answer LeaveAnswer(const Visit& visit) {
+  Leave(visit.chat, *visit.account, visit.visitor.channel, visit.now);
+  return ChannelPage(visit);
+}
+
+// The host that the links of personal messages name; a blank in it would break their lines.
+std::string SafeHost(const std::string& host) {
+  const bool is_safe = !host.empty() && std::all_of(host.begin(), host.end(), [](char c) {
+    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '.' ||
+           c == '-' || c == ':';
+  });
+  return is_safe ? host : "localhost";
+}
+
+Answer PersonalFrame(const Visit& visit) {
+  const Frame& frame = EnterPersonal(visit.chat, *visit.account, visit.now, Header(200, kHtml),
+                                     SafeHost(visit.request.host));
+  return {{}, frame.id};
+}
+
+Answer PersonalPost(const Visit& visit) {
+  if (!visit.form.Has("msgtext")) return {HtmlAnswer(PersonalPostPage(visit.visitor, {})), {}};
+  Text to = visit.form["xtouser"];
+  if (!visit.chat.accounts.contains(NickKey(to))) {
+    const Text unrecoded = ToWire(to);
+    if (visit.chat.accounts.contains(NickKey(unrecoded))) to = unrecoded;
+  }
+  const Text sentence =
+      SendPersonal(visit.chat, *visit.account, to, visit.form["msgtext"], visit.now);
+  return {HtmlAnswer(PersonalPostPage(visit.visitor, sentence)), {}};
+}
+
+Answer AcknowledgeAnswer(const Visit& visit) {
+  const Text& number = visit.form["pm_msgnum"];
+  const bool is_number =
+      !number.empty() && number.size() < 18 &&
+      std::all_of(number.begin(), number.end(), [](char c) { return c >= '0' && c <= '9'; });
+  if (!is_number || !Acknowledge(*visit.account, std::stoll(number))) return {ErrorAnswer(404), {}};
+  return {HtmlAnswer("<html>\n<body>\nok\n</body>\n</html>\n"), {}};
+}
+
+Answer OfChannel(const Visit& visit, Text (*page)(const Visit&, const Channel&)) {
+  const Channel* channel = FindChannel(visit.chat, visit.visitor.channel);
+  return {HtmlAnswer(channel == nullptr ? NoSuchChannelPage(visit.visitor.channel)
+                                        : page(visit, *channel)),
+          {}};
+}
+
+Answer BanList(const Visit& visit) {
+  return OfChannel(visit, [](const Visit& v, const Channel& c) { return BanListPage(c, v.now); });
+}
+
+Answer OperatorList(const Visit& visit) {
+  return OfChannel(visit,
+                   [](const Visit& v, const Channel& c) { return OperatorListPage(v.chat, c); });
+}
+
+Answer TopicHistory(const Visit& visit) {
+  return OfChannel(visit,
+                   [](const Visit& v, const Channel& c) { return TopicHistoryPage(c, v.now); });
+}
+
+Answer Room(const Visit& visit) {
+  return {HtmlAnswer(RoomPage(visit.visitor)), {}};
+}
+
+Answer Rules(const Visit&) {
+  return {HtmlAnswer(RulesPage()), {}};
+}
+
+// Links of personal messages lead through here, so that no page elsewhere learns a ticket.
+Answer Redirect(const Visit& visit) {
+  const Text& target = visit.form["msgtext"];
+  const bool is_link = target.starts_with("http://") || target.starts_with("https://") ||
+                       target.starts_with("ftp://");
+  const bool is_clean = std::none_of(target.begin(), target.end(), [](char c) {
+    return static_cast<unsigned char>(c) <= 0x20 || static_cast<unsigned char>(c) >= 0x7F;
+  });
+  if (!is_link || !is_clean) return {ErrorAnswer(400), {}};
+  return {Ended(302, kHtml, {}, "Location: " + target + "\r\n"), {}};
+}
+
+struct Route {
+  std::string_view path;
+  bool needs_ticket;
+  Answer (*handler)(const Visit&);
+};
+
+constexpr std::array<Route, 15> kRoutes = {{
+    {"/", false, Root},
+    {"/pframe", true, MessageFrame},
+    {"/chl", true, UsersAnswer},
+    {"/newmsg_t", true, PostAnswer},
+    {"/room", true, Room},
+    {"/logoff", true, LogOffAnswer},
+    {"/leave", true, LeaveAnswer},
+    {kPersonalPage, true, PersonalFrame},
+    {"/newmsg_pm", true, PersonalPost},
+    {kAcknowledgePage, true, AcknowledgeAnswer},
+    {"/banlist", true, BanList},
+    {"/oplist", true, OperatorList},
+    {"/topic_hist", true, TopicHistory},
+    {"/rulez.html", false, Rules},
+    {"/redirect", false, Redirect},
+}};
+
+}  // namespace
+
+std::string ErrorAnswer(int status) {
+  return Ended(status, kHtml, ErrorPage(status));
+}
+
+Answer Handle(Chat& chat, const Request& request, const Origin& origin, const Moment& now) {
+  const auto route = std::find_if(kRoutes.begin(), kRoutes.end(),
+                                  [&](const Route& each) { return each.path == request.path; });
+  if (route == kRoutes.end()) return {ErrorAnswer(404), {}};
+  if (request.method == "HEAD" && route->needs_ticket) return {ErrorAnswer(405), {}};
+  Visit visit{chat, request, origin, now, {}, {}, nullptr};
+  visit.form = request.method == "POST" ? DecodeForm(request.body, FormBytes::kKoi)
+                                        : DecodeForm(request.query, FormBytes::kKoiOrUtf8);
+  visit.visitor = {visit.form["username"], visit.form["ticket"], Trim(visit.form["channel"]),
+                   visit.form["chpwd"]};
+  visit.account = FindAccountOfVisit(chat, visit.form);
+  if (visit.account != nullptr) visit.visitor.nick = visit.account->nick;
+  if (route->needs_ticket && visit.account == nullptr) return {HtmlAnswer(WrongPasswordPage()), {}};
+  Answer answer = route->handler(visit);
+  if (request.method == "HEAD") answer.bytes.resize(answer.bytes.find("\r\n\r\n") + 4);
+  return answer;
+}
+
+}  // namespace parlorwire::service

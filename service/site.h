@@ -1,0 +1,23 @@
+// What the service answers to each address: from a whole request to the bytes of an answer.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "service/chat.h"
+#include "service/request_reader.h"
+
+namespace parlorwire::service {
+
+// Either an answer that ends, or a frame of the chat, whose bytes come in its `out`.
+struct Answer {
+  std::string bytes;
+  std::optional<FrameId> frame;
+};
+
+Answer Handle(Chat& chat, const Request& request, const Origin& origin, const Moment& now);
+
+// An answer that tells of a failure.
+std::string ErrorAnswer(int status);
+
+}  // namespace parlorwire::service

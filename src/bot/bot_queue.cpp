@@ -1,0 +1,76 @@
+#include "bot/bot_queue.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "session/connect.h"
+#include "session/fault_trap.h"
+#include "session/http_request.h"
+#include "session/proxy_dialog.h"
+#include "session/status.h"
+#include "users/posting.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr std::string_view kStyleFix = "/set s 9";
+constexpr int kTimedOut = 10060;
+
+void ConnectAfresh(Client& client, TabSession& session) {
+  session.Winsock4->Close();
+  ConnectToService(client, *session.Winsock4);
+}
+
+// The first command that waits; the list's end if none does.
+std::vector<Text>::iterator Head(std::vector<Text>& queue) {
+  return std::find_if(queue.begin(), queue.end(), [](const Text& text) { return !text.empty(); });
+}
+
+void ResetQueue(TabSession& session) {
+  session.BotQueue.assign(1, Text());
+}
+
+}  // namespace
+
+void SayBot(Client& client, const Text& text, int tab) {
+  TabSession& session = client.tab(tab);
+  session.BotQueue.push_back(text);
+  const SocketState state = session.Winsock4->State();
+  if (state == SocketState::kConnected || state == SocketState::kConnecting) return;
+  GoOnAfterFault(client, ". Function: SayBot", [&] { ConnectAfresh(client, session); });
+}
+
+void Winsock4_Connect(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  const auto head = Head(session.BotQueue);
+  const Text text = head == session.BotQueue.end() ? Text() : *head;
+  PassOverFault(
+      [&] { session.Winsock4->SendData(BuildRequest(client, PostUrl(client, text, tab))); });
+}
+
+void Winsock4_Close(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  const auto head = Head(session.BotQueue);
+  if (head != session.BotQueue.end()) {
+    if (*head != kStyleFix) {
+      head->clear();
+    } else {
+      StatusOk(client, tab);
+      ConnectToChat(client, tab);  // empties the queue
+    }
+  }
+  if (Head(session.BotQueue) != session.BotQueue.end())
+    ConnectAfresh(client, session);
+  else
+    ResetQueue(session);
+}
+
+void Winsock4_Error(Client& client, int tab, int number) {
+  TabSession& session = client.tab(tab);
+  if (number == kTimedOut)
+    ConnectAfresh(client, session);
+  else
+    ResetQueue(session);
+}
+
+}  // namespace parlorwire

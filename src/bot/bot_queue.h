@@ -1,0 +1,22 @@
+// What the program itself says to a channel: commands that wait in a tab's BotQueue and go out one
+// by one over Winsock4, each when the service has closed the connection of the one ahead.
+#pragma once
+
+#include "session/client.h"
+#include "text/text.h"
+
+namespace parlorwire {
+
+// Queues a command, and connects unless a command is under way. Faults are logged and passed over.
+void SayBot(Client& client, const Text& text, int tab);
+
+// The events of Winsock4. The answer to a command is never read.
+void Winsock4_Connect(Client& client, int tab);
+
+// The command at the head is done. Behind "/set s 9" the session is started anew.
+void Winsock4_Close(Client& client, int tab);
+
+// A time-out (10060) tries the command again; any other failure drops all that wait.
+void Winsock4_Error(Client& client, int tab, int number);
+
+}  // namespace parlorwire

@@ -1,0 +1,63 @@
+#include "display/nick_colours.h"
+
+#include "display/fonts.h"
+#include "session/fault_trap.h"
+#include "session/ini.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr const char* kCmIni = "CM.ini";
+
+// A colour that shows on the dark pane.
+PaneColour RandomColour(Random& random) {
+  const auto red = static_cast<unsigned>(random.Next() * 256);
+  const auto green = static_cast<unsigned>(random.Next() * 156 + 100);
+  const auto blue = static_cast<unsigned>(random.Next() * 256);
+  return Rgb(red, green, blue);
+}
+
+}  // namespace
+
+PaneColour LookupMessageColor(Client& client, std::string_view nick) {
+  if (nick.ends_with(':')) nick.remove_suffix(1);
+  try {
+    NickColours& colours = client.app.CmIniText;
+    if (const auto known = colours.Use(nick)) return *known;
+    const PaneColour colour = RandomColour(client.platform.random);
+    colours.Prepend(nick, colour);
+    return colour;
+  } catch (const Fault&) {
+    client.platform.desktop.YieldToEvents();
+    return 0;
+  }
+}
+
+void LoadNickColours(Client& client) {
+  Files& files = client.platform.files;
+  Text text;
+  PassOverFault([&] {
+    if (files.Exists(kCmIni) && files.Size(kCmIni) <= kLargestConfigFile) text = files.Read(kCmIni);
+  });
+  client.app.CmIniText.Assign(text);
+}
+
+void SaveNickColours(Client& client) {
+  PassOverFault([&] { client.platform.files.WriteAt(kCmIni, 1, client.app.CmIniText.text()); });
+}
+
+void change_message_color(Client& client, const Text& nick, PaneColour colour) {
+  Desktop& desktop = client.platform.desktop;
+  const int active = desktop.ActiveTab();
+  if (EqualsNoCase(nick, client.tab(active).Login)) {
+    client.app.rRichColors.TextColor = colour;
+    WriteStatusTextColor(client);
+  } else {
+    GoOnAfterFault(client, ". Function: change_message_color",
+                   [&] { client.app.CmIniText.Set(nick, colour); });
+  }
+  SaveNickColours(client);
+  desktop.FocusMsg(active);
+}
+
+}  // namespace parlorwire

@@ -1,0 +1,28 @@
+// Every nick has a colour for the text of its messages, the same from one day to the next.
+#pragma once
+
+#include <string_view>
+
+#include "session/client.h"
+
+namespace parlorwire {
+
+// The colour of a nick; a ":" at its end doesn't count. A nick without one is given a random
+// colour, whose green part is at least 100. The nick's entry moves to the front of `CmIniText`. A
+// fault inside lets waiting events run and gives 0.
+PaneColour LookupMessageColor(Client& client, std::string_view nick);
+
+// `CmIniText` from "CM.ini"; empty if there is no such file, if it can't be read, or if it is
+// larger than 16 MiB.
+void LoadNickColours(Client& client);
+
+// Writes `CmIniText` to "CM.ini" from its first byte on. What an older and longer text left behind
+// the new one stays. Failures are ignored.
+void SaveNickColours(Client& client);
+
+// The menu command of that name on `nick`, with the colour that was chosen, for the active tab. On
+// the tab's own nick it sets rRichColors.TextColor, else the nick's entry. `CM.ini` is written at
+// once, and `msg` gets the focus.
+void change_message_color(Client& client, const Text& nick, PaneColour colour);
+
+}  // namespace parlorwire

@@ -1,0 +1,32 @@
+// How text gets into a pane: select, set the format, replace the selection; and how a pane scrolls
+// after it. Positions are 0-based.
+#pragma once
+
+#include <string_view>
+
+#include "platform/rich_text_box.h"
+#include "session/client.h"
+
+namespace parlorwire {
+
+// Selects [start, end) in a pane, out of the user's sight unless he is selecting with the mouse.
+void SelectPaneEnd(Client& client, PanePosition start, PanePosition end, int tab);  // Rich
+void SelectUsersPaneEnd(Client& client, PanePosition start, PanePosition end,
+                        int tab);  // Rich_Users
+
+// A format that is neither bold nor italic nor underlined. Set whole by RichTextBox::SelFormat, it
+// is what setting name, size, colour and the three attributes one by one comes to.
+PaneFormat PlainFormat(const Text& font_name, int font_size, PaneColour colour);
+
+// Writes behind everything that the pane holds.
+void WriteAtPaneEnd(Client& client, std::string_view text, const PaneFormat& format, int tab);
+void WriteAtUsersPaneEnd(Client& client, std::string_view text, const PaneFormat& format, int tab);
+
+// Where the view of Rich goes behind a chat line: to the bottom. With StopScroll ticked it stays,
+// and a view at the very end goes up two lines.
+void ScrollAfterLine(Client& client, int tab);
+
+// The same behind a framed notice; it lets waiting events run, and goes up one line.
+void ScrollAfterNotice(Client& client, int tab);
+
+}  // namespace parlorwire

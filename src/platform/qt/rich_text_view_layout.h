@@ -1,0 +1,89 @@
+// One fragment of a pane, laid out at a width: its rows, and what lies where in them.
+//
+// Painting, hit test, caret and accessibility all read these rows. Coordinates are
+// device-independent pixels from the fragment's top left corner; indices count characters from the
+// fragment's start.
+#pragma once
+
+#include <QColor>
+#include <QPainter>
+#include <QPalette>
+#include <QRectF>
+#include <QTextLayout>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "platform/qt/rich_text_view_fonts.h"
+#include "platform/qt/rich_text_view_fragment.h"
+#include "platform/qt/rich_text_view_pictures.h"
+
+namespace parlorwire {
+
+struct FragmentLayout {
+  // What a row's place in the text is told by.
+  struct Row {
+    int start = 0;  // the first index in it
+    int end = 0;    // one behind the last; the next row's start
+    int top = 0;
+    int height = 0;
+  };
+  struct Back {
+    int start = 0;
+    int end = 0;
+    QColor colour;
+  };
+  struct Picture {
+    int index = 0;
+    QSize size;
+    std::shared_ptr<const PanePicture> picture;
+  };
+
+  std::uint64_t serial = 0;  // no other layout has it
+  int width = 0;
+  int height = 0;
+  int length = 0;       // characters
+  bool breaks = false;  // a line break follows
+  QTextLayout text;
+  std::vector<Row> rows;  // at least one
+  std::vector<Back> backs;
+  std::vector<Picture> pictures;
+};
+
+// What a layout is made with.
+struct LayoutTools {
+  ToolkitFormats formats;
+  ToolkitPictures pictures;
+  std::uint64_t laid_out = 0;  // layouts made so far
+};
+
+std::shared_ptr<const FragmentLayout> LayOut(const RichTextBox& box, const Fragment& fragment,
+                                             int width, LayoutTools& tools);
+
+// The row that holds the index; for a border of two rows the lower one.
+int RowOf(const FragmentLayout& layout, int index);
+// The row at that height; the first above all, the last below all.
+int RowAt(const FragmentLayout& layout, int y);
+
+// Of what lies under the point: the index ahead of the character, the row's end behind its end.
+int CharacterAt(const FragmentLayout& layout, int x, int y);
+// The border between two characters that is nearest to the point.
+int BorderAt(const FragmentLayout& layout, int x, int y);
+
+// The left edge of the character, in its row.
+qreal XOf(const FragmentLayout& layout, int index);
+// The box of the characters [start, end) as far as they lie in the row of `start`.
+QRectF BoxOf(const FragmentLayout& layout, int start, int end);
+
+// Indices of the fragment that are selected; `end` beyond the length takes the line break.
+struct SelectedStretch {
+  int start = 0;
+  int end = 0;
+};
+
+// Paints with the top left corner at `at`, only the rows that touch `clip`. `ground` is the width
+// of the view: a bar of nothing but coloured blanks is as wide.
+void Paint(QPainter& painter, const FragmentLayout& layout, QPointF at, const QRectF& clip,
+           SelectedStretch selected, const QPalette& palette, ToolkitPictures& pictures);
+
+}  // namespace parlorwire

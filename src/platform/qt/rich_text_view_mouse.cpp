@@ -1,0 +1,172 @@
+// The mouse in a pane.
+#include <QApplication>
+#include <QClipboard>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QStyleHints>
+#include <QTimerEvent>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "platform/qt/rich_text_view.h"
+#include "platform/qt/rich_text_view_copy.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr int kDragScrollMilliseconds = 30;
+constexpr int kEighthsPerNotch = 120;
+
+}  // namespace
+
+bool RichTextView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::Leave) emit mouseLeft();
+  return QAbstractScrollArea::viewportEvent(event);
+}
+
+// ---- the wheel ----
+
+// By pixels: a touch pad tells them, a wheel's notch is some rows.
+void RichTextView::wheelEvent(QWheelEvent* event) {
+  if (event->modifiers() & Qt::ControlModifier) return event->ignore();
+  int pixels = event->pixelDelta().y();
+  if (pixels == 0) {
+    const int notch = QApplication::wheelScrollLines() * arrangement_.RowHeight();
+    wheel_rest_ += event->angleDelta().y() * notch;
+    pixels = wheel_rest_ / kEighthsPerNotch;
+    wheel_rest_ %= kEighthsPerNotch;
+  }
+  if (pixels != 0) ScrollBy(-pixels);
+  event->accept();
+}
+
+// ---- selecting ----
+
+void RichTextView::mousePressEvent(QMouseEvent* event) {
+  const QPoint point = event->position().toPoint();
+  const PanePosition character = CharFromPos(point.x(), point.y());
+  if (event->button() == Qt::LeftButton) {
+    const auto interval =
+        static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    const bool third = double_clicked_ != 0 && event->timestamp() - double_clicked_ < interval &&
+                       (point - double_clicked_at_).manhattanLength() <
+                           QGuiApplication::styleHints()->startDragDistance();
+    double_clicked_ = 0;
+    drag_.point = point;
+    if (third) {
+      BeginDrag(character, PaneGrain::kLine);
+    } else if (event->modifiers() & Qt::ShiftModifier) {
+      drag_ = {true, PaneGrain::kCharacter, {selection_.anchor, selection_.anchor}, point};
+      DragTo(BorderFromPos(point));
+    } else {
+      BeginDrag(BorderFromPos(point), PaneGrain::kCharacter);
+    }
+  } else if (event->button() == Qt::RightButton && !Selected().empty()) {
+    GiveSelection();
+  }
+  emit mousePressedAt(character, event->button());
+}
+
+void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  const QPoint point = event->position().toPoint();
+  double_clicked_ = event->timestamp();
+  double_clicked_at_ = point;
+  drag_.point = point;
+  BeginDrag(CharFromPos(point.x(), point.y()), PaneGrain::kWord);
+}
+
+void RichTextView::mouseMoveEvent(QMouseEvent* event) {
+  const QPoint point = event->position().toPoint();
+  if (drag_.active && (event->buttons() & Qt::LeftButton)) {
+    drag_.point = point;
+    const bool beyond = point.y() < 0 || point.y() >= viewport()->height();
+    if (!beyond)
+      drag_scroll_.stop();
+    else if (!drag_scroll_.isActive())
+      drag_scroll_.start(kDragScrollMilliseconds, this);
+    DragTo(BorderFromPos({point.x(), std::clamp(point.y(), 0, viewport()->height() - 1)}));
+  }
+  emit mouseMovedOver(CharFromPos(point.x(), point.y()));
+}
+
+void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
+  const QPoint point = event->position().toPoint();
+  if (event->button() == Qt::LeftButton && drag_.active) EndDrag();
+  emit mouseReleasedAt(CharFromPos(point.x(), point.y()), event->button());
+}
+
+// The further beyond the edge, the faster.
+void RichTextView::timerEvent(QTimerEvent* event) {
+  if (event->timerId() != drag_scroll_.timerId()) return QAbstractScrollArea::timerEvent(event);
+  const int below = drag_.point.y() - (viewport()->height() - 1);
+  const int beyond = below > 0 ? below : std::min(drag_.point.y(), 0);
+  ScrollBy(beyond / 2 + (beyond > 0 ? 1 : -1));
+  DragTo(BorderFromPos({drag_.point.x(), beyond > 0 ? viewport()->height() - 1 : 0}));
+}
+
+void RichTextView::BeginDrag(PanePosition position, PaneGrain grain) {
+  const PaneRange around = StretchAround(box_, position, grain);
+  drag_.active = true;
+  drag_.grain = grain;
+  drag_.origin = {around.start, around.end};
+  ShowSelection(drag_.origin);
+}
+
+void RichTextView::DragTo(PanePosition position) {
+  const PaneRange around = StretchAround(box_, position, drag_.grain);
+  const PaneRange origin = drag_.origin.stretch();
+  if (position < origin.start)
+    ShowSelection({origin.end, around.start});
+  else
+    ShowSelection({origin.start, std::max(around.end, origin.end)});
+}
+
+void RichTextView::EndDrag() {
+  drag_.active = false;
+  drag_scroll_.stop();
+  GiveSelection();
+  QClipboard* clipboard = QGuiApplication::clipboard();
+  if (Selected().empty() || !clipboard->supportsSelection()) return;
+  clipboard->setMimeData(Copied(box_, Selected()).release(), QClipboard::Selection);
+}
+
+// ---- the selection ----
+
+void RichTextView::ShowSelection(PaneSelection selection) {
+  const PaneRange before = Selected();
+  selection_ = selection;
+  goal_x_ = -1;
+  const PaneRange now = Selected();
+  if (before.empty() || now.empty() || now.start >= before.end || before.start >= now.end) {
+    Restyle(before);
+    Restyle(now);
+  } else {
+    Restyle({std::min(before.start, now.start), std::max(before.start, now.start)});
+    Restyle({std::min(before.end, now.end), std::max(before.end, now.end)});
+  }
+}
+
+void RichTextView::Select(PanePosition anchor, PanePosition caret) {
+  const auto within = [&](PanePosition p) { return std::clamp(p, PanePosition{0}, box_.Length()); };
+  ShowSelection({within(anchor), within(caret)});
+  GiveSelection();
+}
+
+void RichTextView::SelectAll() {
+  Select(0, box_.Length());
+}
+
+void RichTextView::GiveSelection() {
+  giving_selection_ = true;
+  box_.ExSetSel(Selected().start, Selected().end);
+  box_.HideSelection(false);
+  giving_selection_ = false;
+}
+
+void RichTextView::Copy() {
+  if (Selected().empty()) return;
+  QGuiApplication::clipboard()->setMimeData(Copied(box_, Selected()).release());
+}
+
+}  // namespace parlorwire

@@ -1,0 +1,12 @@
+// The page of channels, which the service gives to a tab without a channel.
+#pragma once
+
+#include "session/client.h"
+
+namespace parlorwire {
+
+// Renders ChannelListPage into Rich of the tab. A page that is cut short inside a value ends with
+// Fault 5 at that place; what was rendered stays.
+void ShowChannelList(Client& client, int tab);
+
+}  // namespace parlorwire

@@ -1,0 +1,255 @@
+#include "session/connect.h"
+
+#include "session/fault_trap.h"
+#include "session/frame_end.h"
+#include "session/frame_stream.h"
+#include "session/http_request.h"
+#include "session/personal_notice.h"
+#include "session/proxy_dialog.h"
+#include "session/status.h"
+#include "session/wire_encoding.h"
+#include "text/charset.h"
+#include "text/cut.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr std::string_view kInConnectToChat = ". Function: ConnectToChat";
+constexpr std::string_view kInClose = ". Function: Winsock1_Close";
+
+Text LoginRequest(Client& client, TabSession& tab) {
+  Text url = "/newmsg?username=" + UrlEncodeKoi(tab.Login);
+  url += "&passwd=" + UrlEncodeKoi(tab.Password);
+  url += "&channel=" + UrlEncodeKoi(tab.Channel);
+  url += "&chpwd=" + UrlEncodeKoi(tab.ChannelPassword);
+  return BuildRequest(client, url);
+}
+
+// The frame of the channel or, without a channel, the page of channels. Here alone the ticket is
+// escaped, too.
+Text FrameRequest(Client& client, TabSession& tab) {
+  Text url = TrimView(tab.Channel).empty() ? "/?username=" : "/pframe?username=";
+  url += UrlEncodeKoi(tab.Login);
+  url += "&ticket=" + UrlEncodeKoi(tab.Ticket);
+  url += "&channel=" + UrlEncodeKoi(tab.Channel);
+  url += "&chpwd=" + UrlEncodeKoi(tab.ChannelPassword);
+  return BuildRequest(client, url);
+}
+
+// The value behind the "=" that follows `key_at`, up to the next "'" or "&". With neither behind it
+// the cut has a negative length: Fault 5.
+Text TicketAt(std::string_view answer, Position key_at) {
+  const Position equals = InStr(key_at, answer, "=");
+  const Position end = MinNonZero3(InStr(equals, answer, "'"), InStr(equals, answer, "&"), 0);
+  return Mid(answer, equals + 1, end - equals - 1);
+}
+
+void RefuseLogin(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  StatusOut(client, RussianOrElse(client, "неверные логин или пароль"_w, "bad login or password"),
+            StatusMode::kFailed, tab);
+  ShowTabCaption(client, tab, RussianOrElse(client, "Отключено"_w, "Disconnected"));
+  session.CloseHandled = true;
+  session.Connecting = false;
+  session.ClearPanesOnConnect = true;
+}
+
+// An answer without a ticket: the first line is shown, all of it is logged, and after a while the
+// tab tries again.
+void ReportServerError(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  GoOnAfterFault(client, kInClose, [&] {
+    const Text first_line(ElementAt(Split(session.LoginAnswer, "\n"), 0));
+    StatusOut(client, first_line, StatusMode::kFailed, tab);
+  });
+  WriteErrorLog(client, "Server error. Debug info:\r\n" + session.LoginAnswer);
+  session.CloseHandled = true;
+  session.Connecting = false;
+  ShowTabCaption(client, tab, RussianOrElse(client, "Отключено"_w, "Disconnected"));
+  session.Timer1->Enabled(true);
+}
+
+// The login's connection has ended: its answer is whole.
+void ReadLoginAnswer(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  const Text lower = LCase(session.LoginAnswer);
+  if (Contains(lower, "<title>error auth page</title>") ||
+      Contains(lower, "<title>authorization failed!</title>")) {
+    RefuseLogin(client, tab);
+    return;
+  }
+
+  Position ticket_at = InStr(session.LoginAnswer, "&ticket=");
+  if (ticket_at == 0) ticket_at = InStr(session.LoginAnswer, "&session=");
+  if (ticket_at == 0) {
+    ReportServerError(client, tab);
+    return;
+  }
+  GoOnAfterFault(client, kInClose,
+                 [&] { session.Ticket = TicketAt(session.LoginAnswer, ticket_at); });
+  StatusOk(client, tab);
+  session.Authorized = true;
+  session.LoginAnswer.clear();
+
+  if (TrimView(session.Channel).empty())
+    StatusOut(client,
+              RussianOrElse(client, "Получение списка каналов..."_w, "Getting list of channels..."),
+              tab);
+  else
+    StatusOut(client, RussianOrElse(client, "Чтение с канала..."_w, "Reading from channel..."),
+              tab);
+  session.Winsock1->Close();
+  ConnectToService(client, *session.Winsock1);
+}
+
+}  // namespace
+
+void ConnectToChat(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  Desktop& desktop = client.platform.desktop;
+  const ProxyControls& proxy = ProxyDialog(client);
+
+  desktop.SetTabControlsEnabled(tab, false);
+  if (session.ClearPanesOnConnect) {
+    session.Rich.Text("");
+    session.ClearPanesOnConnect = false;
+  }
+  session.Rich_Users.Text("");
+  session.Connecting = true;
+  desktop.SetUsersNumCaption(tab, "");
+  session.ReservedText.clear();
+  session.ReservedFlag = false;
+
+  desktop.SetTabCaption(tab, RussianOrElse(client, "Подключение..."_w, "Connecting.."));
+  if (proxy.use_proxy)
+    StatusOut(client, RussianOrElse(client, "Подключение к прокси..."_w, "Connecting to proxy..."),
+              tab);
+  else
+    StatusOut(client, RussianOrElse(client, "Подключение к чату..."_w, "Connecting to chat..."),
+              tab);
+  if (desktop.ActiveTab() == tab) ShowWindowCaption(client, desktop.TabCaption(tab));
+
+  client.app.ProxyAuthBasic = Base64Encode(proxy.proxy_login + ":" + proxy.proxy_pass);
+  session.Winsock1->Close();
+  session.Winsock5->Close();
+  StopPersonalNotice(client, tab);
+
+  session.JoinLines.clear();
+  session.IsChannelList = false;
+  session.ChannelListPage.clear();
+  session.Rich_Server.Text("");
+  session.InScript = false;
+  session.IgnoreStream = false;
+  session.LogoffPending = false;
+  session.LeavePending = false;
+  session.ReconnectRequested = false;
+  session.TabClosing = false;
+  session.LogoffNick.clear();
+
+  session.BotQueue.assign(1, Text());
+  session.Winsock4->Close();
+  session.IsOperator = false;
+
+  session.LinesArmed = false;
+  GoOnAfterFault(client, kInConnectToChat,
+                 [&] { session.Timer26->Interval(client.app.ActionDelayValue); });
+  session.Timer26->Enabled(true);
+  session.Timer6->Enabled(false);
+  GoOnAfterFault(client, kInConnectToChat,
+                 [&] { session.Timer6->Interval(client.app.ActionDelayValue); });
+  session.ActionsArmed = false;
+
+  session.CloseHandled = false;
+  session.LoginAnswer.clear();
+  session.Authorized = false;
+  session.Connected = false;
+  session.LineCarry.clear();
+  session.Timer3->Enabled(false);
+  session.WatchdogTicks = 0;
+  session.Timer1->Enabled(false);
+
+  ConnectToService(client, *session.Winsock1);
+}
+
+void Winsock1_Connect(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  if (session.Authorized) {
+    session.Winsock1->SendData(FrameRequest(client, session));
+    return;
+  }
+  StatusOk(client, tab);
+  StatusOut(client,
+            RussianOrElse(client, "Проверка имени пользователя и пароля..."_w,
+                          "Veryfing login and password..."),
+            tab);
+  session.Winsock1->SendData(LoginRequest(client, session));
+}
+
+void Winsock1_DataArrival(Client& client, int tab, std::size_t bytes_total) {
+  if (bytes_total == 0) return;
+  TabSession& session = client.tab(tab);
+  if (!session.Authorized) {
+    session.LoginAnswer += session.Winsock1->GetData();
+    return;
+  }
+  const Text decoded = DecodeKoi(session.Winsock1->GetData());
+  session.Connecting = false;
+  session.ChannelListPage += decoded;
+  session.WatchdogTicks = 0;
+  session.Timer3->Enabled(false);
+  GoOnAfterFault(client, ". Function: Winsock1_DataArrival",
+                 [&] { session.Timer3->Interval(client.app.ReconnectDelayValue); });
+  session.Timer3->Enabled(true);  // the reader may switch it off again
+  CacheMessages(client, decoded, tab);
+  session.Timer6->Enabled(true);
+}
+
+void Winsock1_Close(Client& client, int tab) {
+  const TabSession& session = client.tab(tab);
+  if (session.CloseHandled) return;
+  if (session.Authorized)
+    EndFrame(client, tab);
+  else
+    ReadLoginAnswer(client, tab);
+}
+
+void Winsock1_Error(Client& client, int tab, int number, const Text& description) {
+  TabSession& session = client.tab(tab);
+  session.Winsock1->Close();
+  session.Timer3->Enabled(false);
+  session.WatchdogTicks = 0;
+  session.Connecting = false;
+  StopPersonalNotice(client, tab);
+  ShowTabCaption(client, tab, EnglishOrElse(client, "Error", "Ошибка"_w));
+
+  const Text number_in_brackets = " (" + std::to_string(number) + ")";
+  const Text reason = LCase(description) + number_in_brackets;
+  if (session.Connected) {
+    StatusOut(
+        client,
+        RussianOrElse(client, "Ошибка соединения. Причина: "_w, "Connection error. Reason: ") +
+            reason,
+        tab);
+    session.Timer1->Enabled(true);
+    return;
+  }
+
+  constexpr int kAborted = 10053, kTimedOut = 10060, kHostUnreachable = 10065;
+  Text russian = reason;
+  if (number == kHostUnreachable) russian = "нет связи с хостом"_w + number_in_brackets;
+  if (number == kTimedOut) russian = "таймаут соединения"_w;
+  if (number == kAborted)
+    russian = "связь прервана в связи с превышением времени ожидания либо другой ошибкой"_w;
+  StatusOut(client, RussianOrElse(client, russian, reason), StatusMode::kFailed, tab);
+  if (number == kTimedOut)
+    ConnectToChat(client, tab);
+  else if (session.EverConnected)
+    session.Timer1->Enabled(true);
+}
+
+void Timer1_Timer(Client& client, int tab) {
+  client.tab(tab).Timer1->Enabled(false);
+  ConnectToChat(client, tab);
+}
+
+}  // namespace parlorwire

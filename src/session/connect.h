@@ -1,0 +1,22 @@
+// The start of a session, and the conversation that takes a tab from nothing to a read frame.
+#pragma once
+
+#include "session/client.h"
+#include "text/text.h"
+
+namespace parlorwire {
+
+// The one reset and start of a tab. Logs in with the tab's identity, password and all.
+void ConnectToChat(Client& client, int tab);
+
+// The events of Winsock1. It carries two connections in turn: the login and its answer, then the
+// frame that never ends. What a close means is read off the tab's flags.
+void Winsock1_Connect(Client& client, int tab);
+void Winsock1_DataArrival(Client& client, int tab, std::size_t bytes_total);
+void Winsock1_Close(Client& client, int tab);
+void Winsock1_Error(Client& client, int tab, int number, const Text& description);
+
+// The tick of Timer1: tries again.
+void Timer1_Timer(Client& client, int tab);
+
+}  // namespace parlorwire

@@ -1,0 +1,107 @@
+#include "session/frame_end.h"
+
+#include "session/channel_list.h"
+#include "session/connect.h"
+#include "session/fault_trap.h"
+#include "session/personal_notice.h"
+#include "session/status.h"
+#include "text/cut.h"
+
+namespace parlorwire {
+namespace {
+
+// One logoff stops the reconnects of all tabs that use the nick.
+bool NickLoggedOff(const Client& client, int tab) {
+  const Text nick = LCase(client.tab(tab).Login);
+  for (const TabSession& other : client.tabs)
+    if (!other.LogoffNick.empty() && other.LogoffNick == nick) return true;
+  return false;
+}
+
+// The frame was the page of channels, and it is whole now.
+void EndChannelList(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  StatusOk(client, tab);
+  StatusOut(client, "Построение и форматирование..."_w, tab);
+  ShowTabCaption(client, tab, EnglishOrElse(client, "Channel list", "Список каналов"_w));
+  StatusOk(client, tab);
+  GoOnAfterFault(client, ". Function: Winsock1_Close", [&] { ShowChannelList(client, tab); });
+  session.ChannelListPage.clear();
+  client.platform.desktop.SetCloseTabEnabled(true);
+}
+
+}  // namespace
+
+void EndFrame(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  Desktop& desktop = client.platform.desktop;
+  session.IsOperator = false;
+  session.Connecting = false;
+  session.Connected = false;
+  session.ReservedFlag = false;
+  session.ReservedText.clear();
+  desktop.SetTabControlsEnabled(tab, false);
+  desktop.SetCloseTabEnabled(true);
+  session.Rich_Users.Text("");
+  session.Rich_Server.Text("");
+  session.CloseHandled = true;
+  ShowTabCaption(client, tab, EnglishOrElse(client, "Disconnected", "Отключено"_w));
+  session.Timer3->Enabled(false);
+  session.WatchdogTicks = 0;
+
+  if (session.IsChannelList) {
+    EndChannelList(client, tab);
+    return;
+  }
+  if (session.EjectSeen) {  // the service's own command to go
+    session.EjectSeen = false;
+    StatusOut(client, RussianOrElse(client, "Аварийное катапультирование"_w, "Alarm catapulting"),
+              tab);
+    return;
+  }
+  if (session.ReconnectRequested) {
+    ConnectToChat(client, tab);
+    return;
+  }
+  if (session.LogoffPending || session.LeavePending || session.TabClosing) return;
+  if (NickLoggedOff(client, tab)) {
+    StatusOut(client, "Вы вышли из чата"_w, tab);
+    StopPersonalNotice(client, tab);
+    return;
+  }
+  if (session.FixingFlagR) {
+    StatusOk(client, tab);
+    session.FixingFlagR = false;
+  }
+  ConnectToChat(client, tab);
+}
+
+void Timer3_Timer(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  if (++session.WatchdogTicks <= 1) return;
+  session.Timer3->Enabled(false);
+  session.WatchdogTicks = 0;
+  StatusOut(
+      client,
+      RussianOrElse(client, "Чат не отвечает, реконнект"_w, "Chat did not responding, reconnect"),
+      tab);
+  ConnectToChat(client, tab);
+}
+
+void Timer6_Timer(Client& client, int tab) {
+  client.tab(tab).Timer6->Enabled(false);
+  client.tab(tab).ActionsArmed = true;
+}
+
+void Timer26_Timer(Client& client, int tab) {
+  client.tab(tab).LinesArmed = true;
+  client.tab(tab).Timer26->Enabled(false);
+}
+
+void Timer2_Timer(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  session.PersRed = !session.PersRed;
+  client.platform.desktop.SetPersRed(tab, session.PersRed);
+}
+
+}  // namespace parlorwire

@@ -1,0 +1,22 @@
+// What the end of a frame means, and the silence that comes before some ends.
+#pragma once
+
+#include "session/client.h"
+
+namespace parlorwire {
+
+// The frame's connection was closed by the server. Whether the tab connects again is read off what
+// the client did or saw before.
+void EndFrame(Client& client, int tab);
+
+// The tick of Timer3, which runs only in silence: after two of them the tab connects again.
+void Timer3_Timer(Client& client, int tab);
+
+// The ticks of Timer6 and Timer26: lines that arrived earlier get no reaction and raise no notice.
+void Timer6_Timer(Client& client, int tab);
+void Timer26_Timer(Client& client, int tab);
+
+// The tick of Timer2: pers changes between red and its normal colour.
+void Timer2_Timer(Client& client, int tab);
+
+}  // namespace parlorwire

@@ -1,0 +1,108 @@
+#include "session/frame_stream.h"
+
+#include <array>
+
+#include "session/fault_trap.h"
+#include "session/frame_style.h"
+#include "session/personal_notice.h"
+#include "session/status.h"
+#include "text/cut.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr std::string_view kInCacheMessages = ". Function: CacheMessages";
+constexpr std::string_view kEjectLine = W<"<hr>----- Аварийное катапультирование ----<hr>">;
+constexpr std::string_view kScriptEnd = "</script>";
+
+// Cuts the header of a good answer but for its very last LF, so the body begins with a LF. A chunk
+// with the status line and no blank line stays whole.
+Text WithoutHeader(const Text& data) {
+  if (!data.starts_with("HTTP/1.0 200") && !data.starts_with("HTTP/1.1 200")) return data;
+  Position blank_line = InStr(data, "\r\n\r\n");
+  if (blank_line == 0) blank_line = InStr(data, "\n\n") - 2;
+  return Mid(data, blank_line + 3);
+}
+
+Text DecodeEntities(std::string_view piece) {
+  if (piece.find('&') == std::string_view::npos) return Text(piece);
+  Text line = Replace(piece, "&lt;", "<");
+  line = Replace(line, "&gt;", ">");
+  line = Replace(line, "&amp;", "&");
+  line = Replace(line, "&quot;", "\"");
+  return Replace(line, "&nbsp;", " ");
+}
+
+enum class AfterPiece { kReadOn, kDropChunk };
+
+AfterPiece ReadPiece(Client& client, std::string_view piece, int tab) {
+  TabSession& session = client.tab(tab);
+  for (;;) {
+    const std::string_view trimmed = TrimView(piece);
+    if (trimmed.empty() || trimmed == "<!-- -->" || piece == "<pre>") return AfterPiece::kReadOn;
+
+    if (StartsWithNoCase(piece, "<b><font color=")) {
+      StatusOut(client, "Обнаружена смена стиля. Установка s9..."_w, tab);
+      client.hooks.SayBot("/set s 9", tab);
+      return AfterPiece::kDropChunk;
+    }
+    if (StartsWithNoCase(piece, "<script")) {
+      session.InScript = true;
+      if (EqualsNoCase(piece, "<script language=\"javascript\">")) {
+        session.FixingFlagR = true;
+        StatusOut(client, "Обнаружен недопустимый флаг +R. Установка -R..."_w, tab);
+        client.hooks.SayBot("/mo -R", tab);
+        return AfterPiece::kDropChunk;
+      }
+      NoticePersonalMessage(client, tab);
+    }
+    if (!StartsWithNoCase(piece, kScriptEnd)) break;
+    session.InScript = false;
+    piece.remove_prefix(kScriptEnd.size());
+  }
+  if (!session.InScript) client.hooks.ParseChatLine(DecodeEntities(piece), tab);
+  return AfterPiece::kReadOn;
+}
+
+// Reads the whole lines of a chunk and keeps the rest for the next one.
+void ReadLines(Client& client, std::string_view data, int tab) {
+  TabSession& session = client.tab(tab);
+  session.ChannelListPage.clear();
+  const std::size_t rest = data.rfind('\n') + 1;
+  session.LineCarry = data.substr(rest);
+  for (std::string_view left = data.substr(0, rest); !left.empty();) {
+    const std::size_t line_end = left.find('\n');
+    AfterPiece after = AfterPiece::kReadOn;
+    GoOnAfterFault(client, kInCacheMessages,
+                   [&] { after = ReadPiece(client, left.substr(0, line_end), tab); });
+    if (after == AfterPiece::kDropChunk) return;
+    left.remove_prefix(line_end + 1);
+  }
+}
+
+}  // namespace
+
+void CacheMessages(Client& client, const Text& chunk, int tab) {
+  TabSession& session = client.tab(tab);
+  Text data = session.Connected ? chunk : WithoutHeader(chunk);
+  if (session.IgnoreStream) return;
+  if (data == kEjectLine) {
+    session.EjectSeen = true;
+    return;
+  }
+  if (!Contains(data, "\n") || data == "\n") {
+    session.LineCarry += data;
+    return;
+  }
+  if (!session.LineCarry.empty()) {
+    data.insert(0, session.LineCarry);
+    session.LineCarry.clear();
+  }
+  if (!session.Connected) {
+    const FrameStyle style = CheckFrameStyle(client, data, tab);
+    if (style != FrameStyle::kRobots) return;
+  }
+  ReadLines(client, data, tab);
+}
+
+}  // namespace parlorwire

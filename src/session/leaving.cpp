@@ -1,0 +1,66 @@
+#include "session/leaving.h"
+
+#include "session/channel_list.h"
+#include "session/http_request.h"
+#include "session/proxy_dialog.h"
+#include "session/status.h"
+#include "session/wire_encoding.h"
+#include "text/charset.h"
+#include "text/cut.h"
+
+namespace parlorwire {
+namespace {
+
+void Ask(Client& client, TabSession& session) {
+  session.Winsock5->Close();
+  ConnectToService(client, *session.Winsock5);
+}
+
+}  // namespace
+
+void LogoffChat(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  session.LogoffPending = true;
+  session.LogoffNick = LCase(session.Login);
+  Ask(client, session);
+}
+
+void LeaveChannel(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  session.LeavePending = true;
+  Ask(client, session);
+}
+
+void Winsock5_Connect(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  session.ChannelListPage.clear();
+  Text url;
+  if (session.LogoffPending)
+    url = "/logoff?username=" + UrlEncodeKoi(session.Login) + "&ticket=" + session.Ticket;
+  if (session.LeavePending)  // overrules a logoff; the nick is escaped once more then
+    url = "/leave?username=" + UrlEncodeKoi(session.Login) + "&ticket=" + session.Ticket +
+          "&channel=" + UrlEncodeKoi(session.Channel);
+  session.Winsock5->SendData(BuildRequest(client, url));
+}
+
+void Winsock5_DataArrival(Client& client, int tab, std::size_t bytes_total) {
+  if (bytes_total == 0) return;
+  TabSession& session = client.tab(tab);
+  session.ChannelListPage += DecodeKoi(session.Winsock5->GetData());
+}
+
+void Winsock5_Close(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  if (session.ChannelListPage.empty()) return;
+  if (session.LeavePending) {
+    ShowChannelList(client, tab);
+    ShowTabCaption(client, tab, EnglishOrElse(client, "Channel list", "Список каналов"_w));
+    session.IsChannelList = true;
+  }
+  if (session.LogoffPending) StatusOut(client, "Вы вышли из чата"_w, tab);
+  client.platform.desktop.SetCloseTabEnabled(true);
+  session.ChannelListPage.clear();
+  client.platform.desktop.SetUsersNumCaption(tab, "");
+}
+
+}  // namespace parlorwire

@@ -1,0 +1,95 @@
+#include "session/status.h"
+
+#include <algorithm>
+
+#include "session/personal_notice.h"
+#include "text/cut.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr PanePosition kLineBreak = 2;  // CR LF
+
+PaneFormat StatusFace(const FontStatus& font) {
+  PaneFormat format;
+  format.font_name = font.Name;
+  format.font_size = font.Size;
+  format.colour = font.TextColor;
+  format.bold = font.Bold;
+  format.italic = font.Italic;
+  return format;
+}
+
+// A personal message waits: its last word is what a click opens the personal window on.
+void MarkPersonalNotice(Client& client, int tab) {
+  RichTextBox& rich = client.tab(tab).Rich;
+  const PanePosition end = rich.Length() - kLineBreak;
+  const Text last_line = rich.TextBetween(rich.LineByIndex(rich.LineAt(end)).start, end);
+  rich.ExSetSel(end - (Len(last_line) - InStrRev(last_line, " ")), end);
+  rich.SelFormat(StatusFace(client.app.rFontStatus));
+  rich.SelUnderline(true);
+
+  const TabSession& session = client.tab(tab);
+  client.hooks.ShowBalloon({},
+                           "Вам пришло персональное сообщение!\r\nНик: "_w + session.Login +
+                               "\r\nКанал: "_w + session.Channel,
+                           kInfoBalloon);
+  client.hooks.SetTrayBlink(1);
+}
+
+}  // namespace
+
+void StatusOut(Client& client, const Text& text, StatusMode mode, int tab) {
+  RichTextBox& rich = client.tab(tab).Rich;
+  const Text& channel = client.tab(tab).Channel;
+
+  rich.SetRedraw(false);
+  rich.SelStart(rich.Length());
+  rich.SelFormat(StatusFace(client.app.rFontStatus));
+
+  Text line;
+  if (mode == StatusMode::kLine) {
+    line = "[" + PaddedTimeText(client.platform.clock.Now()) + "] " + text;
+    if (line.ends_with("..")) {
+      client.hooks.LogChatLine(line, channel);
+    } else {
+      client.hooks.LogChatLine(line + " ", channel);
+      client.hooks.LogChatLine("\r\n", channel);
+    }
+  } else {
+    rich.ExSetSel(std::max<PanePosition>(rich.Length() - kLineBreak, 0), rich.Length());
+    line =
+        mode == StatusMode::kOk ? " Ok." : RussianOrElse(client, " Ошибка: "_w, " Failed: ") + text;
+    client.hooks.LogChatLine(line + "\r\n", channel);
+  }
+  rich.ReplaceSel(line + "\r\n");
+
+  if (mode == StatusMode::kLine &&
+      (text == kPersonalNoticeRussian || text == kPersonalNoticeEnglish))
+    MarkPersonalNotice(client, tab);
+
+  const PaneScrollInfo scroll = rich.GetScrollInfo();
+  const bool at_end = scroll.pos + scroll.page >= scroll.max;
+  if (!client.platform.desktop.StopScroll(tab) || at_end) rich.VScroll(PaneScroll::kBottom);
+  rich.SetRedraw(true);
+}
+
+void ShowTabCaption(Client& client, int tab, const Text& caption) {
+  client.platform.desktop.SetTabCaption(tab, caption);
+  if (client.platform.desktop.ActiveTab() == tab) ShowWindowCaption(client, caption);
+}
+
+void ShowWindowCaption(Client& client, const Text& caption) {
+  client.platform.desktop.SetWindowCaption(caption + " - Parlorwire");
+  client.hooks.SetTabTitle(caption + " - Parlorwire");
+}
+
+Text RussianOrElse(const Client& client, const Text& russian, const Text& english) {
+  return client.Russian() ? russian : english;
+}
+
+Text EnglishOrElse(const Client& client, const Text& english, const Text& russian) {
+  return client.English() ? english : russian;
+}
+
+}  // namespace parlorwire

@@ -1,0 +1,83 @@
+#include "shell/assembly.h"
+
+#include <exception>
+
+#include "bot/bot_queue.h"
+#include "display/chat_log.h"
+#include "display/parse_chat_line.h"
+#include "session/connect.h"
+#include "session/fault_trap.h"
+#include "session/frame_end.h"
+#include "session/leaving.h"
+#include "users/posting.h"
+#include "users/user_frame.h"
+
+namespace parlorwire {
+namespace {
+
+// The entry of an event: what escapes its procedure is logged, and the event loop goes on.
+template <class Call>
+void EnterEvent(Client& client, const char* name, Call&& call) {
+  const Text suffix = Text(". Function: ") + name;
+  try {
+    call();
+  } catch (const Fault& fault) {
+    LogFault(client, fault, suffix);
+  } catch (const std::exception& failure) {  // of the language's library
+    LogFault(client, Fault(fault::kInternal, failure.what()), suffix);
+  }
+}
+
+void FillHooks(Client& client) {
+  Hooks& hooks = client.hooks;
+  hooks.ParseChatLine = [&client](const Text& line, int tab) { ParseChatLine(client, line, tab); };
+  hooks.LogChatLine = [&client](const Text& piece, const Text& channel) {
+    LogChatLine(client, piece, channel);
+  };
+  hooks.UpdateUsersFrame = [&client](int tab) { UpdateUsersFrame(client, tab); };
+  hooks.SayBot = [&client](const Text& text, int tab) { SayBot(client, text, tab); };
+}
+
+void WireEvents(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  // An event becomes a call of procedure(client, tab, the event's own arguments).
+  const auto event = [&client, tab](const char* name, auto procedure) {
+    return [&client, tab, name, procedure](const auto&... arguments) {
+      EnterEvent(client, name, [&] { procedure(client, tab, arguments...); });
+    };
+  };
+  const auto winsock4_error = [](Client& c, int t, int number, const Text&) {
+    Winsock4_Error(c, t, number);
+  };
+  session.Winsock1->events = {event("Winsock1_Connect", Winsock1_Connect),
+                              event("Winsock1_DataArrival", Winsock1_DataArrival),
+                              event("Winsock1_Close", Winsock1_Close),
+                              event("Winsock1_Error", Winsock1_Error)};
+  session.Winsock2->events = {event("Winsock2_Connect", Winsock2_Connect),
+                              event("Winsock2_DataArrival", Winsock2_DataArrival),
+                              event("Winsock2_Close", Winsock2_Close), nullptr};
+  session.Winsock3->events = {event("Winsock3_Connect", Winsock3_Connect),
+                              event("Winsock3_DataArrival", Winsock3_DataArrival),
+                              event("Winsock3_Close", Winsock3_Close), nullptr};
+  session.Winsock4->events = {event("Winsock4_Connect", Winsock4_Connect), nullptr,
+                              event("Winsock4_Close", Winsock4_Close),
+                              event("Winsock4_Error", winsock4_error)};
+  session.Winsock5->events = {event("Winsock5_Connect", Winsock5_Connect),
+                              event("Winsock5_DataArrival", Winsock5_DataArrival),
+                              event("Winsock5_Close", Winsock5_Close), nullptr};
+  session.Timer1->Tick = event("Timer1_Timer", Timer1_Timer);
+  session.Timer2->Tick = event("Timer2_Timer", Timer2_Timer);
+  session.Timer3->Tick = event("Timer3_Timer", Timer3_Timer);
+  session.Timer6->Tick = event("Timer6_Timer", Timer6_Timer);
+  session.Timer26->Tick = event("Timer26_Timer", Timer26_Timer);
+}
+
+}  // namespace
+
+void Assemble(Client& client) {
+  FillHooks(client);
+  for (int tab = 0; tab < kTabCount; ++tab)
+    WireEvents(client, tab);
+}
+
+}  // namespace parlorwire

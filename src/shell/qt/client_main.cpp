@@ -1,0 +1,234 @@
+#include "shell/qt/client_main.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTimer>
+#include <algorithm>
+#include <optional>
+
+#include "platform/qt/text_conversion.h"
+#include "session/leaving.h"
+#include "shell/client_main_layout.h"
+#include "shell/login_dialog.h"
+#include "shell/qt/connection_form.h"
+#include "shell/qt/control_names.h"
+#include "shell/qt/event_entry.h"
+#include "shell/qt/graphic_button.h"
+#include "shell/qt/ground.h"
+#include "shell/qt/line_razdel.h"
+#include "shell/qt/link_label.h"
+#include "shell/qt/main_menu.h"
+#include "shell/qt/msg_box.h"
+#include "shell/qt/open_url.h"
+#include "shell/qt/qt_desktop.h"
+#include "shell/qt/ss_tab.h"
+#include "shell/qt/twips.h"
+#include "shell/qt/zastavka.h"
+#include "shell/shut_down.h"
+#include "shell/start_up.h"
+#include "shell/tabs.h"
+#include "text/number.h"
+#include "users/input_history.h"
+#include "users/posting.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr int kTimer4Interval = 100;       // ms
+constexpr int kSplashWithoutFocus = 3000;  // ms; a window that the desktop never activates
+
+int ClampedPixels(double twips, int least, int most) {
+  return static_cast<int>(
+      std::clamp(twips / kTwipsPerPixel, static_cast<double>(least), static_cast<double>(most)));
+}
+
+}  // namespace
+
+client_main::client_main(Client& client, QtDesktop& desktop)
+    : controls(NewMainControls(client, this, statusBar())), client_(client), desktop_(desktop) {
+  NameControl(this, "client_main");
+  SayControl(this, "Parlorwire");
+  setWindowIcon(QIcon(QStringLiteral(":/parlorwire/parlorwire.svg")));
+  QPalette look = palette();
+  look.setColor(QPalette::Window, QColor(kMainBackColor));
+  setPalette(look);
+  setCentralWidget(controls.ground);
+  menu_ = new MainMenu(client, this, [this] { close(); });
+  OrderMainControls(controls);
+  ShowSlot(controls, -1);
+  desktop_.Attach(this);
+  FillHooks();
+  WireShared();
+  for (int slot = 0; slot < kTabCount; ++slot)
+    WireTab(slot);
+}
+
+client_main::~client_main() {
+  desktop_.Attach(nullptr);
+}
+
+void client_main::FillHooks() {
+  client_.hooks.OpenUrl = [](const Text& url) { OpenUrl(url); };
+  client_.hooks.ShowLoginDialog = [this](int) { ShowLoginDialog(); };
+}
+
+void client_main::WireShared() {
+  controls.ground->Resized = [this] { PlaceControls(); };
+  controls.button_connect_main->Busy = [this] {
+    return client_.tab(desktop_.ActiveTab()).Connecting;
+  };
+  connect(controls.button_connect_main, &QAbstractButton::clicked, this, [this] {
+    OnEvent(client_, "button_connect_main", [&] {
+      if (ConnectMainAddsTab(client_)) {
+        AddTab(client_);
+      } else {
+        ShowLoginDialog();
+      }
+    });
+  });
+  const auto act = [this](LinkLabel* link, std::function<void()> action) {
+    link->SetAction([this, link, action = std::move(action)] {
+      OnEvent(client_, FromQString(link->objectName()), action);
+    });
+  };
+  act(controls.AddTab, [this] { AddTab(client_); });
+  act(controls.logoff, [this] { LogoffChat(client_, desktop_.ActiveTab()); });
+  act(controls.logout, [this] { LeaveChannel(client_, desktop_.ActiveTab()); });
+  controls.SSTab->Click = [this](int previous) {
+    OnEvent(client_, "SSTab_Click", [&] {
+      ShowActiveSlot();
+      SSTab_Click(client_, previous);
+    });
+  };
+  connect(controls.SayUseOp, &QCheckBox::clicked, this, [this](bool ticked) {
+    OnEvent(client_, "SayUseOp_Click", [&] { SayUseOp_Click(client_, ticked); });
+  });
+}
+
+void client_main::WireTab(int slot) {
+  const TabControls& tab = controls.tab(slot);
+  tab.msg->Send = [this, slot] {
+    OnEvent(client_, "msg_KeyPress", [&] { button_say_MouseUp(client_, slot, 1); });
+  };
+  tab.msg->Browse = [this, slot](bool up) {
+    OnEvent(client_, "msg_KeyDown", [&] {
+      BrowseInputHistory(client_, up ? HistoryDirection::kUp : HistoryDirection::kDown, slot);
+    });
+  };
+  connect(tab.button_say, &QAbstractButton::clicked, this, [this, slot] {
+    OnEvent(client_, "button_say", [&] { button_say_MouseUp(client_, slot, 1); });
+  });
+  connect(tab.button_clear, &QAbstractButton::clicked, this, [this, slot] {
+    desktop_.SetMsgText(slot, "");
+    desktop_.FocusMsg(slot);
+  });
+  connect(tab.button_update, &QAbstractButton::clicked, this, [this, slot] {
+    OnEvent(client_, "button_update", [&] { client_.hooks.UpdateUsersFrame(slot); });
+  });
+  connect(tab.StopScroll, &QAbstractButton::clicked, this,
+          [this, slot] { desktop_.FocusMsg(slot); });
+  tab.line_razdel->Moved = [this, slot](int left) { MoveSplitter(slot, left); };
+}
+
+void client_main::Load() {
+  zastavka_ = std::make_unique<zastavka>();
+  zastavka_->show();
+
+  const QSize screen = QGuiApplication::primaryScreen()->virtualSize();
+  WindowMeasures measures;
+  measures.Screen_Width = Twips(QGuiApplication::primaryScreen()->size().width());
+  measures.Screen_Height = Twips(QGuiApplication::primaryScreen()->size().height());
+  measures.SSTab_Width = 100;
+  measures.line_razdel_Left = kDesignedSplitPercent;
+  const WindowPlace place = LoadStep(client_, measures);
+  menu_->ShowChecks();
+  ShowPanels(controls, client_);
+
+  constexpr int kFarthest = 32000;
+  resize(ClampedPixels(place.Width, 1, screen.width()),
+         ClampedPixels(place.Height, 1, screen.height()));
+  move(ClampedPixels(place.Left, -kFarthest, kFarthest),
+       ClampedPixels(place.Top, -kFarthest, kFarthest));
+  QTimer::singleShot(kSplashWithoutFocus, this, [this] { EndSplash(); });
+}
+
+void client_main::Unload() {
+  if (unloaded_) return;
+  unloaded_ = true;
+  std::optional<WindowPlace> place;
+  if (!isMinimized())
+    place = {static_cast<double>(Twips(x())), static_cast<double>(Twips(y())),
+             static_cast<double>(Twips(width())), static_cast<double>(Twips(height()))};
+  for (QWidget* window : QApplication::topLevelWidgets())
+    window->hide();
+  UnloadStep(client_, place);
+}
+
+void client_main::Timer4() {
+  QTimer::singleShot(kTimer4Interval, this, [this] { close(); });
+}
+
+void client_main::ShowActiveSlot() {
+  ShowSlot(controls, controls.SSTab->AnyVisible() ? controls.SSTab->Tab() : -1);
+  ShowPanels(controls, client_);
+  PlaceControls();
+}
+
+void client_main::ShowLanguage(int language) {
+  const bool russian = language == 1;
+  SetMainLanguage(controls, russian);
+  menu_->SetLanguage(russian);
+  ShowPanels(controls, client_);
+  PlaceControls();
+  QCoreApplication::removeTranslator(&toolkit_russian_);
+  if (russian && toolkit_russian_.load(QLocale(QLocale::Russian), "qtbase", "_",
+                                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&toolkit_russian_);
+}
+
+void client_main::ShowLoginDialog() {
+  if (!connection_form_) {
+    connection_form_ = std::make_unique<connection_form>(client_, this);
+    connection_form_->Timer4 = [this] { Timer4(); };
+  }
+  connection_form_->ShowLoginDialog();
+}
+
+void client_main::MoveSplitter(int slot, int left) {
+  const QRect strip = controls.SSTab->geometry();
+  const double percent = (left - strip.left()) * 100.0 / std::max(1, strip.width());
+  const double clamped = ClampSplit(Twips(strip.width()), percent);
+  client_.tab(slot).TabSplitPercent = NumberText(clamped);
+  PlaceControls();
+}
+
+void client_main::PlaceControls() {
+  // Sizes that the window never really had must not move the splitters.
+  if (!testAttribute(Qt::WA_Resized) || unloaded_) return;
+  PlaceMainControls(controls, client_);
+}
+
+void client_main::closeEvent(QCloseEvent* event) {
+  event->accept();
+  Unload();
+  QCoreApplication::exit(0);
+}
+
+void client_main::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() != QEvent::ActivationChange || !isActiveWindow() || activated_) return;
+  activated_ = true;
+  EndSplash();
+}
+
+void client_main::EndSplash() {
+  zastavka_.reset();
+}
+
+}  // namespace parlorwire

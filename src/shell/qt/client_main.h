@@ -1,0 +1,70 @@
+// The main window: it owns the ten tab slots' controls, and everything that the user does in them
+// becomes a call of the core.
+#pragma once
+
+#include <QMainWindow>
+#include <QTranslator>
+#include <array>
+#include <functional>
+#include <memory>
+
+#include "session/client.h"
+#include "shell/qt/main_controls.h"
+
+class QTimer;
+
+namespace parlorwire {
+
+class MainMenu;
+class QtDesktop;
+class connection_form;
+class zastavka;
+
+class client_main : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // Attaches itself to the desktop, whose client is `client`.
+  client_main(Client& client, QtDesktop& desktop);
+  ~client_main() override;
+
+  // The load step, behind the splash. The window takes its place; whoever starts the program shows
+  // it. The splash goes with the window's first activation.
+  void Load();
+
+  // The unload step, once; the program is over then. A second call does nothing.
+  void Unload();
+
+  // How others ask for the end of the program from inside an event.
+  void Timer4();
+
+  // ---- for the port ----
+  void ShowActiveSlot();
+  void ShowLanguage(int language);
+  MainControls controls;
+  std::array<Text, kTabCount> tab_captions;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void WireShared();
+  void WireTab(int slot);
+  void FillHooks();
+  void ShowLoginDialog();
+  void MoveSplitter(int slot, int left);
+  void PlaceControls();
+  void EndSplash();
+
+  Client& client_;
+  QtDesktop& desktop_;
+  MainMenu* menu_;
+  std::unique_ptr<connection_form> connection_form_;
+  std::unique_ptr<zastavka> zastavka_;
+  QTranslator toolkit_russian_;
+  bool activated_ = false;
+  bool unloaded_ = false;
+};
+
+}  // namespace parlorwire

@@ -1,0 +1,27 @@
+#include "shell/qt/control_names.h"
+
+#include <QFont>
+
+namespace parlorwire {
+
+void NameControl(QWidget* control, const QString& system_name) {
+  control->setObjectName(system_name);
+  control->setAccessibleDescription(system_name);
+}
+
+void NameControl(QWidget* control, const QString& family, int slot) {
+  NameControl(control, family + QLatin1Char('_') + QString::number(slot));
+}
+
+void SayControl(QWidget* control, const QString& text) {
+  QString said = text;
+  control->setAccessibleName(said.remove(QLatin1Char('&')));
+}
+
+QFont LabelFont() {
+  QFont font(QStringLiteral("verdana"), 8);
+  font.setStyleHint(QFont::SansSerif);
+  return font;
+}
+
+}  // namespace parlorwire

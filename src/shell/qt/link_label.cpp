@@ -1,0 +1,91 @@
+#include "shell/qt/link_label.h"
+
+#include <QEnterEvent>
+#include <QKeyEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <utility>
+
+#include "shell/qt/control_names.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr int kSide = 2;  // room for the focus frame
+
+}  // namespace
+
+LinkLabel::LinkLabel(QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  QFont font = LabelFont();
+  font.setUnderline(true);
+  setFont(font);
+  connect(this, &QAbstractButton::clicked, this, [this] {
+    if (action_) action_();
+  });
+  Enable();
+}
+
+void LinkLabel::SetAction(std::function<void()> action) {
+  action_ = std::move(action);
+  Enable();
+}
+
+void LinkLabel::SetWanted(bool wanted) {
+  wanted_ = wanted;
+  Enable();
+}
+
+void LinkLabel::SetRed(bool red) {
+  if (red == red_) return;
+  red_ = red;
+  update();
+}
+
+void LinkLabel::Enable() {
+  setEnabled(wanted_ && action_);
+  if (isEnabled()) {
+    setCursor(Qt::PointingHandCursor);
+  } else {
+    unsetCursor();
+  }
+}
+
+QSize LinkLabel::sizeHint() const {
+  const QSize words = fontMetrics().size(Qt::TextShowMnemonic, text());
+  return {words.width() + 2 * kSide, fontMetrics().height()};
+}
+
+void LinkLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  QColor ink(kLinkColor);
+  if (!isEnabled()) ink = QColor(0x8A8E88);
+  if (isEnabled() && (underMouse() || isDown())) ink = QColor(0x0A6CC8);
+  if (red_) ink = Qt::red;
+  painter.setPen(ink);
+  painter.drawText(rect().adjusted(kSide, 0, 0, 0),
+                   Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, text());
+  if (!hasFocus()) return;
+  painter.setPen(QPen(QColor(kLinkColor), 1, Qt::DotLine));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void LinkLabel::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (!event->isAutoRepeat()) click();
+    return;
+  }
+  QAbstractButton::keyPressEvent(event);
+}
+
+void LinkLabel::enterEvent(QEnterEvent* event) {
+  QAbstractButton::enterEvent(event);
+  update();
+}
+
+void LinkLabel::leaveEvent(QEvent* event) {
+  QAbstractButton::leaveEvent(event);
+  update();
+}
+
+}  // namespace parlorwire

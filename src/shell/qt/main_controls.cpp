@@ -1,0 +1,245 @@
+#include "shell/qt/main_controls.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QLabel>
+#include <QStatusBar>
+#include <initializer_list>
+#include <string>
+
+#include "platform/qt/rich_text_view.h"
+#include "platform/qt/text_conversion.h"
+#include "session/fault_trap.h"
+#include "shell/client_main_layout.h"
+#include "shell/qt/control_names.h"
+#include "shell/qt/graphic_button.h"
+#include "shell/qt/ground.h"
+#include "shell/qt/line_razdel.h"
+#include "shell/qt/link_label.h"
+#include "shell/qt/msg_box.h"
+#include "shell/qt/ss_tab.h"
+#include "shell/qt/twips.h"
+#include "text/number.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr int kUpperRow = 70;  // twips
+constexpr int kLowerRow = 300;
+constexpr int kLinkGap = 10;  // pixels between two links
+constexpr int kRowGap = 18;   // pixels between the controls of the row under the tab
+constexpr int kRowHeight = 19;
+constexpr int kStripHeight = 26;
+
+LinkLabel* NewLink(QWidget* ground, const char* name, const Text& caption) {
+  auto* link = new LinkLabel(ground);
+  link->setText(ToQString(caption));
+  NameControl(link, QString::fromLatin1(name));
+  SayControl(link, link->text());
+  return link;
+}
+
+void NewBrackets(MainControls& c) {
+  for (int number = 1; number <= 16; ++number) {
+    auto* bracket = new QLabel(number % 2 == 1 ? "[" : "]", c.ground);
+    bracket->setFont(LabelFont());
+    QPalette look = bracket->palette();
+    look.setColor(QPalette::WindowText, QColor(kLinkColor));
+    bracket->setPalette(look);
+    NameControl(bracket, "Label1", number);
+    c.Label1.push_back(bracket);
+  }
+}
+
+void NewPanels(MainControls& c, QStatusBar* bar) {
+  bar->setSizeGripEnabled(true);
+  for (std::size_t i = 0; i < c.panels.size(); ++i) {
+    auto* panel = new QLabel(bar);
+    panel->setFont(LabelFont());
+    panel->setTextFormat(Qt::PlainText);
+    panel->setMargin(2);
+    panel->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
+    // A long banner gives way; it never makes the window wider.
+    if (i == 2) panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    NameControl(panel, "panel", static_cast<int>(i) + 1);
+    bar->addWidget(panel, i == 2 ? 1 : 0);
+    c.panels[i] = panel;
+  }
+  c.panels[2]->setText(ToQString(
+      "Parlorwire SE build 25.7; Все пожелания и замеченные недостатки сообщайте на канале или в перс"_w));
+  c.panels[2]->setToolTip(c.panels[2]->text());
+  SayControl(c.panels[2], c.panels[2]->text());
+}
+
+}  // namespace
+
+MainControls NewMainControls(Client& client, QWidget* ground_owner, QStatusBar* panels) {
+  MainControls c;
+  c.ground = new Ground(ground_owner);
+  NameControl(c.ground, "ground");
+  c.button_connect_main = new GraphicButton(GraphicButton::Picture::kConnect, c.ground);
+  NameControl(c.button_connect_main, "button_connect_main");
+  c.AddTab = NewLink(c.ground, "AddTab", "Добавить таб"_w);
+  c.logout = NewLink(c.ground, "logout", "Выход с канала"_w);
+  c.logoff = NewLink(c.ground, "logoff", "Выход из чата"_w);
+  c.close_tab = NewLink(c.ground, "close_tab", "Закрыть таб"_w);
+  c.sp_opers = NewLink(c.ground, "sp_opers", "Операторы"_w);
+  c.sp_bans = NewLink(c.ground, "sp_bans", "Баны"_w);
+  c.hist_topic = NewLink(c.ground, "hist_topic", "История смены тем"_w);
+  c.letogr = NewLink(c.ground, "letogr", "Летограф"_w);
+  c.search_label = NewLink(c.ground, "search_label", "Поиск"_w);
+  NewBrackets(c);
+  c.SSTab = new parlorwire::SSTab(c.ground);
+  NameControl(c.SSTab, "SSTab");
+  c.SayUseOp = new QCheckBox("/op", c.ground);
+  c.SayUseOp->setFont(LabelFont());
+  NameControl(c.SayUseOp, "SayUseOp");
+  c.perecodirovka_label = NewLink(c.ground, "perecodirovka_label", "Перекодировка"_w);
+  for (int slot = 0; slot < kTabCount; ++slot)
+    c.tab(slot) = NewTabControls(c.ground, client.tab(slot), slot);
+  NewPanels(c, panels);
+  return c;
+}
+
+void OrderMainControls(const MainControls& c) {
+  QWidget* last = c.button_connect_main;
+  const auto next = [&last](std::initializer_list<QWidget*> controls) {
+    for (QWidget* control : controls) {
+      QWidget::setTabOrder(last, control);
+      last = control;
+    }
+  };
+  next({c.AddTab, c.logout, c.logoff, c.close_tab, c.sp_opers, c.sp_bans, c.hist_topic, c.letogr,
+        c.search_label, c.SSTab});
+  for (const TabControls& t : c.tabs)
+    next({t.Rich, t.line_razdel, t.button_update, t.Rich_Users, t.Rich_Server, t.StopScroll});
+  next({c.SayUseOp});
+  for (const TabControls& t : c.tabs)
+    next({t.pers});
+  next({c.perecodirovka_label});
+  for (const TabControls& t : c.tabs)
+    next({t.intonacia, t.msg, t.button_say, t.button_clear});
+}
+
+void ShowSlot(const MainControls& c, int slot) {
+  // First hide, so that the focus never rests on what is about to go.
+  for (int i = 0; i < kTabCount; ++i)
+    if (i != slot) ShowTabControls(c.tab(i), false);
+  if (slot >= 0) ShowTabControls(c.tab(slot), true);
+  const bool any = slot >= 0;
+  c.SSTab->setVisible(any);
+  c.SayUseOp->setVisible(any);
+  c.perecodirovka_label->setVisible(any);
+  c.ground->ShowHint(!any);
+}
+
+void SetMainLanguage(const MainControls& c, bool russian) {
+  const auto choose = [russian](const Text& in_russian, const char* in_english) {
+    return russian ? ToQString(in_russian) : QString::fromLatin1(in_english);
+  };
+  for (const TabControls& tab : c.tabs)
+    SetTabLanguage(tab, russian);
+  c.button_connect_main->setText(choose("Войти в чат"_w, "Log in"));
+  SayControl(c.button_connect_main, c.button_connect_main->text());
+  SayControl(c.SSTab, choose("Табы"_w, "Tabs"));
+  SayControl(c.SayUseOp, choose("Говорить операторам"_w, "Say to the operators"));
+  c.SayUseOp->setToolTip(c.SayUseOp->accessibleName());
+  SayControl(c.panels[0], choose("Адрес чата"_w, "Address of the chat"));
+  SayControl(c.panels[1], choose("Число табов"_w, "Number of tabs"));
+  SayControl(c.ground, choose("Чат"_w, "Chat"));
+  c.ground->Hint(choose("Нажмите «Войти в чат», чтобы выбрать ник и канал."_w,
+                        "Press \"Log in\" to choose a nickname and a channel."));
+}
+
+void ShowPanels(const MainControls& c, const Client& client) {
+  c.panels[0]->setText(ToQString(client.app.ChatHost + ":" + client.app.ChatPort));
+  int visible = 0;
+  for (int slot = 0; slot < kTabCount; ++slot)
+    visible += c.SSTab->TabVisible(slot) ? 1 : 0;
+  const Text label = client.Russian() ? "Табы: "_w : Text("Tabs: ");
+  c.panels[1]->setText(
+      ToQString(label + std::to_string(visible) + "/" + std::to_string(kTabCount)));
+}
+
+namespace {
+
+// Puts the links of a row side by side, each in brackets, so that the row ends at `right`.
+void PlaceLinks(const MainControls& c, std::initializer_list<LinkLabel*> links, int top, int right,
+                std::size_t& bracket) {
+  int width = -kLinkGap;
+  for (LinkLabel* link : links)
+    width += link->sizeHint().width() + 2 * c.Label1[0]->sizeHint().width() + kLinkGap;
+  int left = right - width;
+  const auto put = [&left, top](QWidget* control) {
+    const QSize size = control->sizeHint();
+    control->setGeometry(left, top, size.width(), size.height());
+    left += size.width();
+  };
+  for (LinkLabel* link : links) {
+    put(c.Label1[bracket++]);
+    put(link);
+    put(c.Label1[bracket++]);
+    left += kLinkGap;
+  }
+}
+
+void PlaceTop(const MainControls& c, int width) {
+  const QSize button = c.button_connect_main->sizeHint();
+  c.button_connect_main->setGeometry(Pixels(110), Pixels(100), button.width(), button.height());
+  const QSize add = c.AddTab->sizeHint();
+  c.AddTab->setGeometry(c.button_connect_main->geometry().right() + 12,
+                        Pixels(100) + (button.height() - add.height()) / 2, add.width(),
+                        add.height());
+  std::size_t bracket = 0;
+  const int right = width - Pixels(120);
+  PlaceLinks(c, {c.logout, c.logoff, c.close_tab}, Pixels(kUpperRow), right, bracket);
+  PlaceLinks(c, {c.sp_opers, c.sp_bans, c.hist_topic, c.letogr, c.search_label}, Pixels(kLowerRow),
+             right, bracket);
+}
+
+// The row of a slot under the tab; the controls that the slots share stand where the active slot
+// has them.
+void PlaceRow(const MainControls& c, int slot, int top, bool with_shared) {
+  int left = Pixels(120);
+  const auto put = [&left, top](QWidget* control) {
+    const QSize size = control->sizeHint();
+    control->setGeometry(left, top + (kRowHeight - size.height()) / 2, size.width(), size.height());
+    left += size.width() + kRowGap;
+  };
+  put(c.tab(slot).StopScroll);
+  if (with_shared)
+    put(c.SayUseOp);
+  else
+    left += c.SayUseOp->sizeHint().width() + kRowGap;
+  put(c.tab(slot).pers);
+  if (with_shared) put(c.perecodirovka_label);
+}
+
+}  // namespace
+
+void PlaceMainControls(const MainControls& c, Client& client) {
+  PlaceTop(c, c.ground->width());
+  ClientMainMeasures measures;
+  measures.width = Twips(c.ground->width());
+  measures.height = Twips(c.ground->height());
+  measures.strip_height = Twips(kStripHeight);
+  for (int slot = 0; slot < kTabCount; ++slot) {
+    TabSession& tab = client.tab(slot);
+    measures.split_percent = kDesignedSplitPercent;
+    PassOverFault([&] { measures.split_percent = ToDouble(tab.TabSplitPercent); });
+    const ClientMainPlaces at = LayOutClientMain(measures);
+    if (at.split_percent != measures.split_percent)
+      tab.TabSplitPercent = NumberText(at.split_percent);
+    PlaceTabControls(c.tab(slot), at);
+    tab.Rich.Width(at.Rich.width);
+    PlaceRow(c, slot, Pixels(at.first_row_top), slot == c.SSTab->Tab());
+    if (slot != c.SSTab->Tab()) continue;
+    c.SSTab->setGeometry(Pixels(at.SSTab.left), Pixels(at.SSTab.top), Pixels(at.SSTab.width),
+                         kStripHeight);
+    c.ground->PageAt(QRect(Pixels(at.SSTab.left), Pixels(at.SSTab.top) + kStripHeight,
+                           Pixels(at.SSTab.width), Pixels(at.SSTab.height) - kStripHeight));
+  }
+}
+
+}  // namespace parlorwire

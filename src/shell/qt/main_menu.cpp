@@ -1,0 +1,155 @@
+#include "shell/qt/main_menu.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <utility>
+
+#include "display/fonts.h"
+#include "platform/qt/text_conversion.h"
+#include "shell/both_languages.h"
+#include "shell/qt/control_names.h"
+#include "shell/qt/event_entry.h"
+#include "shell/qt/font_and_color.h"
+#include "shell/start_up.h"
+
+namespace parlorwire {
+
+struct MainMenu::Caption {
+  const char* name;
+  BothLanguages text;
+};
+
+namespace {
+
+constexpr const char* kRussian = "russian";  // properties of an item: its captions
+constexpr const char* kEnglish = "english";
+
+void KeepCaptions(QObject* item, const BothLanguages& text) {
+  item->setProperty(kRussian, ToQString(text.russian));
+  item->setProperty(kEnglish, ToQString(text.english));
+}
+
+}  // namespace
+
+MainMenu::MainMenu(Client& client, QMainWindow* window, std::function<void()> leave)
+    : QObject(window), client_(client), window_(window) {
+  QMenu* file = Menu(nullptr, {"menu_file", {W<"&Файл">, "&File"}});
+  Item(file, {"exit", {W<"В&ыход">, "E&xit"}}, std::move(leave));
+  QMenu* settings = Menu(nullptr, {"menu_settings", {W<"&Настройки">, "&Settings"}});
+  BuildLanguage(Menu(settings, {"menu_language", {W<"&Язык">, "&Language"}}));
+  BuildFonts(Menu(settings, {"menu_fonts", {W<"&Шрифты">, "&Fonts"}}));
+  BuildColours(Menu(settings, {"menu_colors", {W<"&Цвета">, "&Colours"}}));
+  BuildBot(Menu(nullptr, {"menu_bot", {W<"&Бот">, "&Bot"}}));
+}
+
+QMenu* MainMenu::Menu(QMenu* above, const Caption& caption) {
+  QMenu* menu =
+      above != nullptr ? above->addMenu(QString()) : window_->menuBar()->addMenu(QString());
+  NameControl(menu, QString::fromLatin1(caption.name));
+  menu->menuAction()->setObjectName(QString::fromLatin1(caption.name) + "_action");
+  KeepCaptions(menu->menuAction(), caption.text);
+  return menu;
+}
+
+QAction* MainMenu::Item(QMenu* menu, const Caption& caption, std::function<void()> action,
+                        bool checkable) {
+  QAction* item = menu->addAction(QString());
+  item->setObjectName(QString::fromLatin1(caption.name));
+  item->setCheckable(checkable);
+  KeepCaptions(item, caption.text);
+  connect(item, &QAction::triggered, this,
+          [this, name = Text(caption.name), action = std::move(action)] {
+            OnEvent(client_, name, [&] {
+              action();
+              ShowChecks();
+            });
+          });
+  return item;
+}
+
+void MainMenu::BuildLanguage(QMenu* menu) {
+  auto* group = new QActionGroup(this);
+  group->addAction(
+      Item(menu, {"rus", {W<"&Русский">, W<"&Русский">}}, [this] { rus(client_); }, true));
+  group->addAction(Item(menu, {"eng", {"&English", "&English"}}, [this] { eng(client_); }, true));
+}
+
+void MainMenu::BuildFonts(QMenu* menu) {
+  const auto font = [this, menu](const Caption& caption, FontCommand command) {
+    Item(menu, caption, [this, command] {
+      const auto chosen = ChooseFontDialog(FontOf(client_.app, command), window_);
+      if (chosen) ChooseFont(client_.app, command, *chosen);
+    });
+  };
+  font({"font_main", {W<"&Сообщения...">, "&Messages..."}}, FontCommand::font_main);
+  font({"font_system", {W<"С&истемные строки...">, "&System lines..."}}, FontCommand::font_system);
+  font({"font_client", {W<"Сообщения &клиента...">, "Messages of the &client..."}},
+       FontCommand::font_client);
+  menu->addSeparator();
+  Item(
+      menu, {"bold_nicks", {W<"Жирные &ники">, "Bold &nicks"}}, [this] { bold_nicks(client_.app); },
+      true);
+  Item(
+      menu, {"bold_time", {W<"Жирное &время">, "Bold &time"}}, [this] { bold_time(client_.app); },
+      true);
+}
+
+void MainMenu::BuildColours(QMenu* menu) {
+  const auto colour = [this, menu](const Caption& caption, ColourCommand command) {
+    Item(menu, caption, [this, command] {
+      const auto chosen = ChooseColorDialog(ColourOf(client_.app, command), window_);
+      if (chosen) ColourOf(client_.app, command) = *chosen;
+    });
+  };
+  using enum ColourCommand;
+  colour({"color_my_nick", {W<"&Свой ник...">, "&Own nick..."}}, color_my_nick);
+  colour({"color_myself", {W<"Свои с&ообщения...">, "Own &messages..."}}, color_myself);
+  colour({"color_nicks", {W<"&Ники...">, "&Nicks..."}}, color_nicks);
+  colour({"color_choose_nicks", {W<"Ник под &мышью...">, "Nick under the mo&use..."}},
+         color_choose_nicks);
+  colour({"color_symbols", {W<"&Знаки...">, "Mar&ks..."}}, color_symbols);
+  colour({"color_time", {W<"&Время...">, "&Time..."}}, color_time);
+  menu->addSeparator();
+  colour({"color_system", {W<"С&истемные строки...">, "&System lines..."}}, color_system);
+  colour({"color_client", {W<"Сообщения &клиента...">, "Messages of the &client..."}},
+         color_client);
+}
+
+void MainMenu::BuildBot(QMenu* menu) {
+  Item(
+      menu, {"akick_enabled", {W<"&Автокик">, "&Auto-kick"}},
+      [this] { client_.app.AutoKick = !client_.app.AutoKick; }, true);
+  Item(
+      menu, {"say_ip_and_flags", {W<"&Говорить адреса и флаги">, "&Say addresses and flags"}},
+      [this] { client_.app.SayIPAndFlags = !client_.app.SayIPAndFlags; }, true);
+}
+
+void MainMenu::SetLanguage(bool russian) {
+  const char* caption = russian ? kRussian : kEnglish;
+  for (auto* item : window_->findChildren<QAction*>()) {
+    const QVariant text = item->property(caption);
+    if (text.isValid()) item->setText(text.toString());
+  }
+  for (auto* menu : window_->menuBar()->findChildren<QMenu*>())
+    SayControl(menu, menu->title());
+  ShowChecks();
+}
+
+void MainMenu::ShowChecks() {
+  const AppState& app = client_.app;
+  const auto check = [this](const char* name, bool checked) {
+    if (auto* item = window_->findChild<QAction*>(QString::fromLatin1(name)))
+      item->setChecked(checked);
+  };
+  check("rus", client_.Russian());
+  check("eng", client_.English());
+  check("bold_nicks", app.rFontMain.Bold);
+  check("bold_time", app.rFontMain.TimeBold);
+  check("akick_enabled", app.AutoKick);
+  check("say_ip_and_flags", app.SayIPAndFlags);
+}
+
+}  // namespace parlorwire

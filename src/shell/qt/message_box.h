@@ -1,0 +1,16 @@
+// The message boxes of all windows.
+#pragma once
+
+#include "platform/desktop.h"
+
+class QWidget;
+
+namespace parlorwire {
+
+// A box with the caption "Parlorwire" and one button, that waits for the user.
+void ShowMessageBox(QWidget* owner, const Text& text, BoxIcon icon);
+
+// The same with the buttons yes and no; no is preselected, and Escape means no. True on yes.
+bool AskInMessageBox(QWidget* owner, const Text& text, BoxIcon icon);
+
+}  // namespace parlorwire

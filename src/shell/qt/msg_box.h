@@ -1,0 +1,27 @@
+// The input box `msg`.
+#pragma once
+
+#include <QLineEdit>
+#include <functional>
+
+namespace parlorwire {
+
+// One line. What its keys mean is decided elsewhere.
+class MsgBox : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  explicit MsgBox(QWidget* parent);
+
+  std::function<void()> Send;           // Enter in a box that is not locked
+  std::function<void(bool up)> Browse;  // Up or Down through the input history
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  void DeleteWord();
+};
+
+}  // namespace parlorwire

@@ -1,0 +1,155 @@
+#include "shell/qt/qt_desktop.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+
+#include "platform/qt/text_conversion.h"
+#include "shell/qt/client_main.h"
+#include "shell/qt/control_names.h"
+#include "shell/qt/graphic_button.h"
+#include "shell/qt/link_label.h"
+#include "shell/qt/message_box.h"
+#include "shell/qt/msg_box.h"
+#include "shell/qt/ss_tab.h"
+
+namespace parlorwire {
+namespace {
+
+QWidget* BoxOwner(client_main* window) {
+  QWidget* active = QApplication::activeWindow();
+  return active != nullptr ? active : window;
+}
+
+}  // namespace
+
+void QtDesktop::YieldToEvents() {
+  QCoreApplication::processEvents();
+}
+
+int QtDesktop::ActiveTab() const {
+  return window_ ? window_->controls.SSTab->Tab() : 0;
+}
+
+void QtDesktop::SetActiveTab(int tab) {
+  if (window_) window_->controls.SSTab->Tab(tab);
+}
+
+bool QtDesktop::TabVisible(int tab) const {
+  return window_ && window_->controls.SSTab->TabVisible(tab);
+}
+
+void QtDesktop::SetTabVisible(int tab, bool visible) {
+  if (!window_) return;
+  window_->controls.SSTab->TabVisible(tab, visible);
+  window_->ShowActiveSlot();
+}
+
+Text QtDesktop::TabCaption(int tab) const {
+  return window_ ? window_->tab_captions[static_cast<std::size_t>(tab)] : Text();
+}
+
+void QtDesktop::SetTabCaption(int tab, const Text& caption) {
+  if (!window_) return;
+  window_->tab_captions[static_cast<std::size_t>(tab)] = caption;
+  QString shown = ToQString(caption);
+  window_->controls.SSTab->setTabToolTip(tab, shown);
+  shown.replace(QLatin1Char('&'), QLatin1String("&&"));
+  window_->controls.SSTab->setTabText(tab, shown);
+  // The caption changes whenever a connect begins or ends, which the button shows.
+  window_->controls.button_connect_main->update();
+}
+
+void QtDesktop::SetWindowCaption(const Text& caption) {
+  if (window_) window_->setWindowTitle(ToQString(caption));
+}
+
+bool QtDesktop::IsActiveWindow() const {
+  return window_ && window_->isActiveWindow();
+}
+
+void QtDesktop::SetTabControlsEnabled(int tab, bool enabled) {
+  if (!window_) return;
+  EnableTabControls(window_->controls.tab(tab), enabled);
+  SetSharedLinksEnabled(enabled);
+  SetCloseTabEnabled(enabled);
+}
+
+void QtDesktop::SetCloseTabEnabled(bool enabled) {
+  if (window_) window_->controls.close_tab->SetWanted(enabled);
+}
+
+void QtDesktop::SetSharedLinksEnabled(bool enabled) {
+  if (!window_) return;
+  const MainControls& c = window_->controls;
+  for (LinkLabel* link : {c.logoff, c.logout, c.hist_topic, c.letogr, c.sp_bans, c.sp_opers})
+    link->SetWanted(enabled);
+}
+
+bool QtDesktop::StopScroll(int tab) const {
+  return window_ && window_->controls.tab(tab).StopScroll->isChecked();
+}
+
+void QtDesktop::SetStopScroll(int tab, bool ticked) {
+  if (window_) window_->controls.tab(tab).StopScroll->setChecked(ticked);
+}
+
+Text QtDesktop::MsgText(int tab) const {
+  return window_ ? FromQString(window_->controls.tab(tab).msg->text()) : Text();
+}
+
+void QtDesktop::SetMsgText(int tab, const Text& text) {
+  if (window_) window_->controls.tab(tab).msg->setText(ToQString(text));
+}
+
+void QtDesktop::FocusMsg(int tab) {
+  if (window_ && window_->controls.tab(tab).msg->isVisible())
+    window_->controls.tab(tab).msg->setFocus();
+}
+
+Text QtDesktop::IntonaciaText(int tab) const {
+  return window_ ? FromQString(window_->controls.tab(tab).intonacia->currentText()) : Text();
+}
+
+void QtDesktop::SelectIntonacia(int tab, int index) {
+  if (window_) window_->controls.tab(tab).intonacia->setCurrentIndex(index);
+}
+
+Text QtDesktop::UsersNumCaption(int tab) const {
+  return window_ ? FromQString(window_->controls.tab(tab).users_num->text()) : Text();
+}
+
+void QtDesktop::SetUsersNumCaption(int tab, const Text& caption) {
+  if (!window_) return;
+  QLabel* label = window_->controls.tab(tab).users_num;
+  label->setText(ToQString(caption));
+}
+
+void QtDesktop::SetPersRed(int tab, bool red) {
+  if (window_) window_->controls.tab(tab).pers->SetRed(red);
+}
+
+bool QtDesktop::SayUseOpChecked() const {
+  return window_ && window_->controls.SayUseOp->isChecked();
+}
+
+void QtDesktop::SetSayUseOp(bool checked, bool enabled) {
+  if (!window_) return;
+  window_->controls.SayUseOp->setChecked(checked);
+  window_->controls.SayUseOp->setEnabled(enabled);
+}
+
+void QtDesktop::MessageBox(const Text& text, BoxIcon icon) {
+  if (window_) ShowMessageBox(BoxOwner(window_), text, icon);
+}
+
+bool QtDesktop::AskYesNo(const Text& text, BoxIcon icon) {
+  return window_ && AskInMessageBox(BoxOwner(window_), text, icon);
+}
+
+void QtDesktop::ShowLanguage(int language) {
+  if (window_) window_->ShowLanguage(language);
+}
+
+}  // namespace parlorwire

@@ -1,0 +1,55 @@
+// The port to the windows, on the main window.
+#pragma once
+
+#include "platform/desktop.h"
+
+namespace parlorwire {
+
+class client_main;
+
+// It is built ahead of the client, and the main window behind it. Until the window is attached, it
+// answers as if there were none: nothing is visible, and every question is answered with no.
+class QtDesktop : public Desktop {
+ public:
+  void Attach(client_main* window) { window_ = window; }
+
+  void YieldToEvents() override;
+
+  int ActiveTab() const override;
+  void SetActiveTab(int tab) override;
+  bool TabVisible(int tab) const override;
+  void SetTabVisible(int tab, bool visible) override;
+  Text TabCaption(int tab) const override;
+  void SetTabCaption(int tab, const Text& caption) override;
+
+  void SetWindowCaption(const Text& caption) override;
+  bool IsActiveWindow() const override;
+
+  void SetTabControlsEnabled(int tab, bool enabled) override;
+  void SetCloseTabEnabled(bool enabled) override;
+  void SetSharedLinksEnabled(bool enabled) override;
+
+  bool StopScroll(int tab) const override;
+  void SetStopScroll(int tab, bool ticked) override;
+  Text MsgText(int tab) const override;
+  void SetMsgText(int tab, const Text& text) override;
+  void FocusMsg(int tab) override;
+  Text IntonaciaText(int tab) const override;
+  void SelectIntonacia(int tab, int index) override;
+  Text UsersNumCaption(int tab) const override;
+  void SetUsersNumCaption(int tab, const Text& caption) override;
+  void SetPersRed(int tab, bool red) override;
+
+  bool SayUseOpChecked() const override;
+  void SetSayUseOp(bool checked, bool enabled) override;
+
+  void MessageBox(const Text& text, BoxIcon icon) override;
+  bool AskYesNo(const Text& text, BoxIcon icon) override;
+
+  void ShowLanguage(int language) override;
+
+ private:
+  client_main* window_ = nullptr;
+};
+
+}  // namespace parlorwire

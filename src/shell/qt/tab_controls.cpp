@@ -1,0 +1,161 @@
+#include "shell/qt/tab_controls.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QLabel>
+#include <QRect>
+
+#include "platform/qt/rich_text_view.h"
+#include "platform/qt/text_conversion.h"
+#include "session/tab_session.h"
+#include "shell/client_main_layout.h"
+#include "shell/qt/control_names.h"
+#include "shell/qt/graphic_button.h"
+#include "shell/qt/line_razdel.h"
+#include "shell/qt/link_label.h"
+#include "shell/qt/msg_box.h"
+#include "shell/qt/pane_widget.h"
+#include "shell/qt/twips.h"
+#include "shell/start_up.h"
+#include "users/posting.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr int kUsersNumTop = 600;  // twips, in frame_button_update
+constexpr int kUsersNumLeft = 100;
+
+QComboBox* NewIntonacia(QWidget* ground) {
+  auto* box = new QComboBox(ground);
+  for (const Tone& tone : kTones)
+    box->addItem(ToQString(tone.label));
+  box->setFont(LabelFont());
+  return box;
+}
+
+QLabel* NewUsersNum(QWidget* frame) {
+  auto* label = new QLabel(frame);
+  label->setFont(LabelFont());
+  label->setTextFormat(Qt::PlainText);
+  QPalette palette = label->palette();
+  palette.setColor(QPalette::WindowText, QColor(0x00FF00));
+  label->setPalette(palette);
+  return label;
+}
+
+QFrame* NewFrame(QWidget* ground) {
+  auto* frame = new QFrame(ground);
+  QPalette palette = frame->palette();
+  palette.setColor(QPalette::Window, Qt::black);
+  frame->setPalette(palette);
+  frame->setAutoFillBackground(true);
+  return frame;
+}
+
+}  // namespace
+
+TabControls NewTabControls(QWidget* ground, TabSession& tab, int slot) {
+  TabControls c;
+  c.Rich = NewPaneWidget(tab.Rich, ground);
+  c.line_razdel = new LineRazdel(ground);
+  c.frame_button_update = NewFrame(ground);
+  c.button_update = new GraphicButton(GraphicButton::Picture::kUpdate, c.frame_button_update);
+  c.users_num = NewUsersNum(c.frame_button_update);
+  c.Rich_Users = NewPaneWidget(tab.Rich_Users, ground);
+  c.Rich_Server = NewPaneWidget(tab.Rich_Server, ground);
+  c.Rich_Server->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  c.StopScroll = new QCheckBox(ground);
+  c.StopScroll->setFont(LabelFont());
+  c.pers = new LinkLabel(ground);
+  c.intonacia = NewIntonacia(ground);
+  c.msg = new MsgBox(ground);
+  c.msg->setFont(QFont(QStringLiteral("verdana"), 9));
+  c.button_say = new GraphicButton(GraphicButton::Picture::kSay, ground);
+  c.button_clear = new GraphicButton(GraphicButton::Picture::kClear, ground);
+
+  NameControl(c.Rich, "Rich", slot);
+  NameControl(c.line_razdel, "line_razdel", slot);
+  NameControl(c.frame_button_update, "frame_button_update", slot);
+  NameControl(c.button_update, "button_update", slot);
+  NameControl(c.users_num, "users_num", slot);
+  NameControl(c.Rich_Users, "Rich_Users", slot);
+  NameControl(c.Rich_Server, "Rich_Server", slot);
+  NameControl(c.StopScroll, "StopScroll", slot);
+  NameControl(c.pers, "pers", slot);
+  NameControl(c.intonacia, "intonacia", slot);
+  NameControl(c.msg, "msg", slot);
+  NameControl(c.button_say, "button_say", slot);
+  NameControl(c.button_clear, "button_clear", slot);
+  return c;
+}
+
+void ShowTabControls(const TabControls& c, bool visible) {
+  for (QWidget* control : std::initializer_list<QWidget*>{
+           HolderOf(c.Rich), c.line_razdel, HolderOf(c.Rich_Users), HolderOf(c.Rich_Server),
+           c.frame_button_update, c.msg, c.intonacia, c.button_clear, c.button_say, c.StopScroll,
+           c.pers})
+    control->setVisible(visible);
+}
+
+void EnableTabControls(const TabControls& c, bool enabled) {
+  c.msg->setReadOnly(!enabled);
+  QPalette palette;
+  if (!enabled) palette.setColor(QPalette::Base, QColor(0xDFE2DC));
+  c.msg->setPalette(palette);
+  c.intonacia->setEnabled(enabled);
+  c.button_clear->setEnabled(enabled);
+  c.button_say->setEnabled(enabled);
+  c.pers->SetWanted(enabled);
+  c.button_update->setEnabled(enabled);
+}
+
+void SetTabLanguage(const TabControls& c, bool russian) {
+  const auto choose = [russian](const Text& in_russian, const char* in_english) {
+    return russian ? ToQString(in_russian) : QString::fromLatin1(in_english);
+  };
+  const UiLanguage language = russian ? UiLanguage::kRussian : UiLanguage::kEnglish;
+  c.StopScroll->setText(ToQString(kStopScrollText.In(language)));
+  c.pers->setText(ToQString(kPersText.In(language)));
+  c.button_say->setText(choose("Сказать"_w, "Say"));
+  c.button_clear->setText(choose("Стереть"_w, "Clear"));
+  for (RichTextView* view : {c.Rich, c.Rich_Users, c.Rich_Server})
+    view->SetRussian(russian);
+  c.button_update->setText(choose("Обновить"_w, "Update"));
+
+  SayControl(c.Rich, choose("Сообщения"_w, "Messages"));
+  SayControl(c.Rich_Users, choose("Пользователи"_w, "Users"));
+  SayControl(c.Rich_Server, choose("Ответ чата"_w, "Answer of the chat"));
+  SayControl(c.line_razdel, choose("Граница списка пользователей"_w, "Edge of the user list"));
+  SayControl(c.frame_button_update, choose("Список пользователей"_w, "User list"));
+  SayControl(c.users_num, choose("Число пользователей"_w, "Number of users"));
+  SayControl(c.intonacia, choose("Интонация"_w, "Tone"));
+  SayControl(c.msg, choose("Сообщение"_w, "Message"));
+  SayControl(c.StopScroll, c.StopScroll->text());
+  SayControl(c.pers, c.pers->text());
+  SayControl(c.button_say, c.button_say->text());
+  SayControl(c.button_clear, choose("Стереть сообщение"_w, "Clear the message"));
+  SayControl(c.button_update, choose("Обновить список"_w, "Update the user list"));
+}
+
+void PlaceTabControls(const TabControls& c, const ClientMainPlaces& at) {
+  PutAt(HolderOf(c.Rich), at.Rich);
+  PutAt(HolderOf(c.Rich_Server), at.Rich_Server);
+  PutAt(c.line_razdel, at.line_razdel);
+  PutAt(c.frame_button_update, at.frame_button_update);
+  PutAt(HolderOf(c.Rich_Users), at.Rich_Users);
+  PutAt(c.intonacia, at.intonacia);
+  PutAt(c.msg, at.msg);
+  PutAt(c.button_say, at.button_say);
+  PutAt(c.button_clear, at.button_clear);
+
+  const QSize button = c.button_update->sizeHint();
+  const int frame_width = c.frame_button_update->width();
+  c.button_update->setGeometry((frame_width - button.width()) / 2, 7, button.width(),
+                               button.height());
+  const int left = Pixels(kUsersNumLeft);
+  c.users_num->setGeometry(left, Pixels(kUsersNumTop), frame_width - 2 * left,
+                           c.users_num->fontMetrics().height());
+}
+
+}  // namespace parlorwire

@@ -1,0 +1,49 @@
+// The controls of one tab slot on the main window.
+#pragma once
+
+class QCheckBox;
+class QComboBox;
+class QFrame;
+class QLabel;
+class QWidget;
+
+namespace parlorwire {
+
+class GraphicButton;
+class LineRazdel;
+class LinkLabel;
+class MsgBox;
+class RichTextView;
+struct ClientMainPlaces;
+struct TabSession;
+
+// All are children of the window's ground and are deleted by it.
+struct TabControls {
+  RichTextView* Rich = nullptr;
+  RichTextView* Rich_Users = nullptr;
+  RichTextView* Rich_Server = nullptr;
+  LineRazdel* line_razdel = nullptr;
+  QFrame* frame_button_update = nullptr;
+  GraphicButton* button_update = nullptr;
+  QLabel* users_num = nullptr;
+  QCheckBox* StopScroll = nullptr;
+  LinkLabel* pers = nullptr;
+  QComboBox* intonacia = nullptr;
+  MsgBox* msg = nullptr;
+  GraphicButton* button_say = nullptr;
+  GraphicButton* button_clear = nullptr;
+};
+
+TabControls NewTabControls(QWidget* ground, TabSession& tab, int slot);
+
+void ShowTabControls(const TabControls& controls, bool visible);
+
+// What a tab without a connection can't use; `msg` is locked.
+void EnableTabControls(const TabControls& controls, bool enabled);
+
+// The texts and spoken names that have a form in each language.
+void SetTabLanguage(const TabControls& controls, bool russian);
+
+void PlaceTabControls(const TabControls& controls, const ClientMainPlaces& places);
+
+}  // namespace parlorwire

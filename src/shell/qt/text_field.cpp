@@ -1,0 +1,53 @@
+#include "shell/qt/text_field.h"
+
+#include <QClipboard>
+#include <QFocusEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QTimer>
+
+#include "platform/qt/text_conversion.h"
+#include "shell/proxy_form.h"
+#include "shell/qt/control_names.h"
+
+namespace parlorwire {
+
+TextField::TextField(QWidget* parent) : QLineEdit(parent) {
+  setFont(LabelFont());
+}
+
+void TextField::SetLocked(bool locked) {
+  setReadOnly(locked);
+  QPalette look;
+  if (locked) look.setColor(QPalette::Base, QColor(0xD3D7CF));
+  if (locked) look.setColor(QPalette::Text, QColor(0x555A52));
+  setPalette(look);
+}
+
+void TextField::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (Enter) Enter();
+    return;
+  }
+  if (event->matches(QKeySequence::Paste)) {
+    const Text first = FirstLine(FromQString(QGuiApplication::clipboard()->text()));
+    if (!isReadOnly()) insert(ToQString(first));
+    return;
+  }
+  const QString typed = event->text();
+  if (TakesTyped && !typed.isEmpty() && typed[0].isPrint() && !TakesTyped(FromQString(typed)[0]))
+    return;
+  QLineEdit::keyPressEvent(event);
+}
+
+void TextField::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  // A press of the mouse puts the caret into the field after this event.
+  if (event->reason() == Qt::MouseFocusReason) {
+    QTimer::singleShot(0, this, &QLineEdit::selectAll);
+  } else {
+    selectAll();
+  }
+}
+
+}  // namespace parlorwire

@@ -1,0 +1,25 @@
+// Twips and device-independent pixels.
+#pragma once
+
+#include <QWidget>
+
+#include "shell/client_main_layout.h"
+
+namespace parlorwire {
+
+inline int Pixels(int twips) {
+  return twips / kTwipsPerPixel;
+}
+inline int Twips(int pixels) {
+  return pixels * kTwipsPerPixel;
+}
+
+// Puts a control at its place. One whose size would be negative stays where it is.
+inline void PutAt(QWidget* control, const Place& place) {
+  if (place.width < 0 || place.height < 0) return;
+  const int left = Pixels(place.left);
+  const int top = Pixels(place.top);
+  control->setGeometry(left, top, Pixels(place.Right()) - left, Pixels(place.Bottom()) - top);
+}
+
+}  // namespace parlorwire

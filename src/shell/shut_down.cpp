@@ -1,0 +1,39 @@
+#include "shell/shut_down.h"
+
+#include "display/fonts.h"
+#include "display/nick_colours.h"
+#include "session/ini.h"
+#include "text/number.h"
+
+namespace parlorwire {
+
+void UnloadStep(Client& client, const std::optional<WindowPlace>& place) {
+  AppState& app = client.app;
+  for (int slot = 0; slot < kTabCount; ++slot) {
+    client.tab(slot).Winsock1->Close();
+    WriteIni(client, "Main", "WMFrame" + std::to_string(slot), client.tab(slot).TabSplitPercent);
+  }
+  SaveFonts(client);
+  if (place) {
+    WriteIni(client, "Main", "Height", NumberText(place->Height));
+    WriteIni(client, "Main", "Width", NumberText(place->Width));
+    WriteIni(client, "Main", "Top", NumberText(place->Top));
+    WriteIni(client, "Main", "Left", NumberText(place->Left));
+  }
+  WriteIni(client, "Bot", "AutoKick", BooleanText(app.AutoKick));
+  WriteIni(client, "Bot", "SayIPAndFlags", BooleanText(app.SayIPAndFlags));
+  if (app.LoginCount > 0) {
+    WriteIni(client, "Main", "lastIndex", std::to_string(app.LastLoginIndex));
+    WriteIni(client, "Main", "Logins", std::to_string(app.LoginCount));
+  }
+  SaveNickColours(client);
+  StopAllTimers(client);
+}
+
+void StopAllTimers(Client& client) {
+  for (TabSession& tab : client.tabs)
+    for (auto* timer : {&tab.Timer1, &tab.Timer2, &tab.Timer3, &tab.Timer6, &tab.Timer26})
+      (*timer)->Enabled(false);
+}
+
+}  // namespace parlorwire

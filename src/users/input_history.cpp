@@ -1,0 +1,101 @@
+#include "users/input_history.h"
+
+#include <algorithm>
+
+#include "text/cut.h"
+#include "text/fault.h"
+
+namespace parlorwire {
+namespace {
+
+const Text& EntryAt(const TabSession& session, std::uint8_t position) {
+  if (position >= session.HistoryLines.size()) throw Fault(fault::kSubscript);
+  return session.HistoryLines[position];
+}
+
+void Remember(TabSession& session, const Text& text) {
+  auto& lines = session.HistoryLines;
+  std::shift_right(lines.begin(), lines.end(), 1);
+  lines[0] = text;
+  session.HistoryState = "none";
+}
+
+Text StepUp(TabSession& session) {
+  if (session.HistoryState == "down") ++session.HistoryPos;
+  Text entry = EntryAt(session, session.HistoryPos);
+  if (session.HistoryPos >= 2) {
+    session.HistoryState = "upoverflow";
+  } else {
+    ++session.HistoryPos;
+    session.HistoryState = "up";
+  }
+  return entry;
+}
+
+Text StepDown(TabSession& session) {
+  if (session.HistoryState == "up")
+    session.HistoryPos = 0;
+  else if (session.HistoryPos != 0)
+    --session.HistoryPos;
+  session.HistoryState = "down";
+  return EntryAt(session, session.HistoryPos);
+}
+
+}  // namespace
+
+Text InputHistoryStep(Client& client, HistoryDirection direction, const Text& text, bool browse,
+                      int tab) {
+  TabSession& session = client.tab(tab);
+  if (!browse) {
+    Remember(session, text);
+    return {};
+  }
+  switch (direction) {
+    case HistoryDirection::kUp:
+      return StepUp(session);
+    case HistoryDirection::kDown:
+      return StepDown(session);
+    case HistoryDirection::kNone:
+      break;
+  }
+  return {};
+}
+
+void BrowseInputHistory(Client& client, HistoryDirection direction, int tab) {
+  const Text line = InputHistoryStep(client, direction, "", true, tab);
+  if (!TrimView(line).empty()) client.platform.desktop.SetMsgText(tab, line);
+}
+
+MsgKey msg_KeyDown(int key_code, int shift) {
+  constexpr int kBackspace = 8;
+  constexpr int kUp = 38;
+  constexpr int kDown = 40;
+  constexpr int kCtrl = 2;
+  if (key_code == kUp) return MsgKey::kUp;
+  if (key_code == kDown) return MsgKey::kDown;
+  if (key_code == kBackspace && shift == kCtrl) return MsgKey::kDeleteWord;
+  return MsgKey::kOther;
+}
+
+MsgKey msg_KeyPress(int key_ascii) {
+  switch (key_ascii) {
+    case 13:
+      return MsgKey::kSend;
+    case 1:
+      return MsgKey::kSelectAll;
+    case 20:
+    case 127:
+      return MsgKey::kSwallow;
+    default:
+      return MsgKey::kOther;
+  }
+}
+
+BoxText DeleteWordAhead(const BoxText& box) {
+  const std::size_t caret = std::min(box.caret, box.text.size());
+  const std::string_view ahead = std::string_view(box.text).substr(0, caret);
+  const std::size_t kept = ahead.rfind(' ') + 1;  // npos + 1 is 0
+  return {box.text.substr(0, kept) + box.text.substr(caret), kept};
+}
+
+}  // namespace parlorwire

@@ -1,0 +1,169 @@
+#include "users/user_frame.h"
+
+#include <utility>
+
+#include "display/pane_output.h"
+#include "session/fault_trap.h"
+#include "session/http_request.h"
+#include "session/personal_notice.h"
+#include "session/proxy_dialog.h"
+#include "text/charset.h"
+#include "text/cut.h"
+#include "users/user_line.h"
+#include "users/users_out.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr std::string_view kChannelListMark = W<"этот стиль (номер 9) предназначен для роботов">;
+constexpr std::string_view kBlankLines = "\r\n\r\n";
+
+void AppendNote(Client& client, const Text& russian, const Text& english, int tab) {
+  const FontSystem& font = client.app.rFontSystem;
+  PaneFormat format = PlainFormat(font.Name, font.Size, font.TextColor);
+  format.underline = true;
+  format.bold = font.Bold;
+  format.italic = font.Italic;
+  const Text& note = client.Russian() ? russian : english;
+  WriteAtUsersPaneEnd(client, Text(kBlankLines) + note, format, tab);
+}
+
+// The answer behind its header; the last LF of the blank line stays. Only the header of a success
+// is known as one.
+Text WithoutHeader(Text answer) {
+  if (!answer.starts_with("HTTP/1.0 200") && !answer.starts_with("HTTP/1.1 200")) return answer;
+  Position end = InStr(answer, "\r\n\r\n");
+  if (end == 0) end = InStr(answer, "\n\n") - 2;
+  return Mid(answer, end + 3);
+}
+
+bool IsChannelListPage(std::string_view answer) {
+  const Text start = DecodeKoi(Text(answer.substr(0, kChannelListMark.size())));
+  return LCase(start) == kChannelListMark;
+}
+
+// A script in this frame would open the page of a personal message in a browser.
+void CutScript(Client& client, Text& page, int tab) {
+  const Position start = InStrNoCase(page, "<script");
+  if (start == 0) return;
+  const Position end = InStrNoCase(start, page, "</script>");
+  page = Left(page, start - 1) + Right(page, Len(page) - end - 8);
+  NoticePersonalMessage(client, tab);
+}
+
+bool HasOperatorFlag(std::string_view flags) {
+  return ContainsNoCase(flags, "+a") || ContainsNoCase(flags, "+o");
+}
+
+void SeeOwnRecord(Client& client, const UserRecord& user, int tab) {
+  TabSession& session = client.tab(tab);
+  if (!EqualsNoCase(user.nick, session.Login)) return;
+  if (HasOperatorFlag(user.flags)) {
+    Desktop& desktop = client.platform.desktop;
+    session.IsOperator = true;
+    if (desktop.ActiveTab() == tab) desktop.SetSayUseOp(desktop.SayUseOpChecked(), true);
+  }
+  if (!Contains(user.flags, "-t")) {
+    client.hooks.SayBot("/mo -t", tab);
+    UpdateUsersFrame(client, tab);
+  }
+}
+
+void ReadUsers(Client& client, std::string_view page, UserFrameForm form, int tab) {
+  TabSession& session = client.tab(tab);
+  session.UsersText.Clear();
+  int users = 0;
+  int operators = 0;
+  for (const std::string_view piece : Split(page, "\n")) {
+    const std::string_view line = TrimView(piece);
+    if (line == "<tr>" || line.empty()) continue;
+    const UserRecord user = CutUserLine(DecodeUserEntities(line), form);
+    SeeOwnRecord(client, user, tab);
+    UsersOut(client, user, tab);
+    session.UsersText.Append(user.nick, user.IP, user.flags, user.status);
+    ++users;
+    if (HasOperatorFlag(user.flags)) ++operators;
+  }
+  client.platform.desktop.SetUsersNumCaption(
+      tab, "Пользователей: "_w + std::to_string(operators) + "/" + std::to_string(users));
+}
+
+// The whole list is one change for who looks at it.
+struct PaintOnce {
+  explicit PaintOnce(RichTextBox& users_pane) : pane(users_pane) { pane.SetRedraw(false); }
+  ~PaintOnce() {
+    pane.SetRedraw(true);
+    pane.Refresh();
+  }
+  PaintOnce(const PaintOnce&) = delete;
+  PaintOnce& operator=(const PaintOnce&) = delete;
+  RichTextBox& pane;
+};
+
+void ReadFrame(Client& client, Text answer, int tab) {
+  TabSession& session = client.tab(tab);
+  answer = WithoutHeader(std::move(answer));
+  if (IsChannelListPage(answer)) {
+    session.UsersBuffer.clear();
+    session.Winsock1->Close();
+    return;
+  }
+  Text page = DecodeKoi(Mid(answer, InStr(answer, "\n\n") + 3));
+  const UserFrameForm form = page.starts_with("<tr>") ? UserFrameForm::kB : UserFrameForm::kA;
+
+  session.Rich_Users.Text("");
+  SelectUsersPaneEnd(client, 0, 0, tab);
+  session.Rich_Users.ReplaceSel(kBlankLines);
+  client.platform.desktop.YieldToEvents();
+  {
+    const PaintOnce paint_once(session.Rich_Users);
+    CutScript(client, page, tab);
+    ReadUsers(client, page, form, tab);
+  }
+  session.UsersBuffer.clear();
+  client.hooks.SayBotFunction(tab);
+  session.JoinLines.clear();
+}
+
+}  // namespace
+
+void UpdateUsersFrame(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  client.platform.desktop.SetUsersNumCaption(tab, "");
+  const SocketState state = session.Winsock3->State();
+  if (state == SocketState::kClosing || state == SocketState::kClosed)
+    AppendNote(client, " Обновление фрейма..."_w, " Updating...", tab);
+  session.Winsock3->Close();
+  PassOverFault([&] { ConnectToService(client, *session.Winsock3); });
+}
+
+void Winsock3_Connect(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  const Text url = "/chl?" + SessionQuery(session);
+  session.UsersBuffer.clear();
+  session.Winsock3->SendData(BuildRequest(client, url));
+}
+
+void Winsock3_DataArrival(Client& client, int tab, std::size_t bytes_total) {
+  if (bytes_total == 0) return;
+  TabSession& session = client.tab(tab);
+  session.UsersBuffer += session.Winsock3->GetData();
+}
+
+void Winsock3_Close(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  if (session.UsersBuffer.empty()) return;
+  const Text copy = session.UsersBuffer;
+  try {
+    ReadFrame(client, copy, tab);
+  } catch (const Fault& fault) {
+    LogFault(client, fault,
+             session.UsersBuffer.empty()
+                 ? ". Function: SayBotFunction."
+                 : ". Function: Winsock3_Close. Debug info:\r\n!" + copy + "!");
+    session.UsersBuffer.clear();
+    AppendNote(client, " Ошибка при обновлениии фрейма"_w, " Error updating", tab);
+  }
+}
+
+}  // namespace parlorwire

@@ -1,0 +1,105 @@
+// The windows over a simulated outside: real widgets and real key and mouse events; files, sockets,
+// timers and the clock are simulated.
+#pragma once
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <memory>
+#include <optional>
+
+#include "platform/qt/text_conversion.h"
+#include "session/client.h"
+#include "shell/assembly.h"
+#include "shell/qt/client_main.h"
+#include "shell/qt/qt_desktop.h"
+#include "support/simulated_platform.h"
+
+namespace parlorwire {
+
+struct Windows {
+  // `config` is the text of config.ini; without one there is no such file.
+  explicit Windows(const std::optional<Text>& config = std::nullopt) {
+    if (config) outside.files.files["config.ini"] = *config;
+    Assemble(client);
+    window = std::make_unique<client_main>(client, desktop);
+    window->Load();
+    window->show();
+    window->activateWindow();
+    if (!QTest::qWaitForWindowActive(window.get())) qFatal("the window is not active");
+  }
+
+  Platform Ports() {
+    return {outside.files,
+            outside.time,
+            outside.random,
+            outside.clipboard,
+            desktop,
+            [] { return std::make_unique<SimulatedSocket>(); },
+            [this] { return outside.time.NewTimer(); }};
+  }
+
+  // The control of that name, wherever it is; it must exist.
+  template <class Control = QWidget>
+  Control* Find(const char* name) {
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+      if (top->objectName() == QLatin1String(name))
+        if (auto* control = qobject_cast<Control*>(top)) return control;
+      if (auto* control = top->findChild<Control*>(QLatin1String(name))) return control;
+    }
+    qFatal("no control named %s", name);
+  }
+
+  Text Config() { return outside.files.files["config.ini"]; }
+  TabSession& tab(int index) { return client.tab(index); }
+  SimulatedSocket& Winsock1(int index = 0) { return Simulated(client.tab(index).Winsock1); }
+  SimulatedSocket& Winsock2(int index = 0) { return Simulated(client.tab(index).Winsock2); }
+
+  SimulatedPlatform outside;
+  QtDesktop desktop;
+  Client client{Ports()};
+  std::unique_ptr<client_main> window;
+};
+
+// What a message box showed.
+struct SeenBox {
+  QString title, text;
+  QMessageBox::Icon icon = QMessageBox::NoIcon;
+  QString default_button;
+  qsizetype buttons = 0;
+};
+
+// Presses a key in the message box that comes up while `action` runs; fails if none does.
+template <class Action>
+SeenBox AnswerBox(Qt::Key key, Action action) {
+  std::optional<SeenBox> seen;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    look.stop();
+    seen = SeenBox{box->windowTitle(), box->text(), box->icon(),
+                   box->defaultButton() != nullptr ? box->defaultButton()->text() : QString(),
+                   box->buttons().size()};
+    QTest::keyClick(box, key);
+  });
+  look.start(5);
+  action();
+  for (int i = 0; i < 200 && !seen; ++i)
+    QTest::qWait(5);
+  if (!seen) {
+    QTest::qFail("no message box came up", __FILE__, __LINE__);
+    return {};
+  }
+  return *seen;
+}
+
+// Types a text that may hold Cyrillic letters.
+inline void Type(QWidget* control, const QString& text) {
+  for (const QChar letter : text)
+    QTest::sendKeyEvent(QTest::Click, control, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+}
+
+}  // namespace parlorwire

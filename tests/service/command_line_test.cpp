@@ -1,0 +1,118 @@
+#include "service/command_line.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "text/cut.h"
+
+namespace parlorwire::service {
+namespace {
+
+ServerOptions Good(const std::vector<const char*>& arguments) {
+  const auto line = ReadCommandLine(arguments);
+  const auto* good = std::get_if<CommandLine>(&line);
+  EXPECT_NE(good, nullptr) << std::get<std::string>(line);
+  return good == nullptr ? ServerOptions{} : good->options;
+}
+
+std::string Bad(const std::vector<const char*>& arguments) {
+  const auto line = ReadCommandLine(arguments);
+  const auto* wrong = std::get_if<std::string>(&line);
+  return wrong == nullptr ? "" : *wrong;
+}
+
+TEST(CommandLine, HasDefaults) {
+  const ServerOptions options = Good({});
+  EXPECT_EQ(options.address, "127.0.0.1");
+  EXPECT_EQ(options.port, 0);
+  EXPECT_TRUE(options.inhabitants.present);
+  EXPECT_EQ(options.chat.keep_alive_ms, 30000);
+  EXPECT_FALSE(options.control);
+}
+
+TEST(CommandLine, TakesEveryOption) {
+  const ServerOptions options = Good({"--port",
+                                      "8080",
+                                      "--address=0.0.0.0",
+                                      "--quiet",
+                                      "--talk",
+                                      "50",
+                                      "--keepalive",
+                                      "5",
+                                      "--history=7",
+                                      "--grace",
+                                      "2",
+                                      "--kick-time",
+                                      "9",
+                                      "--max-frames",
+                                      "11",
+                                      "--max-connections",
+                                      "12",
+                                      "--channels",
+                                      "Кухня, hall",
+                                      "--ban",
+                                      "10.*,troll",
+                                      "--admin",
+                                      "root",
+                                      "--seed",
+                                      "3",
+                                      "--form-b",
+                                      "--misbehave",
+                                      "cut:99"});
+  EXPECT_EQ(options.port, 8080);
+  EXPECT_EQ(options.address, "0.0.0.0");
+  EXPECT_FALSE(options.inhabitants.present);
+  EXPECT_EQ(options.inhabitants.talk, 50);
+  EXPECT_EQ(options.inhabitants.channels, (std::vector<Text>{"Кухня"_w, "hall"}));
+  EXPECT_EQ(options.chat.keep_alive_ms, 5000);
+  EXPECT_EQ(options.chat.history, 7);
+  EXPECT_EQ(options.chat.grace_ms, 2000);
+  EXPECT_EQ(options.chat.kick_ms, 9000);
+  EXPECT_EQ(options.chat.most_frames, 11U);
+  EXPECT_EQ(options.most_connections, 12U);
+  EXPECT_EQ(options.chat.banned, (std::vector<Text>{"10.*", "troll"}));
+  EXPECT_EQ(options.chat.admins, std::vector<Text>{"root"});
+  EXPECT_EQ(options.seed, 3U);
+  EXPECT_TRUE(options.chat.form_b);
+  EXPECT_EQ(options.misbehaviour.fault, Fault::kCut);
+  EXPECT_EQ(options.misbehaviour.number, 99);
+  EXPECT_TRUE(options.control);
+}
+
+TEST(CommandLine, SaysWhatIsWrong) {
+  EXPECT_EQ(Bad({"--nonsense"}), "unknown option: --nonsense");
+  EXPECT_EQ(Bad({"--port"}), "--port needs a value");
+  EXPECT_EQ(Bad({"--port", "65536"}), "bad value for --port: 65536");
+  EXPECT_EQ(Bad({"--port", "-1"}), "bad value for --port: -1");
+  EXPECT_EQ(Bad({"--keepalive", "0"}), "bad value for --keepalive: 0");
+  EXPECT_EQ(Bad({"--history", "201"}), "bad value for --history: 201");
+  EXPECT_EQ(Bad({"--form-b=1"}), "--form-b takes no value");
+  EXPECT_EQ(Bad({"--channels", "a:b"}), "bad value for --channels: a:b");
+  EXPECT_EQ(Bad({"--misbehave", "wild"}), "bad value for --misbehave: wild");
+}
+
+TEST(CommandLine, HelpNamesEveryOption) {
+  const auto line = ReadCommandLine(std::vector<const char*>{"--help"});
+  EXPECT_TRUE(std::get<CommandLine>(line).help);
+  for (const char* option :
+       {"--port", "--address", "--quiet", "--no-inhabitants", "--talk", "--keepalive", "--history",
+        "--grace", "--kick-time", "--max-frames", "--max-connections", "--channels", "--ban",
+        "--admin", "--seed", "--form-b", "--misbehave", "--help"})
+    EXPECT_TRUE(Contains(HelpText(), option)) << option;
+}
+
+TEST(Misbehaviour, IsReadAndToldAgain) {
+  for (const char* text :
+       {"none", "stall:1", "cut:20", "reset:300", "garbage:4000", "drip:5", "drop:999999999"}) {
+    const auto read = ParseMisbehaviour(text);
+    ASSERT_TRUE(read.has_value()) << text;
+    EXPECT_EQ(MisbehaviourText(*read), text);
+  }
+  EXPECT_EQ(MisbehaviourText(*ParseMisbehaviour("cut")), "cut:2000");
+  for (const char* text : {"", "cut:", "cut:0", "cut:x", "cut:-1", "cut:9999999999", "what:1"})
+    EXPECT_FALSE(ParseMisbehaviour(text).has_value()) << text;
+}
+
+}  // namespace
+}  // namespace parlorwire::service

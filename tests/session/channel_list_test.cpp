@@ -1,0 +1,134 @@
+#include "session/channel_list.h"
+
+#include <gtest/gtest.h>
+
+#include "support/chat.h"
+#include "text/fault.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr PaneColour kRed = 255, kYellow = 65535, kGreen = 65280, kBlue = 16711680;
+
+PaneFormat Face(PaneColour colour, int size, bool bold, PaneAlignment alignment) {
+  PaneFormat format;
+  format.font_name = "verdana";
+  format.colour = colour;
+  format.font_size = size;
+  format.bold = bold;
+  format.alignment = alignment;
+  return format;
+}
+
+struct ChannelList : testing::Test {
+  // What the page leaves in the pane behind the line break of its head.
+  std::vector<std::pair<Text, PaneFormat>> Shown(const Text& page) {
+    chat.tab().Channel = "";
+    chat.tab().Rich.Text("");
+    chat.tab().ChannelListPage = page;
+    ShowChannelList(chat.client, 0);
+    std::vector<std::pair<Text, PaneFormat>> runs;
+    for (const PaneRun& run : chat.tab().Rich.RunsBetween(2, chat.tab().Rich.Length()))
+      runs.emplace_back(chat.tab().Rich.TextBetween(run.start, run.start + run.length), run.format);
+    return runs;
+  }
+  Chat chat;
+};
+
+using Runs = std::vector<std::pair<Text, PaneFormat>>;
+
+TEST_F(ChannelList, AChannelHasALabelAndABlueName) {
+  PaneFormat label = Face(kYellow, 10, true, PaneAlignment::kCentre);
+  label.italic = label.underline = true;
+  EXPECT_EQ(Shown("channel: lobby\n"),
+            (Runs{{"Канал: "_w, label},
+                  {"lobby\r\n\r\n", Face(kBlue, 12, true, PaneAlignment::kCentre)}}));
+}
+
+TEST_F(ChannelList, FlagsAreGreenAndPlain) {
+  EXPECT_EQ(Shown("chflags: +i\n"),
+            (Runs{{"Флаги: +i\r\n"_w, Face(kGreen, 12, false, PaneAlignment::kLeft)}}));
+}
+
+TEST_F(ChannelList, EmptyFlagsPrintTheLabelAloneAndABlankPrintsNothing) {
+  EXPECT_EQ(Shown("chflags:\n"),
+            (Runs{{"Флаги:\r\n"_w, Face(kGreen, 12, false, PaneAlignment::kLeft)}}));
+  EXPECT_EQ(Shown("chflags: \n"), Runs{});
+}
+
+TEST_F(ChannelList, ATopicHasAYellowLabelAndIsTrimmed) {
+  EXPECT_EQ(Shown("topic:  a b  \n"),
+            (Runs{{"Тема канала: "_w, Face(kYellow, 10, true, PaneAlignment::kLeft)},
+                  {"a b\r\n", Face(kGreen, 12, true, PaneAlignment::kLeft)}}));
+}
+
+TEST_F(ChannelList, AnEmptyTopicPrintsNothing) {
+  EXPECT_EQ(Shown("topic:   \n"), Runs{});
+}
+
+TEST_F(ChannelList, AUserEndsAtALineEndATabOrSevenBlanks) {
+  const PaneFormat face = Face(kRed, 10, false, PaneAlignment::kLeft);
+  EXPECT_EQ(Shown("user: bob \nuser:carol\t x\nuser:d e       f\n"),
+            (Runs{{"bob\r\ncarol\r\nd e\r\n", face}}));
+}
+
+TEST_F(ChannelList, KeysMatchAnywhereAndInTheirCaseOnly) {
+  EXPECT_EQ(Shown("x user:bob\n").size(), 1U);
+  EXPECT_EQ(Shown("USER:bob\n"), Runs{});
+}
+
+TEST_F(ChannelList, AKeyInsideAValueMatchesToo) {
+  const Runs runs = Shown("topic: x user:bob\n");
+  EXPECT_EQ(runs.back().first, "bob\r\n");
+  EXPECT_EQ(runs[1].first, "x user:bob\r\n");
+}
+
+TEST_F(ChannelList, APageWithoutKeysShowsAnEmptyList) {
+  EXPECT_EQ(Shown("nothing here\n"), Runs{});
+  EXPECT_EQ(chat.Pane(), "\r\n");
+}
+
+TEST_F(ChannelList, ARefusedChannelHasARedHeading) {
+  chat.tab().ChannelListPage = "";
+  ShowChannelList(chat.client, 0);
+  EXPECT_EQ(chat.Pane(), "Доступ на канал lobby с Вашего ника или адреса запрещен!\r\n\r\n"_w);
+  EXPECT_EQ(chat.tab().Rich.Runs()[0].format, Face(kRed, 15, true, PaneAlignment::kCentre));
+}
+
+TEST_F(ChannelList, LeavingAChannelIsNoRefusal) {
+  chat.tab().LeavePending = true;
+  ShowChannelList(chat.client, 0);
+  EXPECT_EQ(chat.Pane(), "\r\n");
+}
+
+TEST_F(ChannelList, APageCutShortEndsThereAndTheFailureIsLoggedAtTheClose) {
+  chat.tab().Channel = "";
+  chat.OpenFrame();
+  chat.Deliver(Text(kGoodHeader) +
+               "этот стиль (номер 9) предназначен для роботов\nuser: a\nchannel: lob"_w);
+  chat.Winsock1().PeerCloses();
+  EXPECT_TRUE(chat.Pane().ends_with(
+      "Получение списка каналов... Ok.\r\n[12:00:00] Построение и форматирование... Ok.\r\n\r\n"
+      "a\r\n"_w));
+  EXPECT_EQ(chat.ErrorLog(),
+            "[21.11.2026 12:00:00] Error 5 Invalid procedure call or argument. Function: "
+            "Winsock1_Close\r\n");
+  EXPECT_EQ(chat.tab().ChannelListPage, "");
+  EXPECT_EQ(chat.platform.desktop.at(0).caption, "Список каналов"_w);
+  EXPECT_TRUE(chat.platform.desktop.close_tab_enabled);
+}
+
+TEST_F(ChannelList, NoReconnectFollowsAList) {
+  chat.client.app.Language = UiLanguage::kEnglish;
+  chat.tab().Channel = "";
+  chat.OpenFrame();
+  chat.Deliver(Text(kGoodHeader) + "\nid=1\nchannel: a\n");
+  chat.Winsock1().PeerCloses();
+  EXPECT_EQ(chat.platform.desktop.at(0).caption, "Channel list");
+  const int connects = chat.Winsock1().connects;
+  chat.platform.time.Advance(3600000);
+  EXPECT_EQ(chat.Winsock1().connects, connects);
+}
+
+}  // namespace
+}  // namespace parlorwire

@@ -1,0 +1,221 @@
+#include "session/status.h"
+
+#include <gtest/gtest.h>
+
+#include "session/error_log.h"
+#include "session/personal_notice.h"
+#include "support/chat.h"
+
+namespace parlorwire {
+namespace {
+
+struct Status : testing::Test {
+  Status() {
+    // The pieces that reach the day log, and the balloons.
+    chat.client.hooks.LogChatLine = [this](const Text& piece, const Text& channel) {
+      logged.push_back(channel + "|" + piece);
+    };
+    chat.client.hooks.ShowBalloon = [this](const Text& title, const Text& text, int flags) {
+      balloons.push_back(title + "|" + text + "|" + std::to_string(flags));
+    };
+    chat.client.hooks.SetTrayBlink = [this](int mode) { blinks.push_back(mode); };
+  }
+  PaneFormat Face() const {
+    PaneFormat face;
+    face.font_name = "Times New Roman";
+    face.font_size = 10;
+    face.colour = 0xE0E0E0;
+    return face;
+  }
+  Chat chat;
+  RichTextBox& rich = chat.tab().Rich;
+  std::vector<Text> logged, balloons;
+  std::vector<int> blinks;
+};
+
+TEST_F(Status, ALineHasTheTimeInFrontAndTheStatusFace) {
+  StatusOut(chat.client, "Готово."_w, 0);
+  EXPECT_EQ(chat.Pane(), "[12:00:00] Готово.\r\n"_w);
+  EXPECT_EQ(rich.Runs(), (std::vector<PaneRun>{{0, 20, Face(), nullptr}}));
+}
+
+TEST_F(Status, AnHourOfOneDigitGetsALeadingZero) {
+  chat.platform.time.SetNow({2026, 11, 21, 9, 5, 7});
+  StatusOut(chat.client, "x", 0);
+  EXPECT_EQ(chat.Pane(), "[09:05:07] x\r\n");
+}
+
+TEST_F(Status, TheFaceIsTheUsersOwn) {
+  FontStatus& font = chat.client.app.rFontStatus;
+  font.Name = "DejaVu Sans";
+  font.Size = 14;
+  font.Bold = font.Italic = true;
+  font.TextColor = 0x123456;
+  StatusOut(chat.client, "x", 0);
+  PaneFormat face;
+  face.font_name = "DejaVu Sans";
+  face.font_size = 14;
+  face.bold = face.italic = true;
+  face.colour = 0x123456;
+  EXPECT_EQ(rich.Runs(), (std::vector<PaneRun>{{0, 14, face, nullptr}}));
+}
+
+TEST_F(Status, AVerdictFinishesTheLastLine) {
+  StatusOut(chat.client, "Подключение к чату..."_w, 0);
+  StatusOk(chat.client, 0);
+  StatusOut(chat.client, "b...", 0);
+  StatusOut(chat.client, "reason", StatusMode::kFailed, 0);
+  EXPECT_EQ(chat.Pane(),
+            "[12:00:00] Подключение к чату... Ok.\r\n[12:00:00] b... Ошибка: reason\r\n"_w);
+  chat.client.app.Language = UiLanguage::kEnglish;
+  StatusOut(chat.client, "c...", 0);
+  StatusOut(chat.client, "reason", StatusMode::kFailed, 0);
+  EXPECT_TRUE(chat.Pane().ends_with("c... Failed: reason\r\n"));
+}
+
+TEST_F(Status, OkBehindALineThatDidNotEndInDotsIsAppendedAllTheSame) {
+  StatusOut(chat.client, "done", 0);
+  StatusOk(chat.client, 0);
+  EXPECT_EQ(chat.Pane(), "[12:00:00] done Ok.\r\n");
+}
+
+TEST_F(Status, AVerdictInAnEmptyPaneStandsAlone) {
+  StatusOk(chat.client, 0);
+  EXPECT_EQ(chat.Pane(), " Ok.\r\n");
+}
+
+TEST_F(Status, AnOpenLineIsLoggedAsItIsAndItsVerdictWithTheLineEnd) {
+  StatusOut(chat.client, "a...", 0);
+  StatusOk(chat.client, 0);
+  StatusOut(chat.client, "b..", 0);
+  StatusOut(chat.client, "why", StatusMode::kFailed, 0);
+  EXPECT_EQ(logged, (std::vector<Text>{"lobby|[12:00:00] a...", "lobby| Ok.\r\n",
+                                       "lobby|[12:00:00] b..", "lobby| Ошибка: why\r\n"_w}));
+}
+
+TEST_F(Status, AClosedLineIsLoggedWithABlankAndThenTheLineEnd) {
+  StatusOut(chat.client, "a.", 0);
+  EXPECT_EQ(logged, (std::vector<Text>{"lobby|[12:00:00] a. ", "lobby|\r\n"}));
+}
+
+TEST_F(Status, GoesToTheLogOfTheChannelAtThatMoment) {
+  StatusOut(chat.client, "a.", 0);
+  chat.tab().Channel = "";
+  StatusOut(chat.client, "b.", 0);
+  EXPECT_EQ(logged[2], "|[12:00:00] b. ");
+}
+
+TEST_F(Status, ThePersonalNoticeEndsInALinkAndCallsTheUser) {
+  StatusOut(chat.client, "Вам пришло персональное_сообщение!"_w, 0);
+  PaneFormat link = Face();
+  link.underline = true;
+  EXPECT_EQ(rich.Runs(),
+            (std::vector<PaneRun>{
+                {0, 22, Face(), nullptr}, {22, 23, link, nullptr}, {45, 2, Face(), nullptr}}));
+  EXPECT_EQ(
+      balloons,
+      std::vector<Text>{"|Вам пришло персональное сообщение!\r\nНик: alice\r\nКанал: lobby|16"_w});
+  EXPECT_EQ(blinks, std::vector<int>{1});
+}
+
+TEST_F(Status, TheEnglishNoticeHasItsLinkToo) {
+  StatusOut(chat.client, "You have a personal_message!", 0);
+  EXPECT_EQ(rich.Runs()[1].start, 22);
+  EXPECT_EQ(rich.Runs()[1].length, 17);
+  EXPECT_TRUE(rich.Runs()[1].format.underline);
+  EXPECT_EQ(balloons.size(), 1U);
+}
+
+TEST_F(Status, AnotherTextCallsNobody) {
+  StatusOut(chat.client, "You have a personal_message", 0);
+  EXPECT_TRUE(balloons.empty());
+}
+
+TEST_F(Status, TheNoticeIsSaidOnceHoweverOftenTheSignalComes) {
+  NoticePersonalMessage(chat.client, 0);
+  NoticePersonalMessage(chat.client, 0);
+  EXPECT_EQ(chat.Pane(), "[12:00:00] Вам пришло персональное_сообщение!\r\n"_w);
+  EXPECT_TRUE(chat.tab().Timer2->Enabled());
+  chat.platform.time.Advance(300);
+  EXPECT_TRUE(chat.platform.desktop.at(0).pers_red);
+  chat.platform.time.Advance(300);
+  EXPECT_FALSE(chat.platform.desktop.at(0).pers_red);
+}
+
+// Scrolling, with a view that says where the pane stands.
+struct StandIn : PaneView {
+  void TextChanged(const TextChange&) override {}
+  void FormatChanged(PanePosition, PanePosition) override {}
+  void SelectionChanged() override {}
+  void RedrawChanged(bool on) override { redraws.push_back(on); }
+  void VisibleChanged(bool) override {}
+  void PointerChanged(PanePointer) override {}
+  void Refresh() override {}
+  void Scroll(PaneScroll command) override { scrolls.push_back(command); }
+  PaneScrollInfo GetScrollInfo() const override { return info; }
+  PanePosition CharFromPos(int, int) const override { return 0; }
+  PaneScrollInfo info;
+  std::vector<PaneScroll> scrolls;
+  std::vector<bool> redraws;
+};
+
+TEST_F(Status, ScrollsToTheBottomUnlessStopScrollIsOnAndTheViewIsNotAtTheEnd) {
+  StandIn view;
+  rich.Attach(&view);
+  const PaneScrollInfo above{0, 100, 20, 10}, at_end{0, 100, 20, 80};
+  struct Row {
+    bool stop_scroll;
+    PaneScrollInfo info;
+    std::size_t scrolls;
+  };
+  for (const Row& row :
+       {Row{false, above, 1}, Row{false, at_end, 1}, Row{true, above, 0}, Row{true, at_end, 1}}) {
+    view.scrolls.clear();
+    view.info = row.info;
+    chat.platform.desktop.at(0).stop_scroll = row.stop_scroll;
+    StatusOut(chat.client, "x", 0);
+    EXPECT_EQ(view.scrolls, std::vector<PaneScroll>(row.scrolls, PaneScroll::kBottom));
+  }
+  EXPECT_EQ(view.redraws.front(), false);
+  EXPECT_EQ(view.redraws.back(), true);
+  rich.Attach(nullptr);
+}
+
+// ---- error.log ----
+
+struct ErrorLog : testing::Test {
+  Text& file() { return chat.platform.files.files["error.log"]; }
+  Chat chat;
+};
+
+TEST_F(ErrorLog, AFirstEntryCreatesTheFile) {
+  chat.platform.time.SetNow({2026, 1, 2, 3, 4, 5});
+  WriteErrorLog(chat.client, "Error 5");
+  EXPECT_EQ(file(), "[02.01.2026 3:04:05] Error 5\r\n");
+}
+
+TEST_F(ErrorLog, FurtherEntriesAreAppended) {
+  WriteErrorLog(chat.client, "a");
+  WriteErrorLog(chat.client, "b\r\nc");
+  EXPECT_EQ(file(), "[21.11.2026 12:00:00] a\r\n[21.11.2026 12:00:00] b\r\nc\r\n");
+}
+
+TEST_F(ErrorLog, AFileOf50999BytesIsAppendedToAndOneOf51000IsStartedAnew) {
+  file() = Text(50999, 'x');
+  WriteErrorLog(chat.client, "a");
+  EXPECT_EQ(file(), Text(50999, 'x') + "[21.11.2026 12:00:00] a\r\n");
+  file() = Text(51000, 'x');
+  WriteErrorLog(chat.client, "a");
+  EXPECT_EQ(file(), "[21.11.2026 12:00:00] a\r\n");
+}
+
+TEST_F(ErrorLog, AFailureOfTheFileLosesTheEntryAndNothingElse) {
+  chat.platform.files.write_fault = 61;
+  WriteErrorLog(chat.client, "a");
+  chat.platform.files.write_fault.reset();
+  WriteErrorLog(chat.client, "b");
+  EXPECT_EQ(file(), "[21.11.2026 12:00:00] b\r\n");
+}
+
+}  // namespace
+}  // namespace parlorwire

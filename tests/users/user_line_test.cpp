@@ -1,0 +1,93 @@
+#include "users/user_line.h"
+
+#include <gtest/gtest.h>
+
+#include "text/fault.h"
+
+namespace parlorwire {
+
+void PrintTo(const UserRecord& user, std::ostream* out) {
+  *out << user.nick << '|' << user.IP << '|' << user.flags << '|' << user.status;
+}
+
+namespace {
+
+constexpr UserFrameForm kA = UserFrameForm::kA;
+constexpr UserFrameForm kB = UserFrameForm::kB;
+
+struct Cut {
+  const char* name;
+  UserFrameForm form;
+  const char* line;
+  UserRecord user;
+};
+
+class CutUserLineTest : public testing::TestWithParam<Cut> {};
+
+TEST_P(CutUserLineTest, IsCut) {
+  EXPECT_EQ(CutUserLine(GetParam().line, GetParam().form), GetParam().user);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Forms, CutUserLineTest,
+    testing::Values(
+        Cut{"Sample", kA, "Nick|[+o][10.0.0.7:]'at work'", {"Nick", "10.0.0.7", "[+o]", "at work"}},
+        Cut{"NothingKnown", kA, "Nick|[][]''", {"Nick", "", "", ""}},
+        Cut{"NoStatusAtAll", kA, "Nick|[][]", {"Nick", "", "", ""}},
+        Cut{"AllApostrophesGo", kA, "Nick|[][]'it's'", {"Nick", "", "", "its"}},
+        Cut{"AllColonsOfTheAddressGo", kA, "Nick|[][:1:2:]''", {"Nick", "12", "", ""}},
+        Cut{"AddressOfOneCharacter", kA, "Nick|[][x]''", {"Nick", "x", "", ""}},
+        Cut{"NoNick", kA, "|[+o][1]''", {"", "1", "[+o]", ""}},
+        Cut{"BarsBehindTheFirstBelongToOthers", kA, "a|[b|c][1]'d|e'", {"a", "1", "[b|c]", "d|e"}},
+        Cut{"BracketsInTheNick", kA, "a]b|[+o][1]''", {"a]b", "1", "[+o]", ""}},
+        Cut{"BracketsInTheStatus", kA, "a|[+o][1]'x]y'", {"a", "1", "[+o]", "x]y"}},
+        Cut{"TheSearchBeginsBehindTheOpeningBracket", kA, "a|][]x]y", {"a", "", "][]", "y"}},
+        Cut{"OlderSample", kB, "10.0.0.7:[+o]Nick rest", {"Nick", "10.0.0.7", "[+o]", ""}},
+        Cut{"OlderNothingKnown", kB, ":[]Nick", {"Nick", "", "", ""}},
+        Cut{"OlderWithoutColon", kB, "[+o]Nick", {"Nick", "", "[+o]", ""}},
+        Cut{"OlderNothingBehindTheFlags", kB, "1:[+o]", {"", "1", "[+o]", ""}},
+        Cut{"OlderBlankDirectlyBehindTheFlags", kB, "1:[+o] Nick", {"", "1", "[+o]", ""}},
+        Cut{"OlderBlankWithinTheFlags", kB, "1:[+o -t]Nick rest", {"Nick", "1", "[+o -t]", ""}}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+struct Broken {
+  const char* name;
+  UserFrameForm form;
+  const char* line;
+};
+
+class BrokenUserLineTest : public testing::TestWithParam<Broken> {};
+
+TEST_P(BrokenUserLineTest, IsAFault) {
+  try {
+    CutUserLine(GetParam().line, GetParam().form);
+    FAIL();
+  } catch (const Fault& fault) {
+    EXPECT_EQ(fault.number, 5);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, BrokenUserLineTest,
+                         testing::Values(Broken{"NoBar", kA, "Nick[+o][1]''"},
+                                         Broken{"NoBracket", kA, "Nick|"},
+                                         Broken{"OneBracket", kA, "Nick|[+o]"},
+                                         Broken{"NoSecondClosing", kA, "Nick|[+o][1''"},
+                                         Broken{"Nothing", kA, ""},
+                                         Broken{"OlderNoBracket", kB, "10.0.0.7:Nick"},
+                                         Broken{"OlderNoBracketNoColon", kB, "Nick"},
+                                         Broken{"OlderBracketAheadOfTheColon", kB, "[+o]1:Nick"},
+                                         Broken{"OlderNothing", kB, ""}),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST(DecodeUserEntities, GoesKindByKindInItsOrder) {
+  EXPECT_EQ(DecodeUserEntities("&lt;&gt;&amp;&quot;&nbsp;"), "<>&\" ");
+  EXPECT_EQ(DecodeUserEntities("&LT;&Gt;&aMP;&QUOT;&NBSP;"), "<>&\" ");
+  EXPECT_EQ(DecodeUserEntities("a&amp;lt;b"), "a&lt;b");
+  EXPECT_EQ(DecodeUserEntities("&amp;gt;"), "&gt;");
+  EXPECT_EQ(DecodeUserEntities("&amp;quot;"), "\"");
+  EXPECT_EQ(DecodeUserEntities("&amp;nbsp;"), " ");
+  EXPECT_EQ(DecodeUserEntities("plain"), "plain");
+}
+
+}  // namespace
+}  // namespace parlorwire

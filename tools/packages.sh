@@ -1,0 +1,23 @@
+# Sourced by run and test: installs those of the given Debian packages that are missing.
+need_packages() {
+  local missing=() package
+  for package in "$@"; do
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
+      missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  echo "installing: ${missing[*]}"
+  local root=()
+  [ "$(id -u)" -eq 0 ] || root=(sudo)
+  "${root[@]}" apt-get update -qq
+  "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}" > /dev/null
+}
+
+BUILD_PACKAGES=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev qt6-translations-l10n
+                fonts-dejavu-core)
+# A screen without a display, and hands and eyes for it.
+SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils x11-xkb-utils xclip maim dbus-daemon at-spi2-core
+                 python3-gi gir1.2-atspi-2.0)
+TEST_PACKAGES=(libgtest-dev libgmock-dev clang-19 clang-tidy-19 clang-format-19 libclang-rt-19-dev
+               iproute2 procps)
