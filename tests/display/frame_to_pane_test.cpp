@@ -30,7 +30,7 @@ const Text& Lines() {
       "ignored\n"
       "</script>..[16:46:02]alice:() http://spam.example\n"
       "..[16:46:03 broken\n"
-      "no time\n"
+      "..no time\n"
       "..[16:46:04]bob:() hi me\n"_w,
       Charset::kWindows1251, Charset::kKoi);
   return lines;
