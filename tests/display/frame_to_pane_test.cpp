@@ -30,7 +30,7 @@ const Text& Lines() {
       "ignored\n"
       "</script>..[16:46:02]alice:() http://spam.example\n"
       "..[16:46:03 broken\n"
-      "no time\n"
+      "..no clock\n"
       "..[16:46:04]bob:() hi me\n"_w,
       Charset::kWindows1251, Charset::kKoi);
   return lines;
@@ -78,7 +78,7 @@ TEST(FrameToPane, WhatTheLinesLeave) {
             "[16:46:01] ### alice: эхо \r\n\t второе\r\r\r\n"
             "[12:00:00] Вам пришло персональное_сообщение!\r\r\n"
             "[16:46:02] alice: http://spam.example\r\r\n"
-            " no time\r\r\n"
+            " no clock\r\r\n"
             ">[16:46:04] bob: hi me\r\r\n");
   EXPECT_EQ(outcome.queue, (std::vector<Text>{"", "/k alice spam detected"}));
   EXPECT_TRUE(outcome.request.ends_with("&msgtext0=/k alice spam detected"));
