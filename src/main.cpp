@@ -13,7 +13,6 @@ int main(int argc, char** argv) {
   using namespace parlorwire;
   QApplication application(argc, argv);
   QApplication::setApplicationName("parlorwire");
-  QApplication::setApplicationDisplayName("Parlorwire");
   QApplication::setApplicationVersion("25.7");
   QApplication::setQuitOnLastWindowClosed(false);
 
@@ -25,8 +24,8 @@ int main(int argc, char** argv) {
   client_main window(client, desktop);
   LeaveOnSignal leave([&window] { window.close(); });
   QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
-                   [&window] { window.Unload(); });
+                   [&window] { window.close(); });
   window.Load();
-  window.show();
+  window.ShowAfterSplash();
   return QApplication::exec();
 }

@@ -20,7 +20,7 @@ struct Dialog {
   explicit Dialog(const Text& config) : windows(config) {
     QTest::mouseClick(windows.Find("button_connect_main"), Qt::LeftButton);
     form = windows.Find<connection_form>("connection_form");
-    if (!QTest::qWaitForWindowActive(form)) qFatal("the dialog is not active");
+    WaitUntilActive(form);
   }
   QComboBox* login() { return windows.Find<QComboBox>("login"); }
   QLineEdit* Field(const char* name) { return windows.Find<QLineEdit>(name); }
@@ -118,7 +118,7 @@ class ConnectionFormTest : public QObject {
     auto* msg = dialog.windows.Find<QLineEdit>("msg_0");
     QVERIFY(!msg->isVisible());
     QTest::mouseClick(dialog.windows.Find("button_connect"), Qt::LeftButton);
-    QVERIFY(QTest::qWaitForWindowActive(dialog.windows.window.get()));
+    WaitUntilActive(dialog.windows.window.get());
     QVERIFY(msg->isVisible());
     QVERIFY(msg->hasFocus());
     QVERIFY(!dialog.windows.Find("msg_1")->isVisible());
@@ -203,8 +203,7 @@ class ConnectionFormTest : public QObject {
     dialog.login()->setFocus();
     QTest::keyClick(dialog.login(), Qt::Key_Down);
     QCOMPARE(dialog.login()->currentIndex(), 1);
-    const SeenBox box =
-        AnswerBox(Qt::Key_Return, [&] { QTest::keyClick(dialog.login()->lineEdit(), Qt::Key_X); });
+    const SeenBox box = EnterInBox([&] { QTest::keyClick(dialog.login()->lineEdit(), Qt::Key_X); });
     QCOMPARE(box.title, QString("Parlorwire"));
     QCOMPARE(box.text, message);
     QCOMPARE(box.icon, QMessageBox::Critical);
@@ -235,13 +234,12 @@ class ConnectionFormTest : public QObject {
     QTest::keyClicks(dialog.login()->lineEdit(), login);
     auto* room = dialog.Field("room");
     room->setFocus();
-    const SeenBox box = AnswerBox(Qt::Key_Return, [&] { QTest::keyClick(room, Qt::Key_Return); });
+    const SeenBox box = EnterInBox([&] { QTest::keyClick(room, Qt::Key_Return); });
     QCOMPARE(box.title, QString("Parlorwire"));
     QCOMPARE(box.text, message);
     QVERIFY(dialog.form->isVisible());
     QCOMPARE(dialog.windows.Winsock1().connects, 0);
-    QTest::qWait(20);
-    QCOMPARE(QApplication::focusWidget()->objectName(), focus);
+    QCOMPARE(dialog.form->focusWidget()->objectName(), focus);
   }
 
   void EscapeAsksWhetherToQuit_data() {
@@ -256,8 +254,8 @@ class ConnectionFormTest : public QObject {
     QFETCH(QString, language);
     QFETCH(QString, question);
     Dialog dialog("[Main]\r\nLanguage=" + language.toStdString() + "\r\n");
-    const SeenBox box = AnswerBox(
-        Qt::Key_Return, [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); });
+    const SeenBox box =
+        EnterInBox([&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); });
     QCOMPARE(box.title, QString("Parlorwire"));
     QCOMPARE(box.text, question);
     QCOMPARE(box.icon, QMessageBox::Question);

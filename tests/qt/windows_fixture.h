@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <memory>
@@ -63,27 +64,35 @@ struct Windows {
   std::unique_ptr<client_main> window;
 };
 
+// Waits until the window is the active one itself, not only by an owner that is.
+inline void WaitUntilActive(QWidget* window) {
+  if (!QTest::qWaitFor([&] { return QApplication::activeWindow() == window; }))
+    qFatal("the window is not active");
+}
+
 // What a message box showed.
 struct SeenBox {
   QString title, text;
   QMessageBox::Icon icon = QMessageBox::NoIcon;
-  QString default_button;
   qsizetype buttons = 0;
 };
 
-// Presses a key in the message box that comes up while `action` runs; fails if none does.
+// Answers the message box that comes up while `action` runs: with Enter, or with one of its
+// buttons. Fails if none comes up.
 template <class Action>
-SeenBox AnswerBox(Qt::Key key, Action action) {
+SeenBox AnswerBox(QMessageBox::StandardButton button, Action action) {
   std::optional<SeenBox> seen;
   QTimer look;
   QObject::connect(&look, &QTimer::timeout, [&] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (box == nullptr) return;
     look.stop();
-    seen = SeenBox{box->windowTitle(), box->text(), box->icon(),
-                   box->defaultButton() != nullptr ? box->defaultButton()->text() : QString(),
-                   box->buttons().size()};
-    QTest::keyClick(box, key);
+    seen = SeenBox{box->windowTitle(), box->text(), box->icon(), box->buttons().size()};
+    if (button == QMessageBox::NoButton) {
+      QTest::keyClick(box, Qt::Key_Return);
+    } else {
+      QTest::mouseClick(box->button(button), Qt::LeftButton);
+    }
   });
   look.start(5);
   action();
@@ -94,6 +103,11 @@ SeenBox AnswerBox(Qt::Key key, Action action) {
     return {};
   }
   return *seen;
+}
+
+template <class Action>
+SeenBox EnterInBox(Action action) {
+  return AnswerBox(QMessageBox::NoButton, action);
 }
 
 // Types a text that may hold Cyrillic letters.

@@ -41,6 +41,7 @@ namespace parlorwire {
 namespace {
 
 constexpr int kTimer4Interval = 100;       // ms
+constexpr int kSplashTime = 500;           // ms
 constexpr int kSplashWithoutFocus = 3000;  // ms; a window that the desktop never activates
 
 int ClampedPixels(double twips, int least, int most) {
@@ -158,6 +159,12 @@ void client_main::Load() {
   QTimer::singleShot(kSplashWithoutFocus, this, [this] { EndSplash(); });
 }
 
+void client_main::ShowAfterSplash() {
+  QTimer::singleShot(kSplashTime, this, [this] {
+    if (!unloaded_) show();
+  });
+}
+
 void client_main::Unload() {
   if (unloaded_) return;
   unloaded_ = true;
@@ -228,7 +235,10 @@ void client_main::changeEvent(QEvent* event) {
 }
 
 void client_main::EndSplash() {
-  zastavka_.reset();
+  if (!zastavka_) return;
+  zastavka_->hide();
+  // It may take part in the very event that ends it.
+  zastavka_.release()->deleteLater();
 }
 
 }  // namespace parlorwire

@@ -28,9 +28,12 @@ class client_main : public QMainWindow {
   client_main(Client& client, QtDesktop& desktop);
   ~client_main() override;
 
-  // The load step, behind the splash. The window takes its place; whoever starts the program shows
-  // it. The splash goes with the window's first activation.
+  // The load step, behind the splash. The window takes its place, and is to be shown next. The
+  // splash goes with the window's first activation.
   void Load();
+
+  // Shows the window, once there was time to see the splash.
+  void ShowAfterSplash();
 
   // The unload step, once; the program is over then. A second call does nothing.
   void Unload();

@@ -163,9 +163,9 @@ void connection_form::SetTexts() {
     set(entry);
   const bool russian = client_.Russian();
   setWindowTitle(russian ? ToQString("Вход в чат"_w) : QStringLiteral("Log in"));
-  button_connect_->setText(russian ? ToQString("Подключиться"_w) : QStringLiteral("Connect"));
-  button_getAccount_->setText(russian ? ToQString("Получить ник"_w)
-                                      : QStringLiteral("Get a nickname"));
+  button_connect_->setText(russian ? ToQString("&Подключиться"_w) : QStringLiteral("&Connect"));
+  button_getAccount_->setText(russian ? ToQString("П&олучить ник"_w)
+                                      : QStringLiteral("&Get a nickname"));
   SayControl(this, windowTitle());
   SayControl(button_connect_, button_connect_->text());
   SayControl(button_getAccount_, button_getAccount_->text());

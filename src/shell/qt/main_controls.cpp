@@ -80,7 +80,7 @@ MainControls NewMainControls(Client& client, QWidget* ground_owner, QStatusBar* 
   NameControl(c.ground, "ground");
   c.button_connect_main = new GraphicButton(GraphicButton::Picture::kConnect, c.ground);
   NameControl(c.button_connect_main, "button_connect_main");
-  c.AddTab = NewLink(c.ground, "AddTab", "Добавить таб"_w);
+  c.AddTab = NewLink(c.ground, "AddTab", "&Добавить таб"_w);
   c.logout = NewLink(c.ground, "logout", "Выход с канала"_w);
   c.logoff = NewLink(c.ground, "logoff", "Выход из чата"_w);
   c.close_tab = NewLink(c.ground, "close_tab", "Закрыть таб"_w);
@@ -140,7 +140,7 @@ void SetMainLanguage(const MainControls& c, bool russian) {
   };
   for (const TabControls& tab : c.tabs)
     SetTabLanguage(tab, russian);
-  c.button_connect_main->setText(choose("Войти в чат"_w, "Log in"));
+  c.button_connect_main->setText(choose("&Войти в чат"_w, "&Log in"));
   SayControl(c.button_connect_main, c.button_connect_main->text());
   SayControl(c.SSTab, choose("Табы"_w, "Tabs"));
   SayControl(c.SayUseOp, choose("Говорить операторам"_w, "Say to the operators"));

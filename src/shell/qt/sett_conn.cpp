@@ -138,8 +138,8 @@ void sett_conn::SetTexts() {
     if (auto* box = findChild<QCheckBox*>(name)) box->setText(text);
   }
   const bool russian = client_.Russian();
-  button_apply_->setText(russian ? ToQString("Применить"_w) : QStringLiteral("Apply"));
-  button_cancel_->setText(russian ? ToQString("Отмена"_w) : QStringLiteral("Cancel"));
+  button_apply_->setText(russian ? ToQString("&Применить"_w) : QStringLiteral("&Apply"));
+  button_cancel_->setText(russian ? ToQString("&Отмена"_w) : QStringLiteral("&Cancel"));
   SayControl(this, windowTitle());
   SayControl(frame_, frame_->title());
   for (auto* button : findChildren<QAbstractButton*>())

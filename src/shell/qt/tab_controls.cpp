@@ -65,6 +65,8 @@ TabControls NewTabControls(QWidget* ground, TabSession& tab, int slot) {
   c.Rich_Users = NewPaneWidget(tab.Rich_Users, ground);
   c.Rich_Server = NewPaneWidget(tab.Rich_Server, ground);
   c.Rich_Server->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  // The program selects the answer to colour it; nobody is to see that.
+  tab.Rich_Server.HideSelection(true);
   c.StopScroll = new QCheckBox(ground);
   c.StopScroll->setFont(LabelFont());
   c.pers = new LinkLabel(ground);
@@ -117,11 +119,11 @@ void SetTabLanguage(const TabControls& c, bool russian) {
   const UiLanguage language = russian ? UiLanguage::kRussian : UiLanguage::kEnglish;
   c.StopScroll->setText(ToQString(kStopScrollText.In(language)));
   c.pers->setText(ToQString(kPersText.In(language)));
-  c.button_say->setText(choose("Сказать"_w, "Say"));
-  c.button_clear->setText(choose("Стереть"_w, "Clear"));
+  c.button_say->setText(choose("С&казать"_w, "Sa&y"));
+  c.button_clear->setText(choose("С&тереть"_w, "&Clear"));
   for (RichTextView* view : {c.Rich, c.Rich_Users, c.Rich_Server})
     view->SetRussian(russian);
-  c.button_update->setText(choose("Обновить"_w, "Update"));
+  c.button_update->setText(choose("&Обновить"_w, "&Update"));
 
   SayControl(c.Rich, choose("Сообщения"_w, "Messages"));
   SayControl(c.Rich_Users, choose("Пользователи"_w, "Users"));

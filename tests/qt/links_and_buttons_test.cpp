@@ -1,0 +1,181 @@
+#include <QDesktopServices>
+#include <QLineEdit>
+#include <QObject>
+#include <QUrl>
+
+#include "shell/qt/graphic_button.h"
+#include "shell/qt/link_label.h"
+#include "shell/qt/open_url.h"
+#include "windows_fixture.h"
+
+namespace parlorwire {
+
+// Schemes whose pages the test catches, so that nothing is really opened.
+constexpr const char* kSchemes[] = {"http", "https", "ftp", "file", "mailto", "javascript"};
+
+class LinksAndButtonsTest : public QObject {
+  Q_OBJECT
+
+ public slots:
+  void Open(const QUrl& url) { opened_ = url.toString(); }
+
+ private slots:
+  void initTestCase() {
+    for (const char* scheme : kSchemes) QDesktopServices::setUrlHandler(scheme, this, "Open");
+  }
+  void cleanupTestCase() {
+    for (const char* scheme : kSchemes) QDesktopServices::unsetUrlHandler(scheme);
+  }
+  void init() { opened_.clear(); }
+
+  void AGraphicButtonHasThreeLooks() {
+    GraphicButton button(GraphicButton::Picture::kSay, nullptr);
+    button.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&button));
+    button.setFocusPolicy(Qt::NoFocus);
+    QTest::mouseMove(&button, QPoint(-50, -50));
+    button.setAttribute(Qt::WA_UnderMouse, false);
+    const QImage normal = button.grab().toImage();
+    button.setAttribute(Qt::WA_UnderMouse, true);
+    const QImage hover = button.grab().toImage();
+    button.setDown(true);
+    const QImage pressed = button.grab().toImage();
+    QVERIFY(normal != hover);
+    QVERIFY(hover != pressed);
+    QVERIFY(normal != pressed);
+    button.setDown(false);
+    button.setAttribute(Qt::WA_UnderMouse, false);
+    QCOMPARE(button.grab().toImage(), normal);
+    button.setEnabled(false);
+    QVERIFY(button.grab().toImage() != normal);
+  }
+
+  void AGraphicButtonActsOnTheLeftReleaseInside() {
+    GraphicButton button(GraphicButton::Picture::kSay, nullptr);
+    int acted = 0;
+    connect(&button, &QAbstractButton::clicked, [&] { ++acted; });
+    button.show();
+    QTest::mousePress(&button, Qt::LeftButton);
+    QCOMPARE(acted, 0);
+    QTest::mouseRelease(&button, Qt::LeftButton);
+    QCOMPARE(acted, 1);
+    QTest::mousePress(&button, Qt::LeftButton);
+    QTest::mouseRelease(&button, Qt::LeftButton, Qt::NoModifier, QPoint(-20, -20));
+    QTest::mouseClick(&button, Qt::RightButton);
+    QTest::mouseClick(&button, Qt::MiddleButton);
+    QCOMPARE(acted, 1);
+    QTest::keyClick(&button, Qt::Key_Return);
+    QTest::keyClick(&button, Qt::Key_Enter);
+    QTest::keyClick(&button, Qt::Key_Space);
+    QCOMPARE(acted, 4);
+    button.setEnabled(false);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QTest::keyClick(&button, Qt::Key_Return);
+    QCOMPARE(acted, 4);
+  }
+
+  void ALinkLabelActsOnClickEnterAndSpace() {
+    LinkLabel link(nullptr);
+    link.setText("link");
+    link.show();
+    QVERIFY(!link.isEnabled());
+    int acted = 0;
+    link.SetAction([&] { ++acted; });
+    QVERIFY(link.isEnabled());
+    QCOMPARE(link.cursor().shape(), Qt::PointingHandCursor);
+    QVERIFY(link.font().underline());
+    QTest::mouseClick(&link, Qt::LeftButton);
+    QTest::keyClick(&link, Qt::Key_Return);
+    QTest::keyClick(&link, Qt::Key_Space);
+    QCOMPARE(acted, 3);
+    QTest::mouseClick(&link, Qt::RightButton);
+    QCOMPARE(acted, 3);
+    link.SetWanted(false);
+    QVERIFY(!link.isEnabled());
+    link.SetWanted(true);
+    QVERIFY(link.isEnabled());
+  }
+
+  void ALinkLabelShowsRed() {
+    LinkLabel link(nullptr);
+    link.setText("link");
+    const auto has_red = [&] {
+      const QImage image = link.grab().toImage();
+      for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+          const QColor at = image.pixelColor(x, y);
+          if (at.red() > 200 && at.green() < 120 && at.blue() < 120) return true;
+        }
+      return false;
+    };
+    QVERIFY(!has_red());
+    link.SetRed(true);
+    QVERIFY(has_red());
+    link.SetRed(false);
+    QVERIFY(!has_red());
+  }
+
+  void OnlyAddressesOfTheWebAreOpened_data() {
+    QTest::addColumn<QString>("url");
+    QTest::addColumn<QString>("opened");
+    const auto row = [](const char* url, const char* opened) {
+      QTest::newRow(url) << url << opened;
+    };
+    row("http://a.example/x?y=%CF%C1", "http://a.example/x?y=%CF%C1");
+    row("https://a.example", "https://a.example");
+    row("ftp://a.example/f", "ftp://a.example/f");
+    row("HTTP://a.example", "http://a.example");
+    row("www.a.example", "http://www.a.example");
+    row("WWW.a.example", "http://WWW.a.example");
+    row("file:///etc/passwd", "");
+    row("mailto:a@a.example", "");
+    row("javascript:alert(1)", "");
+    row("/etc/passwd", "");
+    row("", "");
+  }
+  void OnlyAddressesOfTheWebAreOpened() {
+    QFETCH(QString, url);
+    QFETCH(QString, opened);
+    OpenUrl(url.toStdString());
+    QCOMPARE(opened_.toLower(), opened.toLower());
+  }
+
+  void GetAccountOpensTheRules() {
+    Windows windows("[Main]\r\nChatHostByName=chat.example\r\nChatPort=8080\r\n");
+    QTest::mouseClick(windows.Find("button_connect_main"), Qt::LeftButton);
+    QTest::mouseClick(windows.Find("button_getAccount"), Qt::LeftButton);
+    QCOMPARE(opened_, QString("http://chat.example:8080/rulez.html"));
+  }
+
+  void LogoffAndLogoutGoToWinsock5_data() {
+    QTest::addColumn<QString>("link");
+    QTest::addColumn<QString>("request");
+    QTest::newRow("logoff") << "logoff" << "/logoff";
+    QTest::newRow("logout") << "logout" << "/leave";
+  }
+  void LogoffAndLogoutGoToWinsock5() {
+    QFETCH(QString, link);
+    QFETCH(QString, request);
+    Windows windows;
+    windows.tab(0).Login = "Bob";
+    windows.tab(0).LoginShown = true;
+    windows.tab(0).Connected = true;
+    windows.desktop.SetTabVisible(0, true);
+    windows.desktop.SetActiveTab(0);
+    auto* label = windows.Find(link.toLatin1().constData());
+    QVERIFY(label->isEnabled());
+    QTest::keyClick(label, Qt::Key_Return);
+    SimulatedSocket& socket = Simulated(windows.tab(0).Winsock5);
+    QCOMPARE(socket.connects, 1);
+    socket.Accept();
+    QVERIFY(socket.sent.find(request.toStdString()) != Text::npos);
+  }
+
+ private:
+  QString opened_;
+};
+
+}  // namespace parlorwire
+
+QTEST_MAIN(parlorwire::LinksAndButtonsTest)
+#include "links_and_buttons_test.moc"
