@@ -45,7 +45,7 @@ ClientMainPlaces LayOutClientMain(const ClientMainMeasures& measures) {
 
   at.first_row_top = at.SSTab.Bottom() + kRowGap;
   const int second_row = at.first_row_top + kFirstRowHeight + kRowGap;
-  at.intonacia = {kEdge, second_row, 2260, kSecondRowHeight};
+  at.intonacia = {100, second_row, 2260, kSecondRowHeight};
   at.msg = {at.intonacia.Right() + 100, second_row, at.SSTab.width - 5500, kSecondRowHeight};
   at.button_say = {at.msg.Right() + 200, second_row, 1480, kSecondRowHeight};
   at.button_clear = {at.button_say.Right() + 100, second_row, 1360, kSecondRowHeight};

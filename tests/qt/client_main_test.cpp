@@ -10,10 +10,12 @@
 #include <QMenuBar>
 #include <QObject>
 #include <QPushButton>
+#include <csignal>
 #include <functional>
 #include <map>
 
 #include "session/connect.h"
+#include "shell/qt/leave_on_signal.h"
 #include "shell/qt/link_label.h"
 #include "shell/qt/ss_tab.h"
 #include "shell/qt/zastavka.h"
@@ -333,6 +335,7 @@ class ClientMainTest : public QObject {
             font.setBold(true);
             font.setItalic(false);
             dialog.setCurrentFont(font);
+            qInfo() << item << dialog.currentFont() << dialog.currentFont().bold();
             dialog.accept();
           },
           [&] { windows.window->findChild<QAction*>(item)->trigger(); });
@@ -403,6 +406,40 @@ class ClientMainTest : public QObject {
     QVERIFY(windows.window->isVisible());
     QCOMPARE(QApplication::exec(), 0);
     QVERIFY(windows.Config().find("Height=") != Text::npos);
+  }
+
+  void ClosingUnderAnOpenBoxEndsTheProgram() {
+    Windows windows;
+    bool answer = true;
+    QTimer::singleShot(0, [&] { answer = windows.desktop.AskYesNo("?", BoxIcon::kQuestion); });
+    QTimer::singleShot(50, windows.window.get(), &QWidget::close);
+    QCOMPARE(QApplication::exec(), 0);
+    QVERIFY(!answer);
+    QVERIFY(windows.Config().find("Height=") != Text::npos);
+  }
+
+  void ASignalToGoSavesAndEndsTheProgram_data() {
+    QTest::addColumn<int>("number");
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGHUP") << SIGHUP;
+    QTest::newRow("SIGINT") << SIGINT;
+  }
+  void ASignalToGoSavesAndEndsTheProgram() {
+    QFETCH(int, number);
+    Windows windows;
+    LeaveOnSignal leave([&] { windows.window->close(); });
+    QTimer::singleShot(0, [number] { std::raise(number); });
+    QCOMPARE(QApplication::exec(), 0);
+    QVERIFY(windows.Config().find("Height=") != Text::npos);
+  }
+
+  void YieldingHandlesWhatWaitsAndReturnsAtOnceWithoutAny() {
+    Windows windows;
+    bool handled = false;
+    QMetaObject::invokeMethod(windows.window.get(), [&] { handled = true; }, Qt::QueuedConnection);
+    windows.desktop.YieldToEvents();
+    QVERIFY(handled);
+    windows.desktop.YieldToEvents();
   }
 
   void LabelsWithoutAnActionCannotBeUsed() {
