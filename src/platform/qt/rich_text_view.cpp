@@ -40,6 +40,7 @@ RichTextView::RichTextView(RichTextBox& box, QWidget* parent)
   box_.Attach(this);
   redraw_ = box_.Redraw();
   PointerChanged(box_.MousePointer());
+  if (!box_.Visible()) hide();
 }
 
 RichTextView::~RichTextView() {
@@ -95,6 +96,7 @@ void RichTextView::Refresh() {
 }
 
 void RichTextView::Scroll(PaneScroll command) {
+  show_caret_ = false;
   if (command == PaneScroll::kBottom)
     arrangement_.ScrollToEnd();
   else
@@ -293,6 +295,7 @@ void RichTextView::BarActed(int action) {
 }
 
 void RichTextView::ScrollBy(int pixels) {
+  show_caret_ = false;
   arrangement_.ScrollBy(pixels);
   UpdateScrollBar(BarUpdate::kExact);
   NoteChange();

@@ -48,8 +48,8 @@ void PaneArrangement::TextChanged(const PaneView::TextChange& change) {
   } else if (anchor_.position > change.start) {
     anchor_.position = change.start;
     anchor_.pixels = 0;
-  } else if (anchor_.whole_row && stale_ && anchor_.edge == Edge::kBottom) {
-    // Nobody has seen the row as it was.
+  } else if (anchor_.whole_row && stale_ && anchor_.position == change.start) {
+    // The last row grows, and nobody has seen it as it was.
     anchor_.whole_row = false;
     anchor_.pixels = 0;
   }

@@ -5,8 +5,8 @@
 namespace parlorwire {
 namespace {
 
-constexpr std::size_t kLayoutsKept = 512;
-constexpr int kCharactersKept = 512 * 1024;
+constexpr std::size_t kLayoutsKept = 1024;  // more than any view shows at once
+constexpr int kCharactersKept = 128 * 1024;
 
 }  // namespace
 
