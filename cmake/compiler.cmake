@@ -10,3 +10,7 @@ if(PARLORWIRE_SANITIZE)
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${PARLORWIRE_SANITIZE})
 endif()
+if(PARLORWIRE_FUZZ)
+  # Without it the fuzzer is blind inside the libraries.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

@@ -19,7 +19,7 @@ class Presented {
   Presented(const Line& line, std::int64_t today) : line_(line), today_(today) {}
 
   const Text& In(const Look& look) {
-    auto& made = made_[static_cast<std::size_t>(look.style * 2 + (look.reload ? 1 : 0))];
+    auto& made = made_[static_cast<std::size_t>(look.style) * 2 + (look.reload ? 1 : 0)];
     if (!made)
       made = ConvertCharset(PresentLine(look, line_, today_), Charset::kWindows1251, Charset::kKoi);
     return *made;

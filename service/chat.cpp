@@ -138,11 +138,11 @@ Text Post(Chat& chat, Account& account, const Text& channel_name, const Text& te
           const Text& tone, const Text& number, const Moment& now) {
   const Text said = OneLine(text);
   if (TrimView(said).empty()) return "Пустое сообщение не отправлено"_w;
-  if (WasPosted(account, number, said)) return "Это сообщение уже отправлено"_w;
   Channel* channel = FindChannel(chat, channel_name);
   Member* member = channel == nullptr ? nullptr : FindMember(*channel, account.nick);
   if (said[0] == '/') return RunCommand(chat, {account, channel, member}, said, now);
   if (member == nullptr) return "Вы не на канале, сообщение не отправлено"_w;
+  if (WasPosted(account, number, said)) return "Это сообщение уже отправлено"_w;
   const Text key = NickKey(account.nick);
   if (channel->muted.contains(key)) return "Вы лишены права голоса, сообщение не отправлено"_w;
   const Text heard = channel->lowered.contains(key) ? LCase(said) : said;

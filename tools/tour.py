@@ -12,7 +12,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
 
-PATIENCE = 15  # seconds for anything to happen
+PATIENCE = 60  # seconds for anything to happen
 
 
 def wait_for(what, probe):
@@ -82,12 +82,12 @@ class Tour:
         return Atspi.Text.get_text(self.control(name), 0, -1)
 
     def press(self, name):
-        self.control(name).get_action_iface().do_action(0)
+        Atspi.Action.do_action(self.control(name), 0)
 
     def menu(self, *captions):
         for caption in captions[:-1]:
-            self.item(caption).get_action_iface().do_action(0)
-        self.item(captions[-1]).get_action_iface().do_action(0)
+            Atspi.Action.do_action(self.item(caption), 0)
+        Atspi.Action.do_action(self.item(captions[-1]), 0)
 
     def item(self, caption):
         def probe():
@@ -151,7 +151,8 @@ class Tour:
         self.picture("service-gone")
         restarted = subprocess.Popen([self.service, "--port", self.port], stdout=subprocess.DEVNULL)
         try:
-            wait_for("the reconnect", lambda: self.text("Rich_0").count("s9.") > 1)
+            checked = "Проверка установленного стиля... s9."
+            wait_for("the reconnect", lambda: self.text("Rich_0").count(checked) > 1)
             self.picture("reconnected", settle=3)
 
             self.menu("Настройки", "Язык", "English")
@@ -176,14 +177,17 @@ class Tour:
             restarted.wait()
 
 
-tour = Tour(*sys.argv[1:6])
-try:
-    tour.play()
-except SystemExit:
-    tour.picture("failed")
-    for control in below(tour.application()):
-        print(control.get_role_name(), "|", control.get_name(), "|", control.get_description())
-    raise
-finally:
-    if tour.client.poll() is None:
-        tour.client.kill()
+def main():
+    tour = Tour(*sys.argv[1:6])
+    try:
+        tour.play()
+    except SystemExit:
+        tour.picture("failed")
+        raise
+    finally:
+        if tour.client.poll() is None:
+            tour.client.kill()
+
+
+if __name__ == "__main__":
+    main()

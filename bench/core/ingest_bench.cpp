@@ -3,11 +3,16 @@
 // port.
 #include <benchmark/benchmark.h>
 
+#include <stdlib.h>
+
 #include <algorithm>
+#include <filesystem>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "display/chat_log.h"
+#include "platform/posix_files.h"
 #include "shell/assembly.h"
 #include "support/simulated_platform.h"
 #include "text/charset.h"
@@ -148,6 +153,29 @@ void BM_Ingest(benchmark::State& state) {
       static_cast<double>(pane.MemoryUsed()) / static_cast<double>(pane.Length());
 }
 BENCHMARK(BM_Ingest)->Arg(0)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+
+// The three pieces of a line into a real file.
+void BM_LogOnDisk(benchmark::State& state) {
+  std::string folder = (std::filesystem::temp_directory_path() / "ingest_bench.XXXXXX").string();
+  if (mkdtemp(folder.data()) == nullptr) {
+    state.SkipWithError("no temporary folder");
+    return;
+  }
+  SimulatedPlatform platform;
+  PosixFiles files(folder);
+  const Platform ports = platform.Ports();
+  Client client({files, ports.clock, ports.random, ports.clipboard, ports.desktop, ports.NewWinsock,
+                 ports.NewTimer});
+  const Text channel = "Болтовня"_w;
+  for (auto _ : state) {
+    LogChatLine(client, "[16:45:57] ", channel);
+    LogChatLine(client, "serge12: ", channel);
+    LogChatLine(client, " as long as what is said in a chat mostly is\r\n", channel);
+  }
+  state.SetItemsProcessed(state.iterations());
+  std::filesystem::remove_all(folder);
+}
+BENCHMARK(BM_LogOnDisk)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace parlorwire

@@ -7,6 +7,7 @@
 #include "display/rank_colour.h"
 #include "display/spam_rules.h"
 #include "session/fault_trap.h"
+#include "session/personal_notice.h"
 #include "text/cut.h"
 
 namespace parlorwire {
@@ -14,7 +15,6 @@ namespace {
 
 constexpr std::string_view kEchoPrefix = "### ";
 constexpr std::string_view kActionPrefix = " *** ";
-constexpr int kBalloonFlags = 16;
 constexpr int kTrayMention = 2;
 
 // A line on its way into a pane.
@@ -57,7 +57,7 @@ bool IsOwn(std::string_view nick, std::string_view login) {
          EqualsNoCase(nick.substr(0, login.size()), login);
 }
 
-// Colons are left out, so that "alice:" within a text does not hide a name that holds none.
+// A name counts also where colons stand between its letters.
 bool Names(std::string_view text, std::string_view login) {
   if (!Contains(text, ":")) return ContainsNoCase(text, login);
   return ContainsNoCase(Replace(text, ":", ""), login);
@@ -183,7 +183,7 @@ void NotifyOfMention(const Line& line) {
   const Text whole = line.time + " " + Text(line.nick) + " " + line.text;
   if (!desktop.IsActiveWindow() && line.session.LinesArmed) {
     line.client.hooks.ShowBalloon(
-        "", whole + "\r\n\r\n" + "Ник: "_w + login + "\r\n" + "Канал: "_w + channel, kBalloonFlags);
+        "", whole + "\r\n\r\n" + "Ник: "_w + login + "\r\n" + "Канал: "_w + channel, kInfoBalloon);
     line.client.hooks.SetTrayBlink(kTrayMention);
   }
   const int shown_tab = desktop.ActiveTab();

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <system_error>
 
 namespace parlorwire {
@@ -12,8 +13,8 @@ using Path = std::filesystem::path;
 
 // The superuser may write there too, but the files of a user are not to be in it.
 bool IsUnderUsr(const Path& folder) {
-  auto part = folder.begin();
-  return part != folder.end() && *part == "/" && ++part != folder.end() && *part == "usr";
+  const Path usr = "/usr";
+  return std::mismatch(usr.begin(), usr.end(), folder.begin(), folder.end()).first == usr.end();
 }
 
 bool IsWritable(const Path& folder) {

@@ -23,8 +23,8 @@ namespace parlorwire {
 // writing at its end, and up to the limit by writing inside. The target is at least 4, the limit
 // not below it and not above 16,000, a group at least 2.
 struct PaneBlockSizes {
-  std::size_t target = 4096;
-  std::size_t limit = 8192;
+  std::size_t target = 2048;
+  std::size_t limit = 4096;
   std::size_t group = 256;
 };
 

@@ -11,16 +11,6 @@ namespace {
 constexpr char kCr = '\r';
 constexpr char kLf = '\n';
 
-// How much of `text` to put into a block: at most `most`, and no line break parted.
-std::size_t SafeCut(std::string_view text, std::size_t most) {
-  if (text.size() <= most) return text.size();
-  std::size_t cut = most;
-  while (cut > 0 && text[cut - 1] == kCr &&
-         (text[cut] == kLf || (text[cut] == kCr && cut + 1 < text.size() && text[cut + 1] == kLf)))
-    --cut;
-  return cut;
-}
-
 }  // namespace
 
 PaneBlockPlace PaneText::Touch(PaneBlockPlace place) const {
@@ -163,6 +153,7 @@ void PaneText::Replace(PanePosition start, PanePosition end, std::string_view te
 }
 
 void PaneText::Remove(PanePosition start, PanePosition end) {
+  if (start == 0 && end == Length()) return Clear();
   PaneBlockPlace first = Touch(blocks_.Holding(start));
   const std::size_t begin = OffsetIn(first, start);
   auto left = static_cast<std::size_t>(end - start);
@@ -226,7 +217,7 @@ void PaneText::Insert(PanePosition position, std::string_view text, PaneLookId l
     const std::size_t size = place.block->size();
     std::size_t room = size < blocks_.sizes().target ? blocks_.sizes().target - size : 0;
     if (text.size() > room && text.size() <= blocks_.sizes().target && size > 0) room = 0;
-    const std::size_t cut = SafeCut(text, room);
+    const std::size_t cut = std::min(text.size(), room);
     if (cut > 0) {
       ReplaceIn(place, size, size, text.substr(0, cut), look);
       text.remove_prefix(cut);

@@ -72,9 +72,7 @@ void RichTextBox::Storage::Select(PanePosition start, PanePosition end) {
 PaneLook RichTextBox::Storage::LookOfNextText() const {
   const PanePosition at = selection_start;
   PaneLook look = own_look;
-  if (!SelectionIsEmpty())
-    look = formats.Look(text.LookAt(at));
-  else if (!text.IsLineStart(at))
+  if (SelectionIsEmpty() && !text.IsLineStart(at))
     look = formats.Look(text.LookAt(at - 1));
   else if (at < text.Length())
     look = formats.Look(text.LookAt(at));
@@ -126,7 +124,7 @@ void RichTextBox::Storage::Write(std::string_view written, PaneLookId look) {
   if (selection_start != start || old_end != start) view->SelectionChanged();
 }
 
-RichTextBox::RichTextBox(PaneFormat format) : storage_(std::make_unique<Storage>()) {
+RichTextBox::RichTextBox(const PaneFormat& format) : storage_(std::make_unique<Storage>()) {
   OwnFormat(format);
 }
 
@@ -322,7 +320,7 @@ void RichTextBox::VScroll(PaneScroll command) {
   if (storage_->view != nullptr) storage_->view->Scroll(command);
 }
 
-void RichTextBox::PastePicture(std::shared_ptr<const PanePicture> picture) {
+void RichTextBox::PastePicture(const std::shared_ptr<const PanePicture>& picture) {
   if (picture == nullptr) return;
   Storage& s = *storage_;
   PaneLook look = s.pending ? *s.pending : s.LookOfNextText();

@@ -108,7 +108,7 @@ class PaneView {
 class RichTextBox {
  public:
   // `format` is the control's own format, that of a character that nobody formatted.
-  explicit RichTextBox(PaneFormat format = {});
+  explicit RichTextBox(const PaneFormat& format = {});
   ~RichTextBox();
   RichTextBox(const RichTextBox&) = delete;
   RichTextBox& operator=(const RichTextBox&) = delete;
@@ -169,7 +169,7 @@ class RichTextBox {
   bool Redraw() const;
   void VScroll(PaneScroll command);  // WM_VSCROLL
   // WM_PASTE of a picture: replaces the selection with it.
-  void PastePicture(std::shared_ptr<const PanePicture> picture);
+  void PastePicture(const std::shared_ptr<const PanePicture>& picture);
   // Without a view there is nothing to scroll: all zero.
   PaneScrollInfo GetScrollInfo() const;
 

@@ -10,7 +10,7 @@
 namespace parlorwire {
 
 // The largest file, in bytes, that is taken for settings. A larger one counts as unreadable.
-inline constexpr std::int64_t kLargestConfigFile = 16 * 1024 * 1024;
+inline constexpr std::int64_t kLargestConfigFile = std::int64_t{16} * 1024 * 1024;
 
 // The value of a key, "" if there is none. A missing file is created empty; one that can't be read
 // gives "".

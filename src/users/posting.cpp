@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "display/fonts.h"
 #include "session/fault_trap.h"
 #include "session/http_request.h"
 #include "session/personal_notice.h"
@@ -95,6 +96,7 @@ void Winsock2_Close(Client& client, int tab) {
     std::string_view sentence;
     PassOverFault([&] { sentence = AnswerSentence(session.SendBuffer); });
     ShowSentence(session.Rich_Server, DecodeSentence(sentence));
+    Rich_Server_Change(client, tab);
   }
   session.SendBuffer.clear();
 }

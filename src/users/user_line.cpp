@@ -5,7 +5,7 @@
 namespace parlorwire {
 namespace {
 
-Text UnlessEmptyBrackets(Text text) {
+Text UnlessEmptyBrackets(const Text& text) {
   return text == "[]" ? Text() : text;
 }
 

@@ -65,7 +65,6 @@ class WinsockRoutesTest : public QObject {
     hosts.write(
         "127.0.0.1 localhost\n"
         "127.0.0.2 two.test\n127.0.0.3 two.test\n"
-        "10.77.1.5 first-silent.test\n127.0.0.1 first-silent.test\n"
         "10.77.2.1 last-refuses.test\n127.0.0.1 last-refuses.test\n");
     hosts.close();
     QVERIFY(mount(qPrintable(hosts.fileName()), "/etc/hosts", nullptr, MS_BIND, nullptr) == 0);
@@ -155,11 +154,31 @@ class WinsockRoutesTest : public QObject {
   }
 
   void ASilentAddressLeavesTimeForTheNext() {
-    const QList<QHostAddress> found = QHostInfo::fromName("first-silent.test").addresses();
-    QCOMPARE(found.size(), 2);
-    LoopbackPeer peer;
-    QCOMPARE(Outcome("first-silent.test", peer.port(), std::chrono::milliseconds(400)),
+    const QList<QHostAddress> found = QHostInfo::fromName("two.test").addresses();
+    LoopbackPeer silent(found[0].toString().toStdString(), 0);
+    silent.FillBacklog();
+    LoopbackPeer peer(found[1].toString().toStdString(), 16, silent.port_number());
+    QElapsedTimer elapsed;
+    elapsed.start();
+    QCOMPARE(Outcome("two.test", peer.port(), std::chrono::milliseconds(2000)),
              QByteArray("Connect;"));
+    QVERIFY(elapsed.elapsed() >= 999);
+    QVERIFY(elapsed.elapsed() < 1900);
+    QVERIFY(peer.AnyoneWaits());
+  }
+
+  void SilentAddressesShareTheTimeout() {
+    const QList<QHostAddress> found = QHostInfo::fromName("two.test").addresses();
+    LoopbackPeer silent(found[0].toString().toStdString(), 0);
+    silent.FillBacklog();
+    LoopbackPeer silent_too(found[1].toString().toStdString(), 0, silent.port_number());
+    silent_too.FillBacklog();
+    QElapsedTimer elapsed;
+    elapsed.start();
+    QCOMPARE(Outcome("two.test", silent.port(), std::chrono::milliseconds(500)),
+             QByteArray("10060 The attempt to connect timed out;"));
+    QVERIFY(elapsed.elapsed() >= 498);
+    QVERIFY(elapsed.elapsed() < 1500);
   }
 
   void TheErrorOfTheLastAddressIsReported() {

@@ -586,6 +586,26 @@ class WinsockTest : public QObject {
     QCOMPARE(recorded.Ends(), (Log{"Connect", "Close"}));
   }
 
+  void TheNextChunkWaitsAlsoWhenAnErrorIsKnownAlready() {
+    LoopbackPeer peer;
+    RecordedSocket recorded;
+    int depth = 0, deepest = 0;
+    PeerConnection other = Join(recorded, peer);
+    recorded.on_data = [&] {
+      deepest = std::max(deepest, ++depth);
+      recorded.data += recorded.socket->GetData();
+      recorded.socket->SendData("meets the reset the first time");
+      QTest::qWait(5);
+      --depth;
+    };
+    other.Send(std::string(3 * QtWinsock::kReadBudget, 'd'));
+    other.Reset();
+    QTRY_VERIFY(recorded.Ended());
+    QCOMPARE(deepest, 1);
+    QCOMPARE(recorded.data.size(), 3 * QtWinsock::kReadBudget);
+    QCOMPARE(recorded.Ends(), (Log{"Connect", kReset}));
+  }
+
   void AHandlerThatRunsTheLoopMayCloseThere() {
     LoopbackPeer peer;
     RecordedSocket recorded;

@@ -139,6 +139,14 @@ TEST_F(ChatTest, TheSamePostIsTakenOnce) {
             "..[07:08:09]alice:() hi\n..[07:08:09]alice:() ho\n..[07:08:09]alice:() hi\n");
 }
 
+TEST_F(ChatTest, TheSameCommandIsCarriedOutAgain) {
+  Come("alice");
+  Account& account = chat.accounts.at("alice");
+  for (const char* text : {"/set s 9", "/set s 1", "/set s 9"})
+    Post(chat, account, "hall", text, "", "11111111", now);
+  EXPECT_EQ(account.style, 9);
+}
+
 TEST_F(ChatTest, LeavingEndsTheFrameAndIsToldToTheOthers) {
   Frame& alice = Come("alice");
   Frame& bob = Come("bob");

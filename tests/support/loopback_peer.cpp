@@ -127,8 +127,9 @@ void PeerConnection::Reset() {
 
 // ---- the listener ----
 
-LoopbackPeer::LoopbackPeer(const std::string& address, int backlog) : address_(address) {
-  Address name(address, 0);
+LoopbackPeer::LoopbackPeer(const std::string& address, int backlog, std::uint16_t port)
+    : address_(address) {
+  Address name(address, port);
   descriptor_ = socket(name.storage.ss_family, SOCK_STREAM | SOCK_CLOEXEC, 0);
   if (descriptor_ < 0) Fail("socket");
   if (bind(descriptor_, name.get(), name.length) != 0) Fail("bind");

@@ -35,15 +35,17 @@ class PeerConnection {
   int descriptor_;
 };
 
-// Listens at a free port of a loopback address, "127.0.0.1" or "::1".
+// Listens at a loopback address, "127.0.0.1" or "::1", at a free port or at the given one.
 class LoopbackPeer {
  public:
-  explicit LoopbackPeer(const std::string& address = "127.0.0.1", int backlog = 16);
+  explicit LoopbackPeer(const std::string& address = "127.0.0.1", int backlog = 16,
+                        std::uint16_t port = 0);
   ~LoopbackPeer();
   LoopbackPeer(const LoopbackPeer&) = delete;
   LoopbackPeer& operator=(const LoopbackPeer&) = delete;
 
   std::string port() const { return std::to_string(port_); }
+  std::uint16_t port_number() const { return port_; }
   PeerConnection Accept();
   bool AnyoneWaits() const;
   // Nobody is served from now on: who connects is refused.

@@ -4,6 +4,7 @@
 
 #include "support/pane_runs.h"
 #include "support/simulated_platform.h"
+#include "text/charset.h"
 
 namespace parlorwire {
 namespace {
@@ -61,6 +62,12 @@ TEST(Tones, ALabelThatIsNotInTheTableGivesZero) {
   EXPECT_EQ(ToneAction(""), 0);
   EXPECT_EQ(ToneAction("уныло"_w), 0);
   EXPECT_EQ(ToneAction("Уныло "_w), 0);
+}
+
+TEST_F(PostingTest, AnAnswerThatNamesAColourSetsTheColourOfOwnMessages) {
+  Answer("<font size=1>" +
+         ConvertCharset("Цвет фонта: 0000FF"_w, Charset::kWindows1251, Charset::kKoi) + "</font>");
+  EXPECT_EQ(client.app.rRichColors.TextColor, Rgb(0, 0, 255));
 }
 
 TEST_F(PostingTest, ARequestToTheByte) {

@@ -27,7 +27,8 @@ SelectedStretch SelectedIn(const Fragment& fragment, PaneRange selected) {
 }  // namespace
 
 RichTextView::RichTextView(RichTextBox& box, QWidget* parent)
-    : QAbstractScrollArea(parent), box_(box), arrangement_(box) {
+    : QAbstractScrollArea(parent), box_(box), arrangement_(box), announcer_(box, this) {
+  InstallPaneAccessibility();
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setFocusPolicy(Qt::StrongFocus);
@@ -56,6 +57,10 @@ void RichTextView::TextChanged(const TextChange& change) {
   selection_.TextChanged(change);
   drag_.origin.TextChanged(change);
   if (!restyled_.empty()) restyled_ = {0, box_.Length()};
+  if (isVisible())
+    announcer_.TextChanged(change);
+  else
+    announcer_.Drop();
   NoteChange();
 }
 
@@ -113,14 +118,15 @@ void RichTextView::NoteChange() {
 void RichTextView::Settle() {
   settle_posted_ = false;
   if (!redraw_ || !isVisible()) return;
-  if (show_caret_) arrangement_.Show(selection_.stretch().start);
+  if (show_caret_) arrangement_.Show(selection_.range().start);
   show_caret_ = false;
   RepaintDifferences(arrangement_.Seen());
   for (const PlacedFragment& placed : arrangement_.Seen())
     if (placed.fragment.start < restyled_.end && placed.fragment.next > restyled_.start)
       viewport()->update(0, placed.top, viewport()->width(), placed.layout->height);
   restyled_ = {};
-  UpdateScrollBar();
+  UpdateScrollBar(BarUpdate::kIfSeen);
+  announcer_.Flush();
 }
 
 // Moves what only moved, and repaints what is new.
@@ -171,11 +177,11 @@ void RichTextView::RememberPainted(const std::vector<PlacedFragment>& seen) {
 }
 
 // The characters look different though their layout is the same.
-void RichTextView::Restyle(PaneRange stretch) {
-  if (stretch.empty()) return;
-  restyled_ = restyled_.empty() ? stretch
-                                : PaneRange{std::min(restyled_.start, stretch.start),
-                                            std::max(restyled_.end, stretch.end)};
+void RichTextView::Restyle(PaneRange range) {
+  if (range.empty()) return;
+  restyled_ = restyled_.empty() ? range
+                                : PaneRange{std::min(restyled_.start, range.start),
+                                            std::max(restyled_.end, range.end)};
   NoteChange();
 }
 
@@ -191,7 +197,7 @@ void RichTextView::paintEvent(QPaintEvent* event) {
     if (!event->region().intersects(place)) continue;
     ++fragments_painted_;
     Paint(painter, *placed.layout, {kMargin, qreal(placed.top)}, clip,
-          SelectedIn(placed.fragment, selection_.stretch()), palette(),
+          SelectedIn(placed.fragment, selection_.range()), palette(),
           arrangement_.Tools().pictures);
   }
   // What is settled after this must know whether all that is seen is up to date.
@@ -218,31 +224,41 @@ void RichTextView::changeEvent(QEvent* event) {
   QAbstractScrollArea::changeEvent(event);
   const QEvent::Type type = event->type();
   if (type == QEvent::FontChange || type == QEvent::StyleChange) arrangement_.Forget();
-  if (type == QEvent::ActivationChange) return Restyle(selection_.stretch());
+  if (type == QEvent::ActivationChange) return Restyle(selection_.range());
   painted_valid_ = false;
   NoteChange();
 }
 
 void RichTextView::focusInEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusInEvent(event);
-  Restyle(selection_.stretch());
+  Restyle(selection_.range());
 }
 
 void RichTextView::focusOutEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusOutEvent(event);
-  Restyle(selection_.stretch());
+  Restyle(selection_.range());
 }
 
 // ---- scrolling ----
 
-void RichTextView::UpdateScrollBar() {
+// In a long pane a line more moves the bar by nothing that can be seen: then it is left alone.
+void RichTextView::UpdateScrollBar(BarUpdate update) {
   QScrollBar* bar = verticalScrollBar();
   if (bar->isSliderDown()) return;
   const PaneScrollInfo info = arrangement_.ScrollInfo();
+  const int maximum = info.max - info.page;
+  if (update == BarUpdate::kIfSeen && info.max > 0 && bar->maximum() > 0 &&
+      (info.pos == maximum) == (bar->value() == bar->maximum())) {
+    const double length = bar->height();
+    const double shown = bar->maximum() + bar->pageStep();
+    const double top = length * (info.pos / double(info.max) - bar->value() / shown);
+    const double thumb = length * (info.page / double(info.max) - bar->pageStep() / shown);
+    if (std::abs(top) < 0.5 && std::abs(thumb) < 0.5) return;
+  }
   updating_bar_ = true;
   bar->setPageStep(info.page);
   bar->setSingleStep(arrangement_.RowHeight());
-  bar->setRange(0, info.max - info.page);
+  bar->setRange(0, maximum);
   bar->setValue(info.pos);
   updating_bar_ = false;
 }
@@ -278,7 +294,7 @@ void RichTextView::BarActed(int action) {
 
 void RichTextView::ScrollBy(int pixels) {
   arrangement_.ScrollBy(pixels);
-  UpdateScrollBar();
+  UpdateScrollBar(BarUpdate::kExact);
   NoteChange();
 }
 
@@ -323,6 +339,15 @@ PanePosition RichTextView::BorderFromPos(QPoint point) const {
   if (point.y() >= placed.top + placed.layout->height) return box_.Length();
   return placed.fragment.start +
          BorderAt(*placed.layout, point.x() - kMargin, point.y() - placed.top);
+}
+
+PaneRange RichTextView::RowAround(PanePosition position) const {
+  const Fragment fragment = FragmentAt(box_, position);
+  const auto layout = arrangement_.LayoutOf(fragment);
+  const int number = RowOf(*layout, static_cast<int>(position - fragment.start));
+  const auto& row = layout->rows[static_cast<std::size_t>(number)];
+  const bool last = number + 1 == static_cast<int>(layout->rows.size());
+  return {fragment.start + row.start, last ? fragment.next : fragment.start + row.end};
 }
 
 QRect RichTextView::CharacterRect(PanePosition position) const {

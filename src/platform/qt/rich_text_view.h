@@ -18,6 +18,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "platform/qt/rich_text_view_accessible.h"
 #include "platform/qt/rich_text_view_arrangement.h"
 #include "platform/qt/rich_text_view_selection.h"
 
@@ -38,7 +39,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void SetRussian(bool russian) { russian_ = russian; }
 
   // What the reader has selected.
-  PaneRange Selected() const { return selection_.stretch(); }
+  PaneRange Selected() const { return selection_.range(); }
   PanePosition Caret() const { return selection_.caret; }
   // As the reader would: the pane gets the selection too.
   void Select(PanePosition anchor, PanePosition caret);
@@ -57,6 +58,9 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
 
   // Where the character is painted, in the view's pixels; empty if it is not in the view.
   QRect CharacterRect(PanePosition position) const;
+
+  // The characters of the row in which the position lies.
+  PaneRange RowAround(PanePosition position) const;
 
   struct Counters {
     std::uint64_t laid_out = 0;  // fragments, ever
@@ -116,8 +120,9 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void Settle();
   void RepaintDifferences(const std::vector<PlacedFragment>& seen);
   void RememberPainted(const std::vector<PlacedFragment>& seen);
-  void Restyle(PaneRange stretch);
-  void UpdateScrollBar();
+  void Restyle(PaneRange range);
+  enum class BarUpdate { kIfSeen, kExact };
+  void UpdateScrollBar(BarUpdate update);
   void BarActed(int action);
   void ScrollBy(int pixels);
 
@@ -149,6 +154,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   std::uint64_t fragments_painted_ = 0;
 
   PaneSelection selection_;
+  PaneAnnouncer announcer_;
   bool giving_selection_ = false;
   bool show_caret_ = false;  // at the next repaint
   struct Drag {

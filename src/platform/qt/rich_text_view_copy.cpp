@@ -43,11 +43,11 @@ class LineBreaks {
 
 // Calls `each` with every run and its text, the breaks being LF.
 template <class Each>
-void ForEachRun(const RichTextBox& box, PaneRange stretch, Each each) {
+void ForEachRun(const RichTextBox& box, PaneRange range, Each each) {
   LineBreaks breaks;
   PaneFormat format;
-  for (PanePosition start = stretch.start; start < stretch.end; start += kStep) {
-    const PanePosition end = std::min(start + kStep, stretch.end);
+  for (PanePosition start = range.start; start < range.end; start += kStep) {
+    const PanePosition end = std::min(start + kStep, range.end);
     for (const PaneRun& run : box.RunsBetween(start, end)) {
       format = run.format;
       each(format, run.picture ? breaks.Rest() + run.picture->code
@@ -72,19 +72,19 @@ QString StyleOf(const PaneFormat& format) {
 
 }  // namespace
 
-QString CopiedText(const RichTextBox& box, PaneRange stretch) {
+QString CopiedText(const RichTextBox& box, PaneRange range) {
   QString text;
-  ForEachRun(box, stretch,
+  ForEachRun(box, range,
              [&](const PaneFormat&, const std::string& piece) { text += ToQString(piece); });
   return text;
 }
 
-QString CopiedHtml(const RichTextBox& box, PaneRange stretch) {
+QString CopiedHtml(const RichTextBox& box, PaneRange range) {
   QString html = QStringLiteral(
                      "<html><head><meta charset=\"utf-8\"></head><body>"
                      "<div style=\"background-color:%1; white-space:pre-wrap;\">")
                      .arg(ToQColor(box.BackColor()).name());
-  ForEachRun(box, stretch, [&](const PaneFormat& format, const std::string& piece) {
+  ForEachRun(box, range, [&](const PaneFormat& format, const std::string& piece) {
     if (piece.empty()) return;
     html += QStringLiteral("<span style=\"%1\">").arg(StyleOf(format));
     html += ToQString(piece).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
@@ -93,10 +93,10 @@ QString CopiedHtml(const RichTextBox& box, PaneRange stretch) {
   return html + QLatin1String("</div></body></html>");
 }
 
-std::unique_ptr<QMimeData> Copied(const RichTextBox& box, PaneRange stretch) {
+std::unique_ptr<QMimeData> Copied(const RichTextBox& box, PaneRange range) {
   auto data = std::make_unique<QMimeData>();
-  data->setText(CopiedText(box, stretch));
-  if (stretch.end - stretch.start <= kMostHtml) data->setHtml(CopiedHtml(box, stretch));
+  data->setText(CopiedText(box, range));
+  if (range.end - range.start <= kMostHtml) data->setHtml(CopiedHtml(box, range));
   return data;
 }
 

@@ -10,12 +10,12 @@
 namespace parlorwire {
 
 // Lines end in LF; a picture gives its code. Where the view wraps does not show.
-QString CopiedText(const RichTextBox& box, PaneRange stretch);
+QString CopiedText(const RichTextBox& box, PaneRange range);
 
 // The same with fonts and colours on the pane's background.
-QString CopiedHtml(const RichTextBox& box, PaneRange stretch);
+QString CopiedHtml(const RichTextBox& box, PaneRange range);
 
 // Both; a stretch of more than a million characters has no HTML.
-std::unique_ptr<QMimeData> Copied(const RichTextBox& box, PaneRange stretch);
+std::unique_ptr<QMimeData> Copied(const RichTextBox& box, PaneRange range);
 
 }  // namespace parlorwire

@@ -106,7 +106,7 @@ void RichTextView::timerEvent(QTimerEvent* event) {
 }
 
 void RichTextView::BeginDrag(PanePosition position, PaneGrain grain) {
-  const PaneRange around = StretchAround(box_, position, grain);
+  const PaneRange around = RangeAround(box_, position, grain);
   drag_.active = true;
   drag_.grain = grain;
   drag_.origin = {around.start, around.end};
@@ -114,8 +114,8 @@ void RichTextView::BeginDrag(PanePosition position, PaneGrain grain) {
 }
 
 void RichTextView::DragTo(PanePosition position) {
-  const PaneRange around = StretchAround(box_, position, drag_.grain);
-  const PaneRange origin = drag_.origin.stretch();
+  const PaneRange around = RangeAround(box_, position, drag_.grain);
+  const PaneRange origin = drag_.origin.range();
   if (position < origin.start)
     ShowSelection({origin.end, around.start});
   else
@@ -137,6 +137,7 @@ void RichTextView::ShowSelection(PaneSelection selection) {
   const PaneRange before = Selected();
   selection_ = selection;
   goal_x_ = -1;
+  announcer_.SelectionChanged(selection_);
   const PaneRange now = Selected();
   if (before.empty() || now.empty() || now.start >= before.end || before.start >= now.end) {
     Restyle(before);

@@ -44,7 +44,7 @@ PanePosition Moved(PanePosition position, const PaneView::TextChange& change, bo
 
 }  // namespace
 
-PaneRange PaneSelection::stretch() const {
+PaneRange PaneSelection::range() const {
   return {std::min(anchor, caret), std::max(anchor, caret)};
 }
 
@@ -55,7 +55,7 @@ void PaneSelection::TextChanged(const PaneView::TextChange& change) {
   caret = Moved(caret, change, empty || forwards);
 }
 
-PaneRange StretchAround(const RichTextBox& box, PanePosition position, PaneGrain grain) {
+PaneRange RangeAround(const RichTextBox& box, PanePosition position, PaneGrain grain) {
   if (grain == PaneGrain::kCharacter) return {position, position};
   if (grain == PaneGrain::kWord) return WordAround(box, position);
   const RichTextBox::Line line = box.LineByIndex(box.LineAt(position));

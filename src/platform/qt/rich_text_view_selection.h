@@ -19,7 +19,7 @@ struct PaneSelection {
   PanePosition anchor = 0;
   PanePosition caret = 0;
 
-  PaneRange stretch() const;
+  PaneRange range() const;
   // Stays on its characters while text comes and goes elsewhere.
   void TextChanged(const PaneView::TextChange& change);
 };
@@ -28,7 +28,7 @@ enum class PaneGrain { kCharacter, kWord, kLine };
 
 // What of that size lies around the position. A word is of letters, digits and "_", or of blanks,
 // or of other signs; a line includes its break.
-PaneRange StretchAround(const RichTextBox& box, PanePosition position, PaneGrain grain);
+PaneRange RangeAround(const RichTextBox& box, PanePosition position, PaneGrain grain);
 
 // The next place of a caret to either side; a line break is one step.
 PanePosition CharacterBefore(const RichTextBox& box, PanePosition position);

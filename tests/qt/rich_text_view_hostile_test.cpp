@@ -1,0 +1,153 @@
+// Text that somebody sends to make a view choke. The processor time allowed is for a build without
+// optimisation; what is really asserted is that little is laid out.
+#include <QScrollBar>
+#include <ctime>
+
+#include "shown_pane.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr double kMost = 5.0;  // seconds of the processor, with all checks on
+constexpr PanePosition kMegabyte = 1 << 20;
+
+// Shows the text, and goes through it by all means.
+void GoThrough(ShownPane& pane) {
+  const std::clock_t started = std::clock();
+  const auto before = pane.view.counters().laid_out;
+  pane.view.ScrollToEnd();
+  ShownPane::Settle();
+  QVERIFY(pane.AtEnd());
+  pane.view.ScrollToStart();
+  ShownPane::Settle();
+  QScrollBar* bar = pane.view.verticalScrollBar();
+  bar->setValue(bar->maximum() / 2);
+  ShownPane::Settle();
+  pane.view.resize(pane.view.width() + 50, pane.view.height());
+  ShownPane::Settle();
+  const QSize size = pane.view.viewport()->size();
+  const PanePosition hit = pane.box.CharFromPos(size.width() / 2, size.height() / 2);
+  QVERIFY(hit > 0);
+  QTest::keyClick(&pane.view, Qt::Key_PageDown, Qt::ShiftModifier);
+  QTest::keyClick(&pane.view, Qt::Key_End, Qt::ShiftModifier | Qt::ControlModifier);
+  ShownPane::Settle();
+  QTest::mouseDClick(pane.view.viewport(), Qt::LeftButton, Qt::NoModifier, {50, 50});
+  QTest::mouseRelease(pane.view.viewport(), Qt::LeftButton, Qt::NoModifier, {50, 50});
+  ShownPane::Settle();
+  QCOMPARE(pane.OnScreen(), pane.Picture());
+  QVERIFY(pane.view.counters().laid_out - before < 400);
+  const double seconds = static_cast<double>(std::clock() - started) / CLOCKS_PER_SEC;
+  qInfo("%.3f s of the processor", seconds);
+  QVERIFY2(seconds < kMost, qPrintable(QString::number(seconds)));
+}
+
+}  // namespace
+
+class RichTextViewHostileTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void AWordOfAMegabyte() {
+    ShownPane pane(20);
+    Append(pane.box, std::string(kMegabyte, 'w') + "\r\n", MainFormat(0xFFFFFF));
+    AppendMessages(pane.box, 20);
+    GoThrough(pane);
+  }
+
+  void AMegabyteOfBlanks() {
+    ShownPane pane(20);
+    Append(pane.box, std::string(kMegabyte, ' ') + "\r\n", MainFormat(0xFFFFFF));
+    AppendMessages(pane.box, 20);
+    GoThrough(pane);
+  }
+
+  void AMegabyteOfWordsInOneLine() {
+    ShownPane pane(20);
+    std::string text;
+    while (text.size() < kMegabyte)
+      text += "some words and more of them ";
+    Append(pane.box, text + "\r\n", MainFormat(0xFFFFFF));
+    GoThrough(pane);
+  }
+
+  void AMegabyteOfControlCharacters() {
+    ShownPane pane(20);
+    std::string text;
+    for (PanePosition i = 0; i < kMegabyte; ++i) {
+      const auto c = static_cast<char>(i % 32);
+      text += c == '\r' || c == '\n' ? '\x7F' : c;
+    }
+    Append(pane.box, text + "\r\n", MainFormat(0xFFFFFF));
+    GoThrough(pane);
+  }
+
+  void AHundredThousandEmptyLines() {
+    ShownPane pane;
+    std::string text;
+    for (int i = 0; i < 100'000; ++i)
+      text += i % 2 == 0 ? "\r\n" : "\n";
+    Append(pane.box, text, MainFormat(0xFFFFFF));
+    GoThrough(pane);
+  }
+
+  void ARunForEveryCharacter() {
+    ShownPane pane;
+    Append(pane.box, std::string(20'000, 'x') + "\r\n", MainFormat(0xFFFFFF));
+    pane.box.SetRedraw(false);
+    for (PanePosition i = 0; i < 20'000; ++i) {
+      pane.box.ExSetSel(i, i + 1);
+      pane.box.SelColor(static_cast<PaneColour>(i * 997 & 0xFFFFFF));
+    }
+    pane.box.SetRedraw(true);
+    GoThrough(pane);
+  }
+
+  // A very long line is laid out in stretches; every character is in one, and in its place.
+  void NoCharacterOfAVeryLongLineIsLost() {
+    ShownPane pane(0, {500, 400});
+    std::string text;
+    while (text.size() < 50'000)
+      text += "word" + std::to_string(text.size()) + " ";
+    Append(pane.box, text + "\r\n", MainFormat(0xFFFFFF));
+    PanePosition expected = 0;
+    const PanePosition end = pane.box.Length() - 2;
+    pane.view.ScrollToStart();
+    for (int page = 0; page < 400 && expected < end; ++page) {
+      const PanePosition top = pane.box.CharFromPos(0, 0);
+      QVERIFY(top <= expected);
+      while (expected < end && !pane.view.CharacterRect(expected).isEmpty()) {
+        const QRect place = pane.view.CharacterRect(expected);
+        if (place.bottom() >= pane.view.viewport()->height()) break;
+        if (place.width() > 3 && place.top() >= 0)
+          QCOMPARE(pane.box.CharFromPos(place.center().x(), place.center().y()), expected);
+        ++expected;
+      }
+      QTest::keyClick(&pane.view, Qt::Key_PageDown);
+    }
+    QCOMPARE(expected, end);
+  }
+
+  void AViewOfAFewPixelsIsNoTrouble() {
+    ShownPane pane(50);
+    for (const QSize size : {QSize(1, 1), QSize(20, 3), QSize(5, 500), QSize(500, 5)}) {
+      pane.view.resize(size);
+      ShownPane::Settle();
+      pane.box.VScroll(PaneScroll::kBottom);
+      pane.box.VScroll(PaneScroll::kLineUp);
+      AppendNotice(pane.box, "notice");
+      pane.box.GetScrollInfo();
+      QTest::keyClick(&pane.view, Qt::Key_PageUp);
+      ShownPane::Settle();
+    }
+    pane.view.resize(400, 300);
+    pane.box.VScroll(PaneScroll::kBottom);
+    ShownPane::Settle();
+    QVERIFY(pane.AtEnd());
+    QCOMPARE(pane.OnScreen(), pane.Picture());
+  }
+};
+
+}  // namespace parlorwire
+
+QTEST_MAIN(parlorwire::RichTextViewHostileTest)
+#include "rich_text_view_hostile_test.moc"
