@@ -327,32 +327,52 @@ class ClientMainTest : public QObject {
   void FontCommandsEditTheirRecord() {
     Windows windows;
     AppState& app = windows.client.app;
-    const auto choose = [&](const char* item, bool expect_italic) {
+    // Opens the dialog, which shows `bold` and `italic`, and chooses bold DejaVu Sans.
+    const auto choose = [&](const char* item, bool bold, bool italic) {
       WithDialog<QFontDialog>(
           [&](QFontDialog& dialog) {
-            QCOMPARE(dialog.currentFont().italic(), expect_italic);
+            QCOMPARE(dialog.currentFont().bold(), bold);
+            QCOMPARE(dialog.currentFont().italic(), italic);
             QFont font("DejaVu Sans", 17);
             font.setBold(true);
-            font.setItalic(false);
+            // A new family takes its first style; the style asked for comes with the second call.
             dialog.setCurrentFont(font);
-            qInfo() << item << dialog.currentFont() << dialog.currentFont().bold();
+            dialog.setCurrentFont(font);
             dialog.accept();
           },
           [&] { windows.window->findChild<QAction*>(item)->trigger(); });
     };
     app.rFontMain.Bold = false;
-    choose("font_main", false);
+    app.rFontSystem.Name = "DejaVu Sans";
+    app.rFontSystem.Bold = true;
+    app.rFontSystem.Italic = false;
+    choose("font_main", false, false);
     QCOMPARE(app.rFontMain.Name, Text("DejaVu Sans"));
     QCOMPARE(app.rFontMain.Size, 17);
     QVERIFY(!app.rFontMain.Bold);
-    choose("font_system", true);
+    choose("font_system", true, false);
+    QCOMPARE(app.rFontSystem.Size, 17);
     QVERIFY(app.rFontSystem.Bold);
     QVERIFY(!app.rFontSystem.Italic);
-    QCOMPARE(app.rFontSystem.Size, 17);
-    choose("font_client", false);
+    choose("font_client", false, false);
+    QCOMPARE(app.rFontStatus.Name, Text("DejaVu Sans"));
+    QCOMPARE(app.rFontStatus.Size, 17);
     QVERIFY(app.rFontStatus.Bold);
     QVERIFY(!app.rFontStatus.Italic);
+  }
+
+  void CancellingAFontChangesNothing() {
+    Windows windows;
+    AppState& app = windows.client.app;
+    app.rFontStatus.Name = "DejaVu Sans";
+    WithDialog<QFontDialog>(
+        [&](QFontDialog& dialog) {
+          dialog.setCurrentFont(QFont("DejaVu Sans", 33));
+          dialog.reject();
+        },
+        [&] { windows.window->findChild<QAction*>("font_client")->trigger(); });
     QCOMPARE(app.rFontStatus.Name, Text("DejaVu Sans"));
+    QCOMPARE(app.rFontStatus.Size, 10);
   }
 
   void ClosingSavesAndEndsTheProcess() {

@@ -72,6 +72,7 @@ client_main::client_main(Client& client, QtDesktop& desktop)
 
 client_main::~client_main() {
   desktop_.Attach(nullptr);
+  client_.hooks.ShowLoginDialog = std::function<void(int)>();
 }
 
 void client_main::FillHooks() {

@@ -19,6 +19,8 @@ std::optional<ChosenFont> ChooseFontDialog(const ChosenFont& font, QWidget* owne
   start.setBold(font.Bold);
   start.setItalic(font.Italic);
   QFontDialog dialog(start, owner);
+  // A new family takes its first style; the style asked for comes with the second call.
+  dialog.setCurrentFont(start);
   NameControl(&dialog, "font_dialog");
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   const QFont chosen = dialog.selectedFont();
