@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "support/pane_runs.h"
 #include "support/simulated_platform.h"
 #include "text/fault.h"
@@ -17,6 +19,10 @@ struct Cut {
   Text text;
   LineKind kind;
 };
+
+void PrintTo(const Cut& cut, std::ostream* out) {
+  *out << cut.name;
+}
 
 class CutChatLineTest : public testing::TestWithParam<Cut> {};
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "text/text.h"
 
 namespace parlorwire {
@@ -12,6 +14,10 @@ struct Case {
   Text text;
   int fired;
 };
+
+void PrintTo(const Case& spam, std::ostream* out) {
+  *out << spam.name;
+}
 
 class SpamRulesTest : public testing::TestWithParam<Case> {};
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "support/simulated_platform.h"
 #include "text/fault.h"
 
@@ -138,6 +140,10 @@ struct WordCase {
   BoxText before;
   BoxText after;
 };
+
+void PrintTo(const WordCase& word, std::ostream* out) {
+  *out << word.name;
+}
 
 class DeleteWordAheadTest : public testing::TestWithParam<WordCase> {};
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "text/fault.h"
 
 namespace parlorwire {
@@ -21,6 +23,10 @@ struct Cut {
   const char* line;
   UserRecord user;
 };
+
+void PrintTo(const Cut& cut, std::ostream* out) {
+  *out << cut.name;
+}
 
 class CutUserLineTest : public testing::TestWithParam<Cut> {};
 
@@ -55,6 +61,10 @@ struct Broken {
   UserFrameForm form;
   const char* line;
 };
+
+void PrintTo(const Broken& broken, std::ostream* out) {
+  *out << broken.name;
+}
 
 class BrokenUserLineTest : public testing::TestWithParam<Broken> {};
 
