@@ -167,7 +167,7 @@ void TalkOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channel, const
   }
   const std::int64_t due = (now.ms - load.from_ms) * inhabitants.options.talk / 1000;
   // After a pause the arrears are made up in portions.
-  const std::int64_t last = std::min(due, load.said + inhabitants.options.talk / 10 + 1);
+  const std::int64_t last = std::min(due, load.said + inhabitants.options.talk / 2 + 1);
   for (; load.said < last; ++load.said) {
     Text number = std::to_string(load.said + 1);
     number.insert(0, number.size() < 8 ? 8 - number.size() : 0, '0');

@@ -5,32 +5,11 @@ namespace {
 
 constexpr int kNudge = 10;  // twips
 
-void SelectHidden(const Client& client, RichTextBox& pane, PanePosition start, PanePosition end) {
-  if (!client.app.MouseSelecting) pane.HideSelection(true);
-  pane.ExSetSel(start, end);
-}
-
-void WriteAtEnd(const Client& client, RichTextBox& pane, std::string_view text,
-                const PaneFormat& format) {
-  const PanePosition end = pane.Length();
-  SelectHidden(client, pane, end, end);
-  pane.SelFormat(format);
-  pane.ReplaceSel(text);
-}
-
 bool HoldsStill(const Client& client, const PaneScrollInfo& bar, int tab) {
   return client.platform.desktop.StopScroll(tab) && bar.max != 0;
 }
 
 }  // namespace
-
-void SelectPaneEnd(Client& client, PanePosition start, PanePosition end, int tab) {
-  SelectHidden(client, client.tab(tab).Rich, start, end);
-}
-
-void SelectUsersPaneEnd(Client& client, PanePosition start, PanePosition end, int tab) {
-  SelectHidden(client, client.tab(tab).Rich_Users, start, end);
-}
 
 PaneFormat PlainFormat(const Text& font_name, int font_size, PaneColour colour) {
   PaneFormat format;
@@ -41,11 +20,17 @@ PaneFormat PlainFormat(const Text& font_name, int font_size, PaneColour colour) 
 }
 
 void WriteAtPaneEnd(Client& client, std::string_view text, const PaneFormat& format, int tab) {
-  WriteAtEnd(client, client.tab(tab).Rich, text, format);
+  RichTextBox& pane = client.tab(tab).Rich;
+  SelectPaneEnd(client, pane.Length(), pane.Length(), tab);
+  pane.SelFormat(format);
+  pane.ReplaceSel(text);
 }
 
 void WriteAtUsersPaneEnd(Client& client, std::string_view text, const PaneFormat& format, int tab) {
-  WriteAtEnd(client, client.tab(tab).Rich_Users, text, format);
+  RichTextBox& pane = client.tab(tab).Rich_Users;
+  SelectUsersPaneEnd(client, pane.Length(), pane.Length(), tab);
+  pane.SelFormat(format);
+  pane.ReplaceSel(text);
 }
 
 void ScrollAfterLine(Client& client, int tab) {

@@ -1,18 +1,13 @@
-// How text gets into a pane: select, set the format, replace the selection; and how a pane scrolls
-// after it. Positions are 0-based.
+// How text gets behind everything that a pane holds, and how the pane scrolls after it.
 #pragma once
 
 #include <string_view>
 
 #include "platform/rich_text_box.h"
 #include "session/client.h"
+#include "session/pane_selection.h"
 
 namespace parlorwire {
-
-// Selects [start, end) in a pane, out of the user's sight unless he is selecting with the mouse.
-void SelectPaneEnd(Client& client, PanePosition start, PanePosition end, int tab);  // Rich
-void SelectUsersPaneEnd(Client& client, PanePosition start, PanePosition end,
-                        int tab);  // Rich_Users
 
 // A format that is neither bold nor italic nor underlined. Set whole by RichTextBox::SelFormat, it
 // is what setting name, size, colour and the three attributes one by one comes to.

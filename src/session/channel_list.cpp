@@ -1,5 +1,6 @@
 #include "session/channel_list.h"
 
+#include "session/pane_selection.h"
 #include "text/cut.h"
 
 namespace parlorwire {
@@ -21,86 +22,108 @@ PaneFormat Bold(PaneFormat format) {
   return format;
 }
 
-void AppendRun(RichTextBox& rich, std::string_view text, const PaneFormat& format) {
-  rich.ExSetSel(rich.Length(), rich.Length());
-  rich.SelFormat(format);
-  rich.ReplaceSel(text);
+// What a page is rendered into.
+struct Page {
+  Client& client;
+  int tab;
+  Text text;  // a copy: events that run in between may change the tab's own
+
+  RichTextBox& pane() const { return client.tab(tab).Rich; }
+};
+
+void SelectEnd(const Page& page) {
+  const PanePosition end = page.pane().Length();
+  SelectPaneEnd(page.client, end, end, page.tab);
+}
+
+void AppendRun(const Page& page, std::string_view text, const PaneFormat& format) {
+  SelectEnd(page);
+  page.pane().SelFormat(format);
+  page.pane().ReplaceSel(text);
 }
 
 // The value behind a key at `at`: the characters up to `end`. Without an end: Fault 5.
-Text Value(std::string_view page, Position at, std::string_view key, Position end) {
+Text Value(const Page& page, Position at, std::string_view key, Position end) {
   const Position start = at + Len(key);
-  return Mid(page, start, end - start);
+  return Mid(page.text, start, end - start);
 }
 
-void AppendChannel(RichTextBox& rich, const Text& value) {
+Text ValueOfLine(const Page& page, Position at, std::string_view key) {
+  return Value(page, at, key, InStr(at, page.text, "\n"));
+}
+
+void AppendChannel(const Page& page, const Text& value) {
   constexpr std::string_view kLabel = W<"Канал:">;
   PaneFormat label = Bold(Face(kYellow, 10, PaneAlignment::kCentre));
   label.italic = true;
   label.underline = true;
   // The first character of the value, a blank, goes with the label.
-  AppendRun(rich, Text(kLabel) + Left(value, 1), label);
-  AppendRun(rich, Mid(value, 2) + "\r\n\r\n", Bold(Face(kBlue, 12, PaneAlignment::kCentre)));
+  AppendRun(page, Text(kLabel) + Left(value, 1), label);
+  AppendRun(page, Mid(value, 2) + "\r\n\r\n", Bold(Face(kBlue, 12, PaneAlignment::kCentre)));
 }
 
-void AppendFlags(RichTextBox& rich, const Text& value) {
+void AppendFlags(const Page& page, const Text& value) {
   const Text text = "Флаги:"_w + value + "\r\n";
   if (text == "Флаги: \r\n"_w) return;
-  AppendRun(rich, text, Face(kGreen, 12, PaneAlignment::kLeft));
+  AppendRun(page, text, Face(kGreen, 12, PaneAlignment::kLeft));
 }
 
-void AppendTopic(RichTextBox& rich, const Text& value) {
+void AppendTopic(const Page& page, const Text& value) {
   constexpr std::string_view kLabel = W<"Тема канала: ">;
   const Text topic = Trim(value);
   if (topic.empty()) return;
-  AppendRun(rich, kLabel, Bold(Face(kYellow, 10, PaneAlignment::kLeft)));
-  AppendRun(rich, topic + "\r\n", Bold(Face(kGreen, 12, PaneAlignment::kLeft)));
+  AppendRun(page, kLabel, Bold(Face(kYellow, 10, PaneAlignment::kLeft)));
+  AppendRun(page, topic + "\r\n", Bold(Face(kGreen, 12, PaneAlignment::kLeft)));
 }
 
-void AppendHeading(RichTextBox& rich, const TabSession& session) {
+void AppendUser(const Page& page, Position at) {
+  const Position end = MinNonZero3(InStr(at, page.text, "\n"), InStr(at, page.text, "\t"),
+                                   InStr(at, page.text, "       "));
+  AppendRun(page, Trim(Value(page, at, "user:", end)) + "\r\n",
+            Face(kRed, 10, PaneAlignment::kLeft));
+}
+
+void AppendHeading(const Page& page) {
+  const TabSession& session = page.client.tab(page.tab);
   if (TrimView(session.Channel).empty() || session.LeavePending) {
-    rich.ExSetSel(rich.Length(), rich.Length());
-    rich.ReplaceSel("\r\n");
+    SelectEnd(page);
+    page.pane().ReplaceSel("\r\n");
     return;
   }
   AppendRun(
-      rich,
+      page,
       "Доступ на канал "_w + session.Channel + " с Вашего ника или адреса запрещен!\r\n\r\n"_w,
       Bold(Face(kRed, 15, PaneAlignment::kCentre)));
 }
 
-// Appends what the key at this position says. False if there is none.
-bool AppendRecord(RichTextBox& rich, std::string_view page, Position at) {
-  const std::string_view rest = page.substr(static_cast<std::size_t>(at - 1));
-  if (rest.starts_with("channel:")) {
-    AppendChannel(rich, Value(page, at, "channel:", InStr(at, page, "\n")));
-  } else if (rest.starts_with("chflags:")) {
-    AppendFlags(rich, Value(page, at, "chflags:", InStr(at, page, "\n")));
-  } else if (rest.starts_with("topic:")) {
-    AppendTopic(rich, Value(page, at, "topic:", InStr(at, page, "\n")));
-  } else if (rest.starts_with("user:")) {
-    const Position end =
-        MinNonZero3(InStr(at, page, "\n"), InStr(at, page, "\t"), InStr(at, page, "       "));
-    AppendRun(rich, Trim(Value(page, at, "user:", end)) + "\r\n",
-              Face(kRed, 10, PaneAlignment::kLeft));
-  } else {
-    return false;
-  }
-  return true;
+bool KeyStandsAt(const Page& page, Position at) {
+  const std::string_view rest =
+      std::string_view(page.text).substr(static_cast<std::size_t>(at - 1));
+  return rest.starts_with("channel:") || rest.starts_with("chflags:") ||
+         rest.starts_with("topic:") || rest.starts_with("user:");
+}
+
+// Appends what the key at this position says.
+void AppendRecord(const Page& page, Position at) {
+  const std::string_view rest =
+      std::string_view(page.text).substr(static_cast<std::size_t>(at - 1));
+  if (rest.starts_with("channel:")) AppendChannel(page, ValueOfLine(page, at, "channel:"));
+  if (rest.starts_with("chflags:")) AppendFlags(page, ValueOfLine(page, at, "chflags:"));
+  if (rest.starts_with("topic:")) AppendTopic(page, ValueOfLine(page, at, "topic:"));
+  if (rest.starts_with("user:")) AppendUser(page, at);
 }
 
 }  // namespace
 
 void ShowChannelList(Client& client, int tab) {
-  TabSession& session = client.tab(tab);
-  RichTextBox& rich = session.Rich;
-  AppendHeading(rich, session);
-
-  const Text page = session.ChannelListPage;  // events that run in between may change the field
-  for (Position at = 1; at <= Len(page); ++at) {
-    const PaneScrollInfo before = rich.GetScrollInfo();
-    if (!AppendRecord(rich, page, at)) continue;
-    if (before.pos + before.page >= before.max) rich.VScroll(PaneScroll::kBottom);
+  const Page page{client, tab, client.tab(tab).ChannelListPage};
+  AppendHeading(page);
+  // The event loop has its turn once a record: in between nothing changes that it could show.
+  for (Position at = 1; at <= Len(page.text); ++at) {
+    if (!KeyStandsAt(page, at)) continue;
+    const PaneScrollInfo before = page.pane().GetScrollInfo();
+    AppendRecord(page, at);
+    if (before.pos + before.page >= before.max) page.pane().VScroll(PaneScroll::kBottom);
     client.platform.desktop.YieldToEvents();
   }
 }

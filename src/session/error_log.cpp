@@ -14,8 +14,12 @@ void WriteErrorLog(Client& client, const Text& text) {
   const LocalTime now = client.platform.clock.Now();
   const Text entry = "[" + DateText(now) + " " + TimeText(now) + "] " + text + "\r\n";
   Files& files = client.platform.files;
-  bool start_anew = true;
-  PassOverFault([&] { start_anew = files.Size(kErrorLog) >= kSizeLimit; });
+  bool start_anew = false;
+  try {
+    start_anew = files.Size(kErrorLog) >= kSizeLimit;
+  } catch (const Fault& fault) {
+    start_anew = fault.number == fault::kFileNotFound;
+  }
   PassOverFault([&] {
     if (start_anew)
       files.Replace(kErrorLog, entry);

@@ -12,7 +12,8 @@ void EndFrame(Client& client, int tab);
 // The tick of Timer3, which runs only in silence: after two of them the tab connects again.
 void Timer3_Timer(Client& client, int tab);
 
-// The ticks of Timer6 and Timer26: lines that arrived earlier get no reaction and raise no notice.
+// The ticks of Timer6 and Timer26: lines that arrived earlier get no reaction and raise no
+// balloon.
 void Timer6_Timer(Client& client, int tab);
 void Timer26_Timer(Client& client, int tab);
 

@@ -1,9 +1,8 @@
 #include "session/frame_stream.h"
 
-#include <array>
-
 #include "session/fault_trap.h"
 #include "session/frame_style.h"
+#include "session/http_answer.h"
 #include "session/personal_notice.h"
 #include "session/status.h"
 #include "text/cut.h"
@@ -14,15 +13,6 @@ namespace {
 constexpr std::string_view kInCacheMessages = ". Function: CacheMessages";
 constexpr std::string_view kEjectLine = W<"<hr>----- Аварийное катапультирование ----<hr>">;
 constexpr std::string_view kScriptEnd = "</script>";
-
-// Cuts the header of a good answer but for its very last LF, so the body begins with a LF. A chunk
-// with the status line and no blank line stays whole.
-Text WithoutHeader(const Text& data) {
-  if (!data.starts_with("HTTP/1.0 200") && !data.starts_with("HTTP/1.1 200")) return data;
-  Position blank_line = InStr(data, "\r\n\r\n");
-  if (blank_line == 0) blank_line = InStr(data, "\n\n") - 2;
-  return Mid(data, blank_line + 3);
-}
 
 Text DecodeEntities(std::string_view piece) {
   if (piece.find('&') == std::string_view::npos) return Text(piece);

@@ -4,6 +4,7 @@
 
 #include "session/error_log.h"
 #include "session/fault_trap.h"
+#include "session/http_answer.h"
 #include "session/http_request.h"
 #include "session/personal_notice.h"
 #include "session/status.h"
@@ -12,7 +13,6 @@
 namespace parlorwire {
 namespace {
 
-constexpr std::string_view kRobotsMark = W<"этот стиль (номер 9) предназначен для роботов">;
 constexpr std::string_view kSelectionPage =
     "\n<html>\n<head>\n<title>select/create channel</title>";
 constexpr std::string_view kSelectionPageWithCharset =
@@ -32,6 +32,12 @@ constexpr std::array<StyleMark, 5> kStyleMarks = {{
     {"<font size=-1 color=\"#cfcfff", W<"Проверка установленного стиля... s0 или s1.">},
 }};
 
+// A call upward, whose fault must not keep the rest of the check from running.
+template <class Call>
+void CallUp(Client& client, Call&& call) {
+  GoOnAfterFault(client, ". Function: CacheMessages", call);
+}
+
 bool IsSelectionPage(std::string_view data) {
   return StartsWithNoCase(data, kSelectionPage) ||
          StartsWithNoCase(data, kSelectionPageWithCharset);
@@ -43,8 +49,10 @@ bool StartsWithRobotsMark(std::string_view data) {
 
 void Balloon(Client& client, const Text& text, int tab) {
   const TabSession& session = client.tab(tab);
-  client.hooks.ShowBalloon(
-      {}, text + "\r\nНик: "_w + session.Login + "\r\nКанал: "_w + session.Channel, kInfoBalloon);
+  CallUp(client, [&] {
+    client.hooks.ShowBalloon(
+        {}, text + "\r\nНик: "_w + session.Login + "\r\nКанал: "_w + session.Channel, kInfoBalloon);
+  });
 }
 
 void EnterChannel(Client& client, int tab) {
@@ -52,7 +60,7 @@ void EnterChannel(Client& client, int tab) {
   Desktop& desktop = client.platform.desktop;
   StatusOk(client, tab);
   StatusOut(client, "Проверка установленного стиля... s9."_w, tab);
-  client.hooks.UpdateUsersFrame(tab);
+  CallUp(client, [&] { client.hooks.UpdateUsersFrame(tab); });
   desktop.SetTabControlsEnabled(tab, true);
   session.EverConnected = true;
   session.Connected = true;
@@ -64,7 +72,7 @@ void EnterChannel(Client& client, int tab) {
 void RepairStyle(Client& client, int tab) {
   StatusOut(client, "Установка стиля s9..."_w, tab);
   client.tab(tab).Timer3->Enabled(false);
-  client.hooks.SayBot("/set s 9", tab);
+  CallUp(client, [&] { client.hooks.SayBot("/set s 9", tab); });
 }
 
 // The throw-away channel on which the style can be set.
@@ -96,7 +104,7 @@ void RepairFrameOfChannel(Client& client, const Text& data, int tab) {
     StatusOut(client, "Обнаружен недопустимый флаг +R. Установка -R..."_w, tab);
     session.FixingFlagR = true;
     session.Timer3->Enabled(false);
-    client.hooks.SayBot("/mo -R", tab);
+    CallUp(client, [&] { client.hooks.SayBot("/mo -R", tab); });
     return;
   }
   for (const auto& [mark, status] : kStyleMarks) {

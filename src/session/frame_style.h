@@ -11,7 +11,7 @@ namespace parlorwire {
 
 enum class FrameStyle {
   kRobots,  // style 9: the tab is on the channel now
-  kOther,   // the rest of the connection is to be ignored; what mends it has been started
+  kOther,   // the rest of the connection is to be ignored; a repair may have been started
 };
 
 // Decides on the first chunk that holds a whole line, with the carry in front and the header cut.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "session/pane_selection.h"
 #include "session/personal_notice.h"
 #include "text/cut.h"
 
@@ -25,7 +26,7 @@ void MarkPersonalNotice(Client& client, int tab) {
   RichTextBox& rich = client.tab(tab).Rich;
   const PanePosition end = rich.Length() - kLineBreak;
   const Text last_line = rich.TextBetween(rich.LineByIndex(rich.LineAt(end)).start, end);
-  rich.ExSetSel(end - (Len(last_line) - InStrRev(last_line, " ")), end);
+  SelectPaneEnd(client, end - (Len(last_line) - InStrRev(last_line, " ")), end, tab);
   rich.SelFormat(StatusFace(client.app.rFontStatus));
   rich.SelUnderline(true);
 
@@ -44,7 +45,7 @@ void StatusOut(Client& client, const Text& text, StatusMode mode, int tab) {
   const Text& channel = client.tab(tab).Channel;
 
   rich.SetRedraw(false);
-  rich.SelStart(rich.Length());
+  SelectPaneEnd(client, rich.Length(), rich.Length(), tab);
   rich.SelFormat(StatusFace(client.app.rFontStatus));
 
   Text line;
@@ -57,7 +58,8 @@ void StatusOut(Client& client, const Text& text, StatusMode mode, int tab) {
       client.hooks.LogChatLine("\r\n", channel);
     }
   } else {
-    rich.ExSetSel(std::max<PanePosition>(rich.Length() - kLineBreak, 0), rich.Length());
+    SelectPaneEnd(client, std::max<PanePosition>(rich.Length() - kLineBreak, 0), rich.Length(),
+                  tab);
     line =
         mode == StatusMode::kOk ? " Ok." : RussianOrElse(client, " Ошибка: "_w, " Failed: ") + text;
     client.hooks.LogChatLine(line + "\r\n", channel);

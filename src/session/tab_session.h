@@ -26,8 +26,8 @@ struct TabSession {
   Text Ticket;  // from the login answer; kept until the next answer replaces it
 
   // ---- state of the connection ----
-  // ConnectToChat resets all of them but EverConnected, EjectSeen, FixingFlagR and
-  // ClearPanesOnConnect.
+  // ConnectToChat resets all of them but EverConnected, EjectSeen and FixingFlagR, and sets
+  // Connecting.
   bool Connecting = false;          // a connect sequence runs
   bool Authorized = false;          // the answer gave a ticket; Winsock1 carries the frame
   bool Connected = false;           // the frame is in the robots' style and is being read
@@ -70,7 +70,13 @@ struct TabSession {
 
   // ---- bot ----
   std::vector<Text> BotQueue{Text()};  // element 0 stays empty
-  std::int16_t JoinSlot = 0;           // the slot of the latest join highlight
+  // The highlights of nicks that have just joined, by slot; slot 0 is never used. The lists of all
+  // tabs have one size.
+  std::int16_t JoinSlot = 0;                  // of the latest highlight
+  std::vector<Text> JoinNick{Text()};         // "" when free
+  std::vector<bool> JoinWaitsForList{false};  // for the next drawn user line
+  std::vector<std::int16_t> JoinOffset{0};    // characters covered in the present sweep
+  std::vector<std::int16_t> JoinSweeps{0};    // finished sweeps; 5 end the highlight
   bool SayReportOnTab = true;
   bool SayReportInChat = true;
 

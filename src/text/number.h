@@ -19,7 +19,7 @@ double ToDouble(std::string_view text);
 // "True" and "False" in any case; a number is true unless it is zero. Anything else: Fault 13.
 bool ToBoolean(std::string_view text);
 
-// Hexadecimal digits in either case. Empty, or any other character: Fault 13. More than 8: Fault 6.
+// Hexadecimal digits in either case. Empty, or any other character: Fault 13. Too large: Fault 6.
 std::uint32_t FromHex(std::string_view digits);
 
 // The number in decimal, with at most seven significant digits.

@@ -4,6 +4,7 @@
 
 #include "display/pane_output.h"
 #include "session/fault_trap.h"
+#include "session/http_answer.h"
 #include "session/http_request.h"
 #include "session/personal_notice.h"
 #include "session/proxy_dialog.h"
@@ -15,7 +16,6 @@
 namespace parlorwire {
 namespace {
 
-constexpr std::string_view kChannelListMark = W<"этот стиль (номер 9) предназначен для роботов">;
 constexpr std::string_view kBlankLines = "\r\n\r\n";
 
 void AppendNote(Client& client, const Text& russian, const Text& english, int tab) {
@@ -28,18 +28,9 @@ void AppendNote(Client& client, const Text& russian, const Text& english, int ta
   WriteAtUsersPaneEnd(client, Text(kBlankLines) + note, format, tab);
 }
 
-// The answer behind its header; the last LF of the blank line stays. Only the header of a success
-// is known as one.
-Text WithoutHeader(Text answer) {
-  if (!answer.starts_with("HTTP/1.0 200") && !answer.starts_with("HTTP/1.1 200")) return answer;
-  Position end = InStr(answer, "\r\n\r\n");
-  if (end == 0) end = InStr(answer, "\n\n") - 2;
-  return Mid(answer, end + 3);
-}
-
 bool IsChannelListPage(std::string_view answer) {
-  const Text start = DecodeKoi(Text(answer.substr(0, kChannelListMark.size())));
-  return LCase(start) == kChannelListMark;
+  const Text start = DecodeKoi(Text(answer.substr(0, kRobotsMark.size())));
+  return LCase(start) == kRobotsMark;
 }
 
 // A script in this frame would open the page of a personal message in a browser.

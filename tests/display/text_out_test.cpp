@@ -219,7 +219,7 @@ TEST_F(TextOutTest, ANickWithinTheLastCommentHasNoFlags) {
 TEST_F(TextOutTest, TheOwnNickIsNeverColouredByFlags) {
   session.UsersText.Append("Me", "10.0.0.1", "[+o]", "");
   Out("Me:", "hello", kMessage);
-  EXPECT_EQ(Runs().at(2 - 0), "Me:|Main 12 111111 b u");
+  EXPECT_EQ(Runs().at(2), "Me:|Main 12 111111 b u");
 }
 
 TEST_F(TextOutTest, ANewNickGetsATextColourThatStays) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/chat.h"
+#include "support/scripted_view.h"
 #include "text/fault.h"
 
 namespace parlorwire {
@@ -86,6 +87,19 @@ TEST_F(ChannelList, AKeyInsideAValueMatchesToo) {
 TEST_F(ChannelList, APageWithoutKeysShowsAnEmptyList) {
   EXPECT_EQ(Shown("nothing here\n"), Runs{});
   EXPECT_EQ(chat.Pane(), "\r\n");
+}
+
+TEST_F(ChannelList, ScrollsToTheBottomOnlyIfItWasThereAndLetsEventsRunAtEachRecord) {
+  ScriptedView view;
+  chat.tab().Rich.Attach(&view);
+  view.bar = {0, 100, 20, 10};
+  Shown("user: a\nuser: b\n");
+  EXPECT_TRUE(view.scrolls.empty());
+  EXPECT_EQ(chat.platform.desktop.yields, 2);
+  view.bar = {0, 100, 20, 80};
+  Shown("user: a\nuser: b\n");
+  EXPECT_EQ(view.scrolls, (std::vector<PaneScroll>{PaneScroll::kBottom, PaneScroll::kBottom}));
+  chat.tab().Rich.Attach(nullptr);
 }
 
 TEST_F(ChannelList, ARefusedChannelHasARedHeading) {

@@ -107,6 +107,9 @@ TEST_F(FrameEnd, APendingLogoffLeaveOrTabCloseEndsTheSession) {
 TEST_F(FrameEnd, ALogoffStopsTheReconnectsOfAllTabsOfTheNick) {
   chat.EnterChannel();
   EnterSecondTab("ALICE");
+  chat.Deliver("<script>\n</script>\n", 1);
+  chat.platform.time.Advance(300);
+  EXPECT_TRUE(desktop.at(1).pers_red);
   LogoffChat(chat.client, 0);
   EXPECT_EQ(chat.tab().LogoffNick, "alice");
   const int connects = Connects(1);
@@ -114,6 +117,8 @@ TEST_F(FrameEnd, ALogoffStopsTheReconnectsOfAllTabsOfTheNick) {
   chat.Winsock1(1).PeerCloses();
   EXPECT_EQ(LastLine(1), "[12:00:00] Вы вышли из чата\r\n"_w);
   EXPECT_EQ(Connects(1), connects);
+  EXPECT_FALSE(chat.tab(1).Timer2->Enabled());
+  EXPECT_FALSE(desktop.at(1).pers_red);
 }
 
 TEST_F(FrameEnd, ALogoffLeavesTheTabsOfOtherNicksAlone) {
@@ -210,11 +215,36 @@ TEST_F(FrameEnd, LeaveShowsTheListOfItsAnswer) {
   chat.Winsock1().PeerCloses();
   EXPECT_FALSE(chat.tab().Connecting);
   chat.Winsock5().Deliver(Koi("HTTP/1.0 200 OK\r\n\r\nchannel: кафе\n"_w));
+  desktop.at(0).users_num = "1/2";
+  desktop.close_tab_enabled = false;
   chat.Winsock5().PeerCloses();
+  EXPECT_TRUE(desktop.close_tab_enabled);
+  EXPECT_EQ(chat.tab().LogoffNick, "");
   EXPECT_TRUE(chat.Pane().ends_with("\r\n\r\nКанал: кафе\r\n\r\n"_w));
   EXPECT_TRUE(chat.tab().IsChannelList);
   EXPECT_EQ(desktop.at(0).caption, "Список каналов"_w);
   EXPECT_EQ(desktop.at(0).users_num, "");
+}
+
+TEST_F(FrameEnd, TheTicketGoesRawInBothRequests) {
+  chat.EnterChannel();
+  chat.tab().Ticket = "1+2";
+  LogoffChat(chat.client, 0);
+  chat.Winsock5().Accept();
+  EXPECT_TRUE(chat.Winsock5().sent.ends_with("&ticket=1+2"));
+  LeaveChannel(chat.client, 0);
+  chat.Winsock5().Accept();
+  EXPECT_TRUE(chat.Winsock5().sent.ends_with("&ticket=1+2&channel=lobby"));
+}
+
+TEST_F(FrameEnd, TheListOfALeaveInEnglish) {
+  English();
+  chat.EnterChannel();
+  LeaveChannel(chat.client, 0);
+  chat.Winsock5().Accept();
+  chat.Winsock5().Deliver("user: bob\n");
+  chat.Winsock5().PeerCloses();
+  EXPECT_EQ(desktop.at(0).caption, "Channel list");
 }
 
 TEST_F(FrameEnd, AnEmptyAnswerOnWinsock5DoesNothingAtAll) {

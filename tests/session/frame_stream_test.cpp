@@ -91,7 +91,7 @@ TEST_F(Frame, AChunkWithTheStatusLineButNoBlankLineEndsInTheUnknownStyle) {
   chat.OpenFrame();
   chat.Deliver("HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n");
   EXPECT_TRUE(chat.tab().IgnoreStream);
-  EXPECT_NE(StatusLines().find("s N/A."), 0U);
+  EXPECT_NE(StatusLines().find("Проверка установленного стиля... N/A."_w), Text::npos);
   EXPECT_EQ(chat.ErrorLog(),
             "[21.11.2026 12:00:00] Error: Unknown style or server ansver. Debug info:\r\n"
             "_!_HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n");
@@ -359,6 +359,33 @@ TEST_F(Frame, BothFormsOfTheSelectionPageRefuseAChannel) {
     EXPECT_EQ(chat.tab().Channel, "33333333");
     EXPECT_EQ(said, Lines{"/set s 9"});
   }
+}
+
+TEST_F(Frame, TheRobotsMarkCountsOnlyAfterTheMarkersOfTheStyles) {
+  chat.OpenFrame();
+  chat.Deliver(FirstChunk(
+      "этот стиль (номер 9) предназначен для роботов <FONT color=\"#b0b0b0\">\n"_w));
+  EXPECT_FALSE(chat.tab().IsChannelList);
+  EXPECT_EQ(said, Lines{"/set s 9"});
+}
+
+TEST_F(Frame, PreInCapitalsIsNotTheRobotsStyle) {
+  chat.OpenFrame();
+  chat.Deliver(FirstChunk("<PRE>\n"));
+  EXPECT_FALSE(chat.tab().Connected);
+}
+
+TEST_F(Frame, AFaultInACallUpwardDoesNotKeepTheTabOffTheChannel) {
+  chat.client.hooks.UpdateUsersFrame = [](int) { throw Fault(fault::kInvalidCall); };
+  chat.client.hooks.ShowBalloon = [](const Text&, const Text&, int) {
+    throw Fault(fault::kInvalidCall);
+  };
+  chat.EnterChannel();
+  EXPECT_TRUE(chat.tab().Connected);
+  EXPECT_EQ(chat.platform.desktop.at(0).caption, "lobby - alice");
+  const Text entry =
+      "[21.11.2026 12:00:00] Error 5 Invalid procedure call or argument. Function: CacheMessages\r\n";
+  EXPECT_EQ(chat.ErrorLog(), entry + entry);
 }
 
 // ---- the list was wanted ----

@@ -5,6 +5,7 @@
 #include "session/error_log.h"
 #include "session/personal_notice.h"
 #include "support/chat.h"
+#include "text/fault.h"
 
 namespace parlorwire {
 namespace {
@@ -131,6 +132,24 @@ TEST_F(Status, AnotherTextCallsNobody) {
   EXPECT_TRUE(balloons.empty());
 }
 
+TEST_F(Status, TheReadersSelectionIsLeftToTheReader) {
+  rich.HideSelection(false);
+  NoticePersonalMessage(chat.client, 0);
+  EXPECT_TRUE(rich.HideSelection());  // what is selected for the link is not shown as selected
+  rich.HideSelection(false);
+  chat.client.app.MouseSelecting = true;
+  StatusOut(chat.client, "x", 0);
+  EXPECT_FALSE(rich.HideSelection());
+}
+
+TEST_F(Status, AVerdictTakesTheFormatOfTheLineEndThatItReplaces) {
+  rich.SelColor(0xFF);
+  rich.ReplaceSel("red\r\n");
+  StatusOk(chat.client, 0);
+  EXPECT_EQ(rich.Runs().size(), 1U);
+  EXPECT_EQ(rich.Runs()[0].format.colour, 0xFFU);
+}
+
 TEST_F(Status, TheNoticeIsSaidOnceHoweverOftenTheSignalComes) {
   NoticePersonalMessage(chat.client, 0);
   NoticePersonalMessage(chat.client, 0);
@@ -207,6 +226,19 @@ TEST_F(ErrorLog, AFileOf50999BytesIsAppendedToAndOneOf51000IsStartedAnew) {
   file() = Text(51000, 'x');
   WriteErrorLog(chat.client, "a");
   EXPECT_EQ(file(), "[21.11.2026 12:00:00] a\r\n");
+}
+
+TEST_F(ErrorLog, ASizeThatCannotBeReadDoesNotEmptyTheFile) {
+  struct Sizeless : SimulatedFiles {
+    std::int64_t Size(const Text&) const override { throw Fault(fault::kPermissionDenied); }
+  };
+  Sizeless files;
+  files.files["error.log"] = "old\r\n";
+  Platform ports = chat.platform.Ports();
+  Client other({files, ports.clock, ports.random, ports.clipboard, ports.desktop,
+                ports.NewWinsock, ports.NewTimer});
+  WriteErrorLog(other, "a");
+  EXPECT_EQ(files.files["error.log"], "old\r\n[21.11.2026 12:00:00] a\r\n");
 }
 
 TEST_F(ErrorLog, AFailureOfTheFileLosesTheEntryAndNothingElse) {

@@ -45,6 +45,22 @@ TEST(Charset, TheOddEntriesOfThePermutation) {
   EXPECT_EQ(DecodeKoi("\xBF"), "\xBD");  // not the copyright sign that KOI8-R has there
 }
 
+TEST(Charset, TheBytesFrom0x80To0xBFAreThisPermutation) {
+  const Text wire =
+      "\x90\x91\x92\x81\x87\xB2\xB4\xA7\xA6\xB5\xA1\xA8\xAE\xAD\xAC\x83"
+      "\x84\x89\x88\x86\x80\x8A\xAF\xB0\xAB\xA5\xBB\xB8\xB1\x20\xBE\xB9"
+      "?\xB6\xB7\xAA\xA9\xA2\xA4\xBD\xB3\x85\x82\x8D\x8C\x8E\x8F\x8B"
+      "\x99\x98\x93\x9B\x9F\x97\x9C\x9E\xA3\x96\x9A\x9D\x94\xBF\xBC\x95";
+  ASSERT_EQ(wire.size(), 64U);
+  for (std::size_t i = 0; i < wire.size(); ++i) {
+    const Text memory(1, static_cast<char>(0x80 + i));
+    EXPECT_EQ(ToWire(memory), wire.substr(i, 1)) << i;
+    if (wire[i] < 0) {
+      EXPECT_EQ(DecodeKoi(wire.substr(i, 1)), memory) << i;
+    }
+  }
+}
+
 TEST(Charset, AllOtherHighBytesMakeTheRoundTrip) {
   std::set<char> wire;
   for (int byte = 0x80; byte < 0x100; ++byte) {
