@@ -1,7 +1,9 @@
 #include "shell/qt/font_and_color.h"
 
 #include <QColorDialog>
+#include <QFontDatabase>
 #include <QFontDialog>
+#include <QFontInfo>
 #include <algorithm>
 
 #include "platform/qt/text_conversion.h"
@@ -12,15 +14,30 @@ namespace {
 
 constexpr int kLargestSize = 512;  // points
 
+// The dialog knows a style by the font's own name for it, and in Russian finds no other. In place
+// of a family that the system lacks it shows the one that the panes are painted with.
+QFont ToolkitFont(const ChosenFont& font) {
+  QString family = ToQString(font.Name);
+  if (!QFontDatabase::hasFamily(family)) family = QFontInfo(QFont(family)).family();
+  QFont result(family, std::clamp(font.Size, 1, kLargestSize));
+  result.setBold(font.Bold);
+  result.setItalic(font.Italic);
+  QString best;
+  for (const QString& style : QFontDatabase::styles(family)) {
+    const QFont styled = QFontDatabase::font(family, style, result.pointSize());
+    if (styled.weight() != result.weight()) continue;
+    if ((styled.style() != QFont::StyleNormal) != font.Italic) continue;
+    // The shorter name is the plainer style: "Bold", not "Condensed Bold".
+    if (best.isEmpty() || style.size() < best.size()) best = style;
+  }
+  if (!best.isEmpty()) result.setStyleName(best);
+  return result;
+}
+
 }  // namespace
 
 std::optional<ChosenFont> ChooseFontDialog(const ChosenFont& font, QWidget* owner) {
-  QFont start(ToQString(font.Name), std::clamp(font.Size, 1, kLargestSize));
-  start.setBold(font.Bold);
-  start.setItalic(font.Italic);
-  QFontDialog dialog(start, owner);
-  // A new family takes its first style; the style asked for comes with the second call.
-  dialog.setCurrentFont(start);
+  QFontDialog dialog(ToolkitFont(font), owner);
   NameControl(&dialog, "font_dialog");
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   const QFont chosen = dialog.selectedFont();
