@@ -22,10 +22,11 @@ int main(int argc, char** argv) {
   Assemble(client);
 
   client_main window(client, desktop);
+  window.Load();
+  // Not before the settings are read: leaving writes them back.
   LeaveOnSignal leave([&window] { window.close(); });
   QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
                    [&window] { window.close(); });
-  window.Load();
   window.ShowAfterSplash();
   return QApplication::exec();
 }

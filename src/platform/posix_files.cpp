@@ -110,15 +110,6 @@ void WriteBeside(const Path& path, const Path& beside, const Text& content) {
   file.Close();
 }
 
-// Makes a change of the folder's entries last. The change itself has been made already, so a file
-// system that can't do this is no failure.
-void SyncFolder(const Path& folder) {
-  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  fsync(descriptor);
-  close(descriptor);
-}
-
 }  // namespace
 
 Path PosixFiles::PathOf(const Text& name) const {
@@ -170,7 +161,6 @@ void PosixFiles::Replace(const Text& name, const Text& content) {
     unlink(beside.c_str());
     throw;
   }
-  SyncFolder(path.parent_path());
 }
 
 void PosixFiles::WriteAt(const Text& name, std::int64_t at, const Text& bytes) {

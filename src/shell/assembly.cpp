@@ -1,12 +1,10 @@
 #include "shell/assembly.h"
 
-#include <exception>
-
 #include "bot/bot_queue.h"
 #include "display/chat_log.h"
 #include "display/parse_chat_line.h"
 #include "session/connect.h"
-#include "session/fault_trap.h"
+#include "session/event_entry.h"
 #include "session/frame_end.h"
 #include "session/leaving.h"
 #include "users/posting.h"
@@ -14,19 +12,6 @@
 
 namespace parlorwire {
 namespace {
-
-// The entry of an event: what escapes its procedure is logged, and the event loop goes on.
-template <class Call>
-void EnterEvent(Client& client, const char* name, Call&& call) {
-  const Text suffix = Text(". Function: ") + name;
-  try {
-    call();
-  } catch (const Fault& fault) {
-    LogFault(client, fault, suffix);
-  } catch (const std::exception& failure) {  // of the language's library
-    LogFault(client, Fault(fault::kInternal, failure.what()), suffix);
-  }
-}
 
 void FillHooks(Client& client) {
   Hooks& hooks = client.hooks;
@@ -43,7 +28,7 @@ void WireEvents(Client& client, int tab) {
   // An event becomes a call of procedure(client, tab, the event's own arguments).
   const auto event = [&client, tab](const char* name, auto procedure) {
     return [&client, tab, name, procedure](const auto&... arguments) {
-      EnterEvent(client, name, [&] { procedure(client, tab, arguments...); });
+      OnEvent(client, name, [&] { procedure(client, tab, arguments...); });
     };
   };
   const auto winsock4_error = [](Client& c, int t, int number, const Text&) {

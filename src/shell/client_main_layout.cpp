@@ -6,7 +6,6 @@ namespace {
 constexpr int kEdge = 120;  // ahead of SSTab and behind it
 constexpr int kSSTabTop = 600;
 constexpr int kInputRows = 1155;  // under SSTab
-constexpr int kPaneMargin = 45;   // between the page's edge and the panes
 constexpr int kRowGap = 140;
 constexpr int kFirstRowHeight = 285;
 constexpr int kSecondRowHeight = 390;
@@ -36,8 +35,8 @@ ClientMainPlaces LayOutClientMain(const ClientMainMeasures& measures) {
              static_cast<int>(at.SSTab.width * at.split_percent / 100),
              page_height - kServerHeight};
   at.Rich_Server = {at.Rich.left, at.Rich.Bottom(), at.Rich.width, kServerHeight};
-  at.line_razdel = {at.Rich.Right() + 15, at.Rich.top, kRazdelWidth, page_height};
-  const int users_left = at.line_razdel.Right() + 15;
+  at.line_razdel = {at.Rich.Right() + kRazdelGap, at.Rich.top, kRazdelWidth, page_height};
+  const int users_left = at.line_razdel.Right() + kRazdelGap;
   const int users_width = at.SSTab.Right() - kPaneMargin - users_left;
   at.frame_button_update = {users_left, page_top, users_width, kFrameButtonHeight};
   at.Rich_Users = {users_left, page_top + kFrameButtonHeight, users_width,

@@ -20,6 +20,10 @@ struct Place {
   bool operator==(const Place&) const = default;
 };
 
+// Between the edge of SSTab and Rich, and between Rich and line_razdel.
+inline constexpr int kPaneMargin = 45;
+inline constexpr int kRazdelGap = 15;
+
 // What the rules start from.
 struct ClientMainMeasures {
   int width = 0;  // of the client area, without menu and panels

@@ -66,15 +66,38 @@ class ClientMainTest : public QObject {
 
   void TakesTheDefaultSizeInTwips() {
     Windows windows;
-    QCOMPARE(
-        windows.window->size(),
-        QSize(14000 / 15, 8000 / 15).boundedTo(QGuiApplication::primaryScreen()->virtualSize()));
+    QCOMPARE(windows.window->size(), QSize(14000 / 15, 8000 / 15));
   }
 
   void TakesItsPlaceFromTheFile() {
     Windows windows("[Main]\r\nHeight=6000\r\nWidth=9000\r\nTop=300\r\nLeft=450\r\n");
     QCOMPARE(windows.window->size(), QSize(600, 400));
     QCOMPARE(windows.window->pos(), QPoint(30, 20));
+  }
+
+  void ASizeBeyondTheScreenIsTakenAsItIs() {
+    Windows windows("[Main]\r\nHeight=18000\r\nWidth=30000\r\n");
+    QCOMPARE(windows.window->size(), QSize(2000, 1200));
+  }
+
+  void TheTabsHaveTheirColour() {
+    Windows windows;
+    for (int tab = 0; tab < kTabCount; ++tab)
+      QCOMPARE(windows.window->controls.SSTab->tabTextColor(tab), QColor(0, 60, 116));
+  }
+
+  void TheGroundAboveTheUserListIsThatOfThePanes() {
+    Windows windows("[Fonts]\r\nrFontStatus.BackColor=8388608\r\n");
+    for (const TabControls& tab : windows.window->controls.tabs)
+      QCOMPARE(tab.frame_button_update->palette().color(QPalette::Window), QColor(0, 0, 128));
+  }
+
+  void NumbersAreReadOutByScreenReaders() {
+    Windows windows;
+    windows.desktop.SetUsersNumCaption(0, "Пользователей: 1/5"_w);
+    QCOMPARE(windows.Find<QLabel>("users_num_0")->accessibleName(),
+             ToQString("Пользователей: 1/5"_w));
+    QCOMPARE(windows.Find<QLabel>("panel_2")->accessibleName(), ToQString("Табы: 0/10"_w));
   }
 
   void TakesAnyNumberForItsPlace_data() {
@@ -88,7 +111,7 @@ class ClientMainTest : public QObject {
     Windows windows("[Main]\r\nHeight=" + text + "\r\nWidth=" + text + "\r\nTop=" + text +
                     "\r\nLeft=" + text + "\r\n");
     QVERIFY(windows.window->isVisible());
-    QVERIFY(windows.window->width() <= QGuiApplication::primaryScreen()->virtualSize().width());
+    QVERIFY(windows.window->width() <= 8000 && windows.window->height() <= 8000);
   }
 
   void TheSplashGoesWithTheFirstActivation() {

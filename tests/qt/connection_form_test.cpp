@@ -1,4 +1,5 @@
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -293,6 +294,24 @@ class ConnectionFormTest : public QObject {
     Dialog dialog(kTwoLogins);
     QCOMPARE(dialog.Field("pass")->echoMode(), QLineEdit::Password);
     QCOMPARE(dialog.Field("channel_pwd_input")->echoMode(), QLineEdit::Password);
+  }
+
+  void PastingSeveralLinesKeepsTheFirstInEveryField_data() {
+    QTest::addColumn<QString>("field");
+    for (const char* field : {"login", "pass", "room", "channel_pwd_input"})
+      QTest::newRow(field) << field;
+  }
+  void PastingSeveralLinesKeepsTheFirstInEveryField() {
+    QFETCH(QString, field);
+    Dialog dialog("");
+    QApplication::clipboard()->setText("Bob\r\nLogins=50");
+    QLineEdit* edit = field == "login" ? dialog.login()->lineEdit()
+                                       : dialog.windows.Find<QLineEdit>(field.toLatin1());
+    edit->clear();
+    edit->paste();
+    QCOMPARE(edit->text(), QString("Bob"));
+    QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(edit->text(), QString("BobBob"));
   }
 
   void TheBackgroundIsTheDialogs() {

@@ -148,6 +148,9 @@ class MsgBoxTest : public QObject {
     QTest::newRow("in the middle of a word") << "one two" << 5 << "one wo";
     QTest::newRow("right behind a blank") << "one two" << 4 << "one two";
     QTest::newRow("at the start") << "one" << 0 << "one";
+    QTest::newRow("behind a character of two units")
+        << QString::fromUtf8("a😀b c") << 6 << QString::fromUtf8("a😀b ");
+    QTest::newRow("characters of two units go whole") << QString::fromUtf8("x 😀😀") << 6 << "x ";
   }
   void CtrlBackspaceDeletesTheWordAheadOfTheCaret() {
     QFETCH(QString, before);

@@ -153,6 +153,23 @@ class SettConnTest : public QObject {
     QCOMPARE(address->text(), QString("first"));
   }
 
+  void PastingFromTheMenuIntoAFieldKeepsTheFirstLineOnly_data() {
+    QTest::addColumn<QString>("field");
+    for (const char* field : {"proxy_addr", "proxy_login", "proxy_pass"})
+      QTest::newRow(field) << field;
+  }
+  void PastingFromTheMenuIntoAFieldKeepsTheFirstLineOnly() {
+    QFETCH(QString, field);
+    Dialog dialog("[ProxySettings]\r\nUse_proxy=1\r\nAutentification=1\r\n");
+    QApplication::clipboard()->setText("first\nsecond");
+    auto* edit = dialog.Field(field.toLatin1().constData());
+    edit->setText("<>");
+    edit->setCursorPosition(1);
+    edit->paste();  // as the context menu and the middle button do
+    QCOMPARE(edit->text(), QString("<first>"));
+    QCOMPARE(edit->cursorPosition(), 6);
+  }
+
   void EnteringAFieldSelectsItsText_data() {
     QTest::addColumn<QString>("field");
     for (const char* field : {"proxy_addr", "proxy_port", "proxy_login", "proxy_pass"})

@@ -1,4 +1,5 @@
 #include "shell/qt/client_main.h"
+#include "session/event_entry.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -18,7 +19,6 @@
 #include "shell/login_dialog.h"
 #include "shell/qt/connection_form.h"
 #include "shell/qt/control_names.h"
-#include "shell/qt/event_entry.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/ground.h"
 #include "shell/qt/line_razdel.h"
@@ -142,7 +142,6 @@ void client_main::Load() {
   zastavka_ = std::make_unique<zastavka>();
   zastavka_->show();
 
-  const QSize screen = QGuiApplication::primaryScreen()->virtualSize();
   WindowMeasures measures;
   measures.Screen_Width = Twips(QGuiApplication::primaryScreen()->size().width());
   measures.Screen_Height = Twips(QGuiApplication::primaryScreen()->size().height());
@@ -151,10 +150,14 @@ void client_main::Load() {
   const WindowPlace place = LoadStep(client_, measures);
   menu_->ShowChecks();
   ShowPanels(controls, client_);
+  for (int slot = 0; slot < kTabCount; ++slot)
+    PaintFrame(controls.tab(slot), client_.tab(slot).Rich.BackColor());
 
+  // What the file says holds, also on a screen that is smaller; only what no window can have is
+  // cut.
+  constexpr int kLargest = 8000;
   constexpr int kFarthest = 32000;
-  resize(ClampedPixels(place.Width, 1, screen.width()),
-         ClampedPixels(place.Height, 1, screen.height()));
+  resize(ClampedPixels(place.Width, 1, kLargest), ClampedPixels(place.Height, 1, kLargest));
   move(ClampedPixels(place.Left, -kFarthest, kFarthest),
        ClampedPixels(place.Top, -kFarthest, kFarthest));
   QTimer::singleShot(kSplashWithoutFocus, this, [this] { EndSplash(); });
@@ -210,7 +213,8 @@ void client_main::ShowLoginDialog() {
 
 void client_main::MoveSplitter(int slot, int left) {
   const QRect strip = controls.SSTab->geometry();
-  const double percent = (left - strip.left()) * 100.0 / std::max(1, strip.width());
+  const int pane_width = left - strip.left() - Pixels(kPaneMargin + kRazdelGap);
+  const double percent = pane_width * 100.0 / std::max(1, strip.width());
   const double clamped = ClampSplit(Twips(strip.width()), percent);
   client_.tab(slot).TabSplitPercent = NumberText(clamped);
   PlaceControls();

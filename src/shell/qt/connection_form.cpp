@@ -1,4 +1,5 @@
 #include "shell/qt/connection_form.h"
+#include "session/event_entry.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -12,7 +13,7 @@
 
 #include "platform/qt/text_conversion.h"
 #include "shell/qt/control_names.h"
-#include "shell/qt/event_entry.h"
+#include "shell/qt/first_line.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/link_label.h"
 #include "shell/qt/sett_conn.h"
@@ -56,6 +57,7 @@ void connection_form::Build() {
   login_->setEditable(true);
   login_->setInsertPolicy(QComboBox::NoInsert);
   login_->setCompleter(nullptr);
+  login_->setValidator(new FirstLineOnly(login_));
   login_->setMaxVisibleItems(kLongestList);
   login_->setFont(LabelFont());
   login_->setMinimumWidth(210);

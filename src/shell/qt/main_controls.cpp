@@ -145,21 +145,22 @@ void SetMainLanguage(const MainControls& c, bool russian) {
   SayControl(c.SSTab, choose("Табы"_w, "Tabs"));
   SayControl(c.SayUseOp, choose("Говорить операторам"_w, "Say to the operators"));
   c.SayUseOp->setToolTip(c.SayUseOp->accessibleName());
-  SayControl(c.panels[0], choose("Адрес чата"_w, "Address of the chat"));
-  SayControl(c.panels[1], choose("Число табов"_w, "Number of tabs"));
   SayControl(c.ground, choose("Чат"_w, "Chat"));
   c.ground->Hint(choose("Нажмите «Войти в чат», чтобы выбрать ник и канал."_w,
                         "Press \"Log in\" to choose a nickname and a channel."));
 }
 
 void ShowPanels(const MainControls& c, const Client& client) {
-  c.panels[0]->setText(ToQString(client.app.ChatHost + ":" + client.app.ChatPort));
+  const auto show = [](QLabel* panel, const Text& text) {
+    panel->setText(ToQString(text));
+    SayControl(panel, panel->text());  // the toolkit does not read the text
+  };
+  show(c.panels[0], client.app.ChatHost + ":" + client.app.ChatPort);
   int visible = 0;
   for (int slot = 0; slot < kTabCount; ++slot)
     visible += c.SSTab->TabVisible(slot) ? 1 : 0;
   const Text label = client.Russian() ? "Табы: "_w : Text("Tabs: ");
-  c.panels[1]->setText(
-      ToQString(label + std::to_string(visible) + "/" + std::to_string(kTabCount)));
+  show(c.panels[1], label + std::to_string(visible) + "/" + std::to_string(kTabCount));
 }
 
 namespace {

@@ -1,4 +1,5 @@
 #include "shell/qt/main_menu.h"
+#include "session/event_entry.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -11,7 +12,6 @@
 #include "platform/qt/text_conversion.h"
 #include "shell/both_languages.h"
 #include "shell/qt/control_names.h"
-#include "shell/qt/event_entry.h"
 #include "shell/qt/font_and_color.h"
 #include "shell/start_up.h"
 

@@ -83,9 +83,11 @@ void MsgBox::keyPressEvent(QKeyEvent* event) {
 
 void MsgBox::DeleteWord() {
   const int caret = hasSelectedText() ? selectionStart() : cursorPosition();
-  const Text before = FromQString(text());
-  const BoxText after = DeleteWordAhead({before, static_cast<std::size_t>(caret)});
-  setSelection(static_cast<int>(after.caret), static_cast<int>(before.size() - after.text.size()));
+  const QString ahead = text().left(caret);
+  const Text characters = FromQString(ahead);  // one for each, also where the toolkit takes two
+  const auto kept = static_cast<qsizetype>(DeleteWordAhead({characters, characters.size()}).caret);
+  const auto start = QString::fromUcs4(ahead.toStdU32String().data(), kept).size();
+  setSelection(static_cast<int>(start), static_cast<int>(caret - start));
   if (hasSelectedText()) insert(QString());
 }
 

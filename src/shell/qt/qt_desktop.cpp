@@ -124,6 +124,7 @@ void QtDesktop::SetUsersNumCaption(int tab, const Text& caption) {
   if (!window_) return;
   QLabel* label = window_->controls.tab(tab).users_num;
   label->setText(ToQString(caption));
+  if (!caption.empty()) SayControl(label, label->text());  // the toolkit does not read the text
 }
 
 void QtDesktop::SetPersRed(int tab, bool red) {

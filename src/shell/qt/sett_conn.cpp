@@ -1,4 +1,5 @@
 #include "shell/qt/sett_conn.h"
+#include "session/event_entry.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -11,7 +12,6 @@
 #include "platform/qt/text_conversion.h"
 #include "session/proxy_dialog.h"
 #include "shell/qt/control_names.h"
-#include "shell/qt/event_entry.h"
 #include "shell/qt/text_field.h"
 
 namespace parlorwire {

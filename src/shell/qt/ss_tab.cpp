@@ -22,6 +22,7 @@ SSTab::SSTab(QWidget* parent) : QTabBar(parent) {
   settling_ = true;
   for (int tab = 0; tab < kTabCount; ++tab) {
     addTab(QString());
+    setTabTextColor(tab, QColor(kLinkColor));
     setTabVisible(tab, false);
   }
   settling_ = false;

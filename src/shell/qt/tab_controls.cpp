@@ -46,9 +46,6 @@ QLabel* NewUsersNum(QWidget* frame) {
 
 QFrame* NewFrame(QWidget* ground) {
   auto* frame = new QFrame(ground);
-  QPalette palette = frame->palette();
-  palette.setColor(QPalette::Window, Qt::black);
-  frame->setPalette(palette);
   frame->setAutoFillBackground(true);
   return frame;
 }
@@ -110,6 +107,13 @@ void EnableTabControls(const TabControls& c, bool enabled) {
   c.button_say->setEnabled(enabled);
   c.pers->SetWanted(enabled);
   c.button_update->setEnabled(enabled);
+}
+
+void PaintFrame(const TabControls& c, PaneColour ground) {
+  QPalette palette = c.frame_button_update->palette();
+  palette.setColor(QPalette::Window,
+                   QColor(ground & 0xFF, (ground >> 8) & 0xFF, (ground >> 16) & 0xFF));
+  c.frame_button_update->setPalette(palette);
 }
 
 void SetTabLanguage(const TabControls& c, bool russian) {

@@ -7,6 +7,8 @@ class QFrame;
 class QLabel;
 class QWidget;
 
+#include "platform/rich_text_box.h"
+
 namespace parlorwire {
 
 class GraphicButton;
@@ -40,6 +42,9 @@ void ShowTabControls(const TabControls& controls, bool visible);
 
 // What a tab without a connection can't use; `msg` is locked.
 void EnableTabControls(const TabControls& controls, bool enabled);
+
+// The ground of the button and the number above the user list; 0x00BBGGRR.
+void PaintFrame(const TabControls& controls, PaneColour ground);
 
 // The texts and spoken names that have a form in each language.
 void SetTabLanguage(const TabControls& controls, bool russian);

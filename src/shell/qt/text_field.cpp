@@ -1,19 +1,18 @@
 #include "shell/qt/text_field.h"
 
-#include <QClipboard>
 #include <QFocusEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QTimer>
 
 #include "platform/qt/text_conversion.h"
-#include "shell/proxy_form.h"
 #include "shell/qt/control_names.h"
+#include "shell/qt/first_line.h"
 
 namespace parlorwire {
 
 TextField::TextField(QWidget* parent) : QLineEdit(parent) {
   setFont(LabelFont());
+  setValidator(new FirstLineOnly(this));
 }
 
 void TextField::SetLocked(bool locked) {
@@ -27,11 +26,6 @@ void TextField::SetLocked(bool locked) {
 void TextField::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     if (Enter) Enter();
-    return;
-  }
-  if (event->matches(QKeySequence::Paste)) {
-    const Text first = FirstLine(FromQString(QGuiApplication::clipboard()->text()));
-    if (!isReadOnly()) insert(ToQString(first));
     return;
   }
   const QString typed = event->text();

@@ -6,8 +6,8 @@
 
 namespace parlorwire {
 
-// Selects its whole text when it gets the focus. Ctrl+V inserts the first line of the clipboard's
-// text only. A locked field is read-only and shown so.
+// Selects its whole text when it gets the focus. Of a pasted text it takes the first
+// line. A locked field is read-only and shown so.
 class TextField : public QLineEdit {
   Q_OBJECT
 
