@@ -21,10 +21,12 @@ class LinksAndButtonsTest : public QObject {
 
  private slots:
   void initTestCase() {
-    for (const char* scheme : kSchemes) QDesktopServices::setUrlHandler(scheme, this, "Open");
+    for (const char* scheme : kSchemes)
+      QDesktopServices::setUrlHandler(scheme, this, "Open");
   }
   void cleanupTestCase() {
-    for (const char* scheme : kSchemes) QDesktopServices::unsetUrlHandler(scheme);
+    for (const char* scheme : kSchemes)
+      QDesktopServices::unsetUrlHandler(scheme);
   }
   void init() { opened_.clear(); }
 
