@@ -8,7 +8,13 @@ need_packages() {
   [ ${#missing[@]} -eq 0 ] && return 0
   echo "installing: ${missing[*]}"
   local root=()
-  [ "$(id -u)" -eq 0 ] || root=(sudo)
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo > /dev/null; then
+      echo "no sudo here; as root: apt-get install ${missing[*]}" >&2
+      return 1
+    fi
+    root=(sudo)
+  fi
   "${root[@]}" apt-get update -qq
   "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
     apt-get install -y -qq --no-install-recommends "${missing[@]}" > /dev/null
@@ -20,4 +26,4 @@ BUILD_PACKAGES=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev qt6-transl
 SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils x11-xkb-utils xclip maim dbus-daemon at-spi2-core
                  python3-gi gir1.2-atspi-2.0)
 TEST_PACKAGES=(libgtest-dev libgmock-dev clang-19 clang-tidy-19 clang-format-19 libclang-rt-19-dev
-               iproute2 procps)
+               iproute2 procps git)

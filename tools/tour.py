@@ -2,7 +2,6 @@
 and a keyboard would, and takes a picture at each stop."""
 
 import os
-import signal
 import subprocess
 import sys
 import time
@@ -36,14 +35,39 @@ def below(control):
             yield from below(child)
 
 
+SETTINGS = """[Main]\r
+ChatHostByName=localhost\r
+ChatPort={port}\r
+Logins=1\r
+Login0=newcomer\r
+Passw0=welcome\r
+Channel0=Гостиная\r
+"""
+
+
 class Tour:
-    def __init__(self, program, service, service_pid, port, folder):
-        self.service, self.service_pid, self.port = service, int(service_pid), port
+    def __init__(self, program, service, folder):
+        self.service = service
         self.folder = folder
         self.pictures = 0
-        os.makedirs(folder, exist_ok=True)
+        self.port = 0
+        self.start_service()
+        config = os.path.join(os.path.dirname(program), "config.ini")
+        with open(config, "w", encoding="cp1251", newline="") as file:
+            file.write(SETTINGS.format(port=self.port))
         self.client = subprocess.Popen([program])
         Atspi.init()
+
+    def start_service(self):
+        """On the port of the last time, or on a free one at first."""
+        self.chat = subprocess.Popen(
+            [self.service, "--port", str(self.port)], stdout=subprocess.PIPE, text=True
+        )
+        self.port = int(self.chat.stdout.readline().rsplit(":", 1)[1])
+
+    def stop_service(self):
+        self.chat.terminate()
+        self.chat.wait()
 
     # ---- hands and eyes ----
 
@@ -146,39 +170,34 @@ class Tour:
         self.picture("history")
         self.keys("ctrl+a", "BackSpace")
 
-        os.kill(self.service_pid, signal.SIGTERM)
+        self.stop_service()
         self.wait_for_line("Ошибка")
         self.picture("service-gone")
-        restarted = subprocess.Popen([self.service, "--port", self.port], stdout=subprocess.DEVNULL)
-        try:
-            checked = "Проверка установленного стиля... s9."
-            wait_for("the reconnect", lambda: self.text("Rich_0").count(checked) > 1)
-            self.picture("reconnected", settle=3)
+        self.start_service()
+        checked = "Проверка установленного стиля... s9."
+        wait_for("the reconnect", lambda: self.text("Rich_0").count(checked) > 1)
+        self.picture("reconnected", settle=3)
 
-            self.menu("Настройки", "Язык", "English")
-            self.picture("english")
-            self.press("button_connect_main")
-            self.control("connection_form")
-            self.picture("login-english")
-            self.press("connect_param")
-            self.control("sett_conn")
-            self.picture("proxy-english")
-            self.keys("Escape")
-            wait_for("the proxy dialog to go", lambda: not self.find("sett_conn"))
-            self.keys("Escape")
-            wait_for("the login dialog to go", lambda: not self.find("connection_form"))
-            self.menu("Settings", "Language", "Русский")
-            self.menu("Файл", "Выход")
-            status = self.client.wait(timeout=PATIENCE)
-            if status != 0:
-                sys.exit(f"tour: the client ended with {status}")
-        finally:
-            restarted.terminate()
-            restarted.wait()
+        self.menu("Настройки", "Язык", "English")
+        self.picture("english")
+        self.press("button_connect_main")
+        self.control("connection_form")
+        self.picture("login-english")
+        self.press("connect_param")
+        self.control("sett_conn")
+        self.picture("proxy-english")
+        self.keys("Escape")
+        wait_for("the proxy dialog to go", lambda: not self.find("sett_conn"))
+        self.keys("Escape")
+        wait_for("the login dialog to go", lambda: not self.find("connection_form"))
+        self.menu("File", "Exit")
+        status = self.client.wait(timeout=PATIENCE)
+        if status != 0:
+            sys.exit(f"tour: the client ended with {status}")
 
 
 def main():
-    tour = Tour(*sys.argv[1:6])
+    tour = Tour(*sys.argv[1:4])
     try:
         tour.play()
     except SystemExit:
@@ -187,6 +206,7 @@ def main():
     finally:
         if tour.client.poll() is None:
             tour.client.kill()
+        tour.stop_service()
 
 
 if __name__ == "__main__":

@@ -90,8 +90,7 @@ TEST_F(ChannelList, APageWithoutKeysShowsAnEmptyList) {
 }
 
 TEST_F(ChannelList, ScrollsToTheBottomOnlyIfItWasThereAndLetsEventsRunAtEachRecord) {
-  ScriptedView view;
-  chat.tab().Rich.Attach(&view);
+  ScriptedView view(chat.tab().Rich);
   view.bar = {0, 100, 20, 10};
   Shown("user: a\nuser: b\n");
   EXPECT_TRUE(view.scrolls.empty());
@@ -99,7 +98,6 @@ TEST_F(ChannelList, ScrollsToTheBottomOnlyIfItWasThereAndLetsEventsRunAtEachReco
   view.bar = {0, 100, 20, 80};
   Shown("user: a\nuser: b\n");
   EXPECT_EQ(view.scrolls, (std::vector<PaneScroll>{PaneScroll::kBottom, PaneScroll::kBottom}));
-  chat.tab().Rich.Attach(nullptr);
 }
 
 TEST_F(ChannelList, ARefusedChannelHasARedHeading) {

@@ -261,8 +261,8 @@ TEST_F(Connect, AnErrorOnTheFirstConnectIsSaidAndNotRetried) {
       if (english) chat.client.app.Language = UiLanguage::kEnglish;
       ConnectToChat(chat.client, 0);
       chat.Winsock1().Fail(row.number);
-      const Text connecting = english ? "[12:00:00] Connecting to chat..."
-                                      : "[12:00:00] Подключение к чату..."_w;
+      const Text connecting =
+          english ? "[12:00:00] Connecting to chat..." : "[12:00:00] Подключение к чату..."_w;
       Text lines = connecting + (english ? " Failed: " + row.english : " Ошибка: "_w + row.russian);
       lines += "\r\n";
       if (row.at_once) lines += connecting + "\r\n";

@@ -363,8 +363,8 @@ TEST_F(Frame, BothFormsOfTheSelectionPageRefuseAChannel) {
 
 TEST_F(Frame, TheRobotsMarkCountsOnlyAfterTheMarkersOfTheStyles) {
   chat.OpenFrame();
-  chat.Deliver(FirstChunk(
-      "этот стиль (номер 9) предназначен для роботов <FONT color=\"#b0b0b0\">\n"_w));
+  chat.Deliver(
+      FirstChunk("этот стиль (номер 9) предназначен для роботов <FONT color=\"#b0b0b0\">\n"_w));
   EXPECT_FALSE(chat.tab().IsChannelList);
   EXPECT_EQ(said, Lines{"/set s 9"});
 }
@@ -384,7 +384,8 @@ TEST_F(Frame, AFaultInACallUpwardDoesNotKeepTheTabOffTheChannel) {
   EXPECT_TRUE(chat.tab().Connected);
   EXPECT_EQ(chat.platform.desktop.at(0).caption, "lobby - alice");
   const Text entry =
-      "[21.11.2026 12:00:00] Error 5 Invalid procedure call or argument. Function: CacheMessages\r\n";
+      "[21.11.2026 12:00:00] Error 5 Invalid procedure call or argument. Function: "
+      "CacheMessages\r\n";
   EXPECT_EQ(chat.ErrorLog(), entry + entry);
 }
 

@@ -5,6 +5,7 @@
 #include "session/error_log.h"
 #include "session/personal_notice.h"
 #include "support/chat.h"
+#include "support/scripted_view.h"
 #include "text/fault.h"
 
 namespace parlorwire {
@@ -161,26 +162,8 @@ TEST_F(Status, TheNoticeIsSaidOnceHoweverOftenTheSignalComes) {
   EXPECT_FALSE(chat.platform.desktop.at(0).pers_red);
 }
 
-// Scrolling, with a view that says where the pane stands.
-struct StandIn : PaneView {
-  void TextChanged(const TextChange&) override {}
-  void FormatChanged(PanePosition, PanePosition) override {}
-  void SelectionChanged() override {}
-  void RedrawChanged(bool on) override { redraws.push_back(on); }
-  void VisibleChanged(bool) override {}
-  void PointerChanged(PanePointer) override {}
-  void Refresh() override {}
-  void Scroll(PaneScroll command) override { scrolls.push_back(command); }
-  PaneScrollInfo GetScrollInfo() const override { return info; }
-  PanePosition CharFromPos(int, int) const override { return 0; }
-  PaneScrollInfo info;
-  std::vector<PaneScroll> scrolls;
-  std::vector<bool> redraws;
-};
-
 TEST_F(Status, ScrollsToTheBottomUnlessStopScrollIsOnAndTheViewIsNotAtTheEnd) {
-  StandIn view;
-  rich.Attach(&view);
+  ScriptedView view(rich);
   const PaneScrollInfo above{0, 100, 20, 10}, at_end{0, 100, 20, 80};
   struct Row {
     bool stop_scroll;
@@ -190,14 +173,13 @@ TEST_F(Status, ScrollsToTheBottomUnlessStopScrollIsOnAndTheViewIsNotAtTheEnd) {
   for (const Row& row :
        {Row{false, above, 1}, Row{false, at_end, 1}, Row{true, above, 0}, Row{true, at_end, 1}}) {
     view.scrolls.clear();
-    view.info = row.info;
+    view.bar = row.info;
     chat.platform.desktop.at(0).stop_scroll = row.stop_scroll;
     StatusOut(chat.client, "x", 0);
     EXPECT_EQ(view.scrolls, std::vector<PaneScroll>(row.scrolls, PaneScroll::kBottom));
   }
-  EXPECT_EQ(view.redraws.front(), false);
-  EXPECT_EQ(view.redraws.back(), true);
-  rich.Attach(nullptr);
+  EXPECT_TRUE(view.painting);
+  EXPECT_EQ(view.painted_changes, 0);
 }
 
 // ---- error.log ----
@@ -235,8 +217,8 @@ TEST_F(ErrorLog, ASizeThatCannotBeReadDoesNotEmptyTheFile) {
   Sizeless files;
   files.files["error.log"] = "old\r\n";
   Platform ports = chat.platform.Ports();
-  Client other({files, ports.clock, ports.random, ports.clipboard, ports.desktop,
-                ports.NewWinsock, ports.NewTimer});
+  Client other({files, ports.clock, ports.random, ports.clipboard, ports.desktop, ports.NewWinsock,
+                ports.NewTimer});
   WriteErrorLog(other, "a");
   EXPECT_EQ(files.files["error.log"], "old\r\n[21.11.2026 12:00:00] a\r\n");
 }
