@@ -144,6 +144,15 @@ class SettConnTest : public QObject {
     QCOMPARE(port->text(), QString("8080"));
   }
 
+  void ACaptionThatIsDisabledCanBeRead() {
+    Dialog dialog("");
+    auto* box = dialog.windows.Find<QCheckBox>("autentification");
+    QVERIFY(!box->isEnabled());
+    const QPalette look = box->palette();
+    const int ink = look.color(QPalette::Disabled, QPalette::WindowText).lightness();
+    QVERIFY(look.color(QPalette::Disabled, QPalette::Window).lightness() - ink > 60);
+  }
+
   void PastingKeepsTheFirstLineOnly() {
     Dialog dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
     QApplication::clipboard()->setText("first\r\nsecond");

@@ -56,9 +56,7 @@ client_main::client_main(Client& client, QtDesktop& desktop)
   NameControl(this, "client_main");
   SayControl(this, "Parlorwire");
   setWindowIcon(QIcon(QStringLiteral(":/parlorwire/parlorwire.svg")));
-  QPalette look = palette();
-  look.setColor(QPalette::Window, QColor(kMainBackColor));
-  setPalette(look);
+  setPalette(PaletteOn(palette(), kMainBackColor));
   setCentralWidget(controls.ground);
   menu_ = new MainMenu(client, this, [this] { close(); });
   OrderMainControls(controls);

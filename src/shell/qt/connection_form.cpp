@@ -48,9 +48,7 @@ connection_form::connection_form(Client& client, QWidget* owner)
 }
 
 void connection_form::Build() {
-  QPalette look = palette();
-  look.setColor(QPalette::Window, QColor(kDialogBackColor));
-  setPalette(look);
+  setPalette(PaletteOn(palette(), kDialogBackColor));
   setAutoFillBackground(true);
 
   login_ = new QComboBox(this);

@@ -1,6 +1,8 @@
-// The names under which people with a screen reader, and tests, find a control.
+// The names under which people with a screen reader, and tests, find a control; and the look that
+// the windows share.
 #pragma once
 
+#include <QPalette>
 #include <QString>
 #include <QWidget>
 
@@ -10,6 +12,10 @@ namespace parlorwire {
 inline constexpr unsigned kMainBackColor = 0xE9EBE7;  // 0xRRGGBB
 inline constexpr unsigned kDialogBackColor = 0xC0C6BB;
 inline constexpr unsigned kLinkColor = 0x003C74;
+
+// The palette of a window on this ground, 0xRRGGBB: the captions of disabled controls stay
+// readable.
+QPalette PaletteOn(const QPalette& palette, unsigned ground);
 
 // `system_name` becomes the control's objectName and its accessible description.
 void NameControl(QWidget* control, const QString& system_name);

@@ -55,9 +55,7 @@ sett_conn::sett_conn(Client& client, QWidget* owner) : QDialog(owner), client_(c
 }
 
 void sett_conn::Build() {
-  QPalette look = palette();
-  look.setColor(QPalette::Window, QColor(kDialogBackColor));
-  setPalette(look);
+  setPalette(PaletteOn(palette(), kDialogBackColor));
 
   frame_ = new QGroupBox(this);
   frame_->setFont(LabelFont());
