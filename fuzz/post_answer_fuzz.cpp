@@ -1,10 +1,9 @@
 // The answer to a post, in chunks. The first byte of the input says how long the chunks are.
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <string_view>
 
+#include "chunks.h"
 #include "shell/assembly.h"
 #include "support/simulated_platform.h"
 #include "users/posting.h"
@@ -19,15 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   TabSession& session = client.tab(0);
   session.Rich_Server.Text("old");
   button_say_MouseUp(client, 0, 1);
-  SimulatedSocket& socket = Simulated(session.Winsock2);
-  socket.Accept();
-  std::string_view answer(reinterpret_cast<const char*>(data) + 1, size - 1);
-  const std::size_t chunk = std::max<std::size_t>(data[0], 1);
-  while (!answer.empty()) {
-    socket.Deliver(answer.substr(0, chunk));
-    answer.remove_prefix(std::min(chunk, answer.size()));
-  }
-  socket.PeerCloses();
+  AnswerInChunks(Simulated(session.Winsock2), data, size);
 
   if (!session.SendBuffer.empty()) std::abort();
   if (platform.files.files.contains("error.log")) std::abort();

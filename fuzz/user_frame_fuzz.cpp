@@ -1,10 +1,9 @@
 // The list of users, in chunks. The first byte of the input says how long the chunks are.
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <string_view>
 
+#include "chunks.h"
 #include "shell/assembly.h"
 #include "support/simulated_platform.h"
 #include "users/user_frame.h"
@@ -19,15 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   TabSession& session = client.tab(0);
   session.Login = "me";
   UpdateUsersFrame(client, 0);
-  SimulatedSocket& socket = Simulated(session.Winsock3);
-  socket.Accept();
-  std::string_view answer(reinterpret_cast<const char*>(data) + 1, size - 1);
-  const std::size_t chunk = std::max<std::size_t>(data[0], 1);
-  while (!answer.empty()) {
-    socket.Deliver(answer.substr(0, chunk));
-    answer.remove_prefix(std::min(chunk, answer.size()));
-  }
-  socket.PeerCloses();
+  AnswerInChunks(Simulated(session.Winsock3), data, size);
 
   if (!session.UsersBuffer.empty()) std::abort();
   if (!session.Rich_Users.Redraw()) std::abort();

@@ -103,6 +103,14 @@ TEST_F(MentionElsewhereTest, AMentionIsToldInTheVisibleTab) {
   EXPECT_EQ(ToUtf8(Shown()), bar + "Канал  [Me] id#20\r\n>>>[1] alice: hi me\r\nПерейти" + bar);
 }
 
+TEST_F(MentionElsewhereTest, NickAndChannelAreThoseOfTheLinesTab) {
+  session.Channel = "talk";
+  client.tab(4).Channel = "other";
+  client.tab(4).Login = "Somebody";
+  Out("alice:", "hi me", kMessage);
+  EXPECT_NE(ToUtf8(Shown()).find("Канал talk [Me] id#"), std::string::npos);
+}
+
 TEST_F(MentionElsewhereTest, TheIdIsWhereTheLineBegins) {
   Out("alice:", "hi me", kMessage);
   EXPECT_EQ(session.Rich.TextBetween(20, 24), ">[1]");

@@ -52,6 +52,20 @@ TEST_F(TextOutTest, BoldOfNickAndTimeAreSettings) {
                                   " hello\\r\\n|Main 12 888888"));
 }
 
+TEST_F(TextOutTest, WhatStandsInAPaneIsNeverRecoloured) {
+  Out("alice:", "hello", kMessage);
+  const auto before = session.Rich.Runs();
+  const PanePosition end = session.Rich.Length();
+  client.app.rFontMain.Name = "Other";
+  client.app.rFontMain.Size = 20;
+  client.app.rRichColors.Nicks = client.app.rRichColors.Times = Rgb(0xAB, 0xAB, 0xAB);
+  EXPECT_EQ(session.Rich.Runs(), before);
+  Out("alice:", "hello", kMessage);
+  EXPECT_EQ(session.Rich.RunsBetween(0, end), before);
+  EXPECT_THAT(Runs(), ElementsAre("[1] |Other 20 ababab b", "alice:|Other 20 ababab b u",
+                                  " hello\\r\\n|Other 20 888888"));
+}
+
 TEST_F(TextOutTest, TheSecondLineLooksAsTheFirst) {
   Out("alice:", "hello", kMessage);
   Out("bob:", "hi", kMessage);
