@@ -64,6 +64,8 @@ struct Hooks {
   Hook<void(const Text& caption)> SetTabTitle;
   // shell/qt/open_url: a page in the user's browser
   Hook<void(const Text& url)> OpenUrl;
+  // shell/qt/search_form: the search dialog comes up
+  Hook<void()> ShowSearchDialog;
   // shell/qt/connection_form: the login dialog comes up for the active tab
   Hook<void(int tab)> ShowLoginDialog;
 };
