@@ -47,7 +47,7 @@ struct Option {
   Setter set;
 };
 
-constexpr std::array<Option, 17> kOptions = {{
+constexpr std::array<Option, 20> kOptions = {{
     {"--port", true,
      [](ServerOptions& o, std::string_view v) {
        return SetNumber<[](ServerOptions& s) -> auto& { return s.port; }>(o, v, 65535, 1);
@@ -66,6 +66,18 @@ constexpr std::array<Option, 17> kOptions = {{
        return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk; }>(o, v, 1000000,
                                                                                       1);
      }},
+    {"--talk-lines", true,
+     [](ServerOptions& o, std::string_view v) {
+       return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_lines; }>(
+           o, v, 100000000, 1);
+     }},
+    {"--talk-length", true,
+     [](ServerOptions& o, std::string_view v) {
+       return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_length; }>(o, v,
+                                                                                          400, 1);
+     }},
+    {"--patient", false,
+     [](ServerOptions& o, std::string_view) { return o.inhabitants.patient = true; }},
     {"--channels", true,
      [](ServerOptions& o, std::string_view v) {
        o.inhabitants.channels = List(v);
@@ -165,6 +177,9 @@ Prints "listening on ADDRESS:PORT" when it is ready, and ends on SIGTERM or SIGI
   --quiet, --no-inhabitants
                        no inhabitants who talk, greet, come and go
   --talk N             inhabitants say N lines a second on each channel that is read
+  --talk-lines N       they fall silent after N lines on a channel
+  --talk-length N      their lines say N characters or somewhat more
+  --patient            they wait for readers that have much to take yet
   --keepalive S        a line that carries nothing after S seconds of silence (30)
   --history N          lines that a newcomer is given, 0 to 200 (20)
   --grace S            a nick stays S seconds after its connection broke (3)

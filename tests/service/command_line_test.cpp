@@ -39,6 +39,11 @@ TEST(CommandLine, TakesEveryOption) {
                                       "--quiet",
                                       "--talk",
                                       "50",
+                                      "--talk-lines",
+                                      "1000000",
+                                      "--talk-length",
+                                      "70",
+                                      "--patient",
                                       "--keepalive",
                                       "5",
                                       "--history=7",
@@ -65,6 +70,9 @@ TEST(CommandLine, TakesEveryOption) {
   EXPECT_EQ(options.address, "0.0.0.0");
   EXPECT_FALSE(options.inhabitants.present);
   EXPECT_EQ(options.inhabitants.talk, 50);
+  EXPECT_EQ(options.inhabitants.talk_lines, 1000000);
+  EXPECT_EQ(options.inhabitants.talk_length, 70);
+  EXPECT_TRUE(options.inhabitants.patient);
   EXPECT_EQ(options.inhabitants.channels, (std::vector<Text>{"Кухня"_w, "hall"}));
   EXPECT_EQ(options.chat.keep_alive_ms, 5000);
   EXPECT_EQ(options.chat.history, 7);
@@ -97,8 +105,8 @@ TEST(CommandLine, HelpNamesEveryOption) {
   const auto line = ReadCommandLine(std::vector<const char*>{"--help"});
   EXPECT_TRUE(std::get<CommandLine>(line).help);
   for (const char* option :
-       {"--port", "--address", "--quiet", "--no-inhabitants", "--talk", "--keepalive", "--history",
-        "--grace", "--kick-time", "--max-frames", "--max-connections", "--channels", "--ban",
+       {"--port", "--address", "--quiet", "--no-inhabitants", "--talk", "--talk-lines",
+        "--talk-length", "--patient", "--keepalive", "--history", "--grace", "--kick-time", "--max-frames", "--max-connections", "--channels", "--ban",
         "--admin", "--seed", "--form-b", "--misbehave", "--help"})
     EXPECT_TRUE(Contains(HelpText(), option)) << option;
 }
