@@ -41,8 +41,8 @@ PaneFormat MainFormat(const AppState& app, PaneColour colour) {
 }
 
 void Write(const Line& line, std::string_view piece) {
-  line.pane().ReplaceSel(piece);
   LogChatLine(line.client, piece, line.session.Channel);
+  line.pane().ReplaceSel(piece);
 }
 
 void Format(const Line& line, PanePosition start, PanePosition end, const PaneFormat& format) {

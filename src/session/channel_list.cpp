@@ -83,8 +83,11 @@ void AppendTopic(const Page& page, const Text& value) {
 }
 
 void AppendUser(const Page& page, Position at) {
-  const Position end = MinNonZero3(InStr(at, page.text, "\n"), InStr(at, page.text, "\t"),
-                                   InStr(at, page.text, "       "));
+  // What comes behind the line's end needs no search: a page may have very many users.
+  const Position line_end = InStr(at, page.text, "\n");
+  const std::string_view lines = std::string_view(page.text).substr(
+      0, line_end == 0 ? page.text.size() : static_cast<std::size_t>(line_end - 1));
+  const Position end = MinNonZero3(line_end, InStr(at, lines, "\t"), InStr(at, lines, "       "));
   AppendRun(page, Trim(Value(page, at, "user:", end)) + "\r\n",
             Face(kRed, 10, PaneAlignment::kLeft));
 }

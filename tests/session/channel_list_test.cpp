@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "session/leaving.h"
 #include "support/chat.h"
 #include "support/scripted_view.h"
 #include "text/fault.h"
@@ -140,6 +141,48 @@ TEST_F(ChannelList, NoReconnectFollowsAList) {
   const int connects = chat.Winsock1().connects;
   chat.platform.time.Advance(3600000);
   EXPECT_EQ(chat.Winsock1().connects, connects);
+}
+
+// What stands in a pane of a page that comes whole, by either way.
+TEST_F(ChannelList, AHundredThousandUsersAreListed) {
+  Text page = "этот стиль (номер 9) предназначен для роботов\nchannel: a\n"_w;
+  for (int i = 0; i < 100'000; ++i)
+    page += "user: nick" + std::to_string(i) + "\n";
+  chat.tab().Channel = "";
+  chat.OpenFrame();
+  chat.Deliver(Text(kGoodHeader) + page);
+  chat.Winsock1().PeerCloses();
+  EXPECT_TRUE(chat.Pane().ends_with("nick99998\r\nnick99999\r\n"));
+  EXPECT_EQ(chat.ErrorLog(), "");
+
+  chat.tab().Rich.Text("");
+  LeaveChannel(chat.client, 0);
+  chat.Winsock5().Accept();
+  chat.Winsock5().Deliver(Koi(page));
+  chat.Winsock5().PeerCloses();
+  EXPECT_TRUE(chat.Pane().ends_with("nick99998\r\nnick99999\r\n"));
+}
+
+TEST_F(ChannelList, MegabytesInOneLineAreOneValue) {
+  const Text value(4'000'000, 'x');
+  EXPECT_EQ(Shown("junk" + value + " user:" + value + "\n"),
+            (Runs{{value + "\r\n", Face(kRed, 10, false, PaneAlignment::kLeft)}}));
+  EXPECT_EQ(Shown(value), Runs());
+}
+
+TEST_F(ChannelList, APageMayBeCutAtAnyByte) {
+  const Text page =
+      "\n\nchannel: hall\nchflags: +k\ntopic: hot: news\nuser: ann\t[+o]\nuser: bob       x\n";
+  Shown(page);
+  const Text whole = chat.Pane();
+  for (std::size_t length = 0; length < page.size(); ++length) {
+    try {
+      Shown(page.substr(0, length));
+    } catch (const Fault& fault) {
+      EXPECT_EQ(fault.number, fault::kInvalidCall) << length;
+    }
+    EXPECT_TRUE(whole.starts_with(chat.Pane())) << length;
+  }
 }
 
 }  // namespace
