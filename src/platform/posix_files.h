@@ -41,7 +41,7 @@ class PosixFiles : public Files {
   struct KeptFile;
 
   std::filesystem::path PathOf(const Text& name) const;
-  KeptFile& Keep(const Text& name);
+  KeptFile& Keep(const Text& name, int flags);
 
   std::filesystem::path folder_;
   Later later_;
