@@ -10,6 +10,7 @@
 
 #include "session/client.h"
 #include "shell/qt/main_controls.h"
+#include "shell/qt/main_layout.h"
 
 class QTimer;
 
@@ -56,12 +57,12 @@ class client_main : public QMainWindow {
   void WireTab(int slot);
   void FillHooks();
   void ShowLoginDialog();
-  void MoveSplitter(int slot, int left);
   void PlaceControls();
   void EndSplash();
 
   Client& client_;
   QtDesktop& desktop_;
+  MainLayout layout_;
   MainMenu* menu_;
   std::unique_ptr<connection_form> connection_form_;
   std::unique_ptr<zastavka> zastavka_;
