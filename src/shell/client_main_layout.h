@@ -114,6 +114,8 @@ struct LinkPlace {
   int opening = 0;  // Left of the bracket ahead of the link
   int link = 0;     // Left of the link
   int closing = 0;  // Left of the bracket behind it
+
+  bool operator==(const LinkPlace&) const = default;
 };
 
 // A row of links of these widths, in brackets, each behind the one before it. The row ends at

@@ -5,7 +5,6 @@
 #include <initializer_list>
 #include <vector>
 
-#include "platform/qt/rich_text_view.h"
 #include "session/fault_trap.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/ground.h"
@@ -56,6 +55,7 @@ void MainLayout::PlaceAll() {
     client_.tab(slot).Rich.Width(slot_places(slot).Rich.width);
   }
   const int active = c.SSTab->Tab();
+  client_.tab(active).Rich_Users.RightMargin(slot_places(active).Rich_Users_right_margin);
   PlaceTabControls(c.tab(active), shared_, slot_places(active));
   PlaceRow(c.tab(active));
 }
