@@ -49,8 +49,8 @@ SharedPlaces PlaceShared(const ClientMainMeasures& measures, const SharedPlaces&
       Kept({tab.left + 10, tab.top, tab.width - 40, measures.strip}, before.BackColorTab);
   const int seen = tab.width - kBesideUsers + kPaneMargin;
   at.strip = Kept({tab.left, tab.top, seen, measures.strip}, before.strip);
-  at.page = Kept({tab.left, tab.top + measures.strip, seen, tab.height - measures.strip},
-                 before.page);
+  at.page =
+      Kept({tab.left, tab.top + measures.strip, seen, tab.height - measures.strip}, before.page);
 
   at.StopScroll_top = tab.Bottom() + kRowGap;
   at.pers_top = at.StopScroll_top + 10;
@@ -59,8 +59,8 @@ SharedPlaces PlaceShared(const ClientMainMeasures& measures, const SharedPlaces&
 
   const int second_row = at.StopScroll_top + kFirstRowHeight + kRowGap;
   at.intonacia = {100, second_row, 2260, kSecondRowHeight};
-  at.msg = Kept({at.intonacia.Right() + 60, second_row, tab.width - 5500, kSecondRowHeight},
-                before.msg);
+  at.msg =
+      Kept({at.intonacia.Right() + 60, second_row, tab.width - 5500, kSecondRowHeight}, before.msg);
   at.button_say = {at.msg.Right() + 200, second_row, 1380, kSecondRowHeight};
   at.button_clear = {at.button_say.Right() + 100, second_row, 1275, kSecondRowHeight};
   return at;
@@ -72,18 +72,18 @@ SlotPlaces PlaceSlot(const SharedPlaces& shared, double split_percent, const Slo
   const int height = tab.Bottom() - kPaneMargin - top;
   SlotPlaces at;
   at.split_percent = ClampSplit(tab.width, split_percent);
-  at.Rich = Kept({tab.left + kPaneMargin, top,
-                  static_cast<int>(std::lround(tab.width * at.split_percent / 100)),
-                  height - kServerHeight},
-                 before.Rich);
+  at.Rich = Kept(
+      {tab.left + kPaneMargin, top,
+       static_cast<int>(std::lround(tab.width * at.split_percent / 100)), height - kServerHeight},
+      before.Rich);
   at.Rich_Server = {at.Rich.left, at.Rich.Bottom(), at.Rich.width, kServerHeight};
   at.line_razdel = {at.Rich.Right() + kRazdelGap, at.Rich.top, kRazdelWidth,
                     at.Rich.height + at.Rich_Server.height};
   const int left = at.line_razdel.Right() + kRazdelGap;
   const int width = tab.Right() - left - kBesideUsers;
   at.frame_button_update = Kept({left, top, width, kFrameButtonHeight}, before.frame_button_update);
-  at.Rich_Users = Kept({left, top + kFrameButtonHeight, width, height - kFrameButtonHeight},
-                       before.Rich_Users);
+  at.Rich_Users =
+      Kept({left, top + kFrameButtonHeight, width, height - kFrameButtonHeight}, before.Rich_Users);
   at.Rich_Users_right_margin = at.Rich_Users.width + kBeyondUsers;
   return at;
 }

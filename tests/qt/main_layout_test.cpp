@@ -69,7 +69,7 @@ class MainLayoutTest : public QObject {
     ShowTabs(windows, 1);
     Resize(windows, size);
     const QSize ground = windows.Find("ground")->size();
-    const int w = Twips(ground.width()) + 120 - 100;     // the window's Width - 100
+    const int w = Twips(ground.width()) + 120 - 100;    // the window's Width - 100
     const int h = Twips(ground.height()) + 705 - 2400;  // its Height - 600 - panels - 1800
     const int right = Pixels(120 + w - 290);
     const QRect strip = PlaceOf(windows, "SSTab");

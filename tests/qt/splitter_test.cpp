@@ -44,8 +44,8 @@ struct SplitWindow : Windows {
 
   bool Whole() const {
     return users->isVisible() && frame->isVisible() && !pict->isVisible() &&
-           line->geometry().left() == rich->mapTo(line->parentWidget(), QPoint()).x() +
-                                          rich->width() + Pixels(15);
+           line->geometry().left() ==
+               rich->mapTo(line->parentWidget(), QPoint()).x() + rich->width() + Pixels(15);
   }
 
   QWidget *line, *rich, *users, *frame, *pict;
@@ -246,6 +246,16 @@ class SplitterTest : public QObject {
     const Text percent = split.tab(0).TabSplitPercent;
     split.window->close();
     QVERIFY(split.Config().find("WMFrame0=" + percent + "\r\n") != Text::npos);
+  }
+
+  void AWindowThatGoesDuringADragIsNoTrouble() {
+    SplitWindow split;
+    split.Press();
+    split.MoveBy(-100);
+    const Text percent = split.tab(0).TabSplitPercent;
+    split.window.reset();
+    QApplication::processEvents();
+    QCOMPARE(split.tab(0).TabSplitPercent, percent);
   }
 
   void KeysMoveTheFocusedSplitter() {

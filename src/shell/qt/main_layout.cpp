@@ -40,6 +40,14 @@ MainLayout::MainLayout(const MainControls& controls, Client& client)
     WireSplitter(slot);
 }
 
+// The window itself still goes, and may end a drag by that.
+MainLayout::~MainLayout() {
+  for (const TabControls& tab : controls_.tabs) {
+    tab.line_razdel->Drag = nullptr;
+    tab.line_razdel->Up = nullptr;
+  }
+}
+
 void MainLayout::PlaceAll() {
   const MainControls& c = controls_;
   const int panel_row = c.panels[0]->parentWidget()->height();

@@ -13,8 +13,11 @@ namespace parlorwire {
 
 class MainLayout {
  public:
-  // Both are kept, and must outlive it. From here on the splitters move.
+  // Both are kept, and must outlive it. The splitters move as long as it exists.
   MainLayout(const MainControls& controls, Client& client);
+  ~MainLayout();
+  MainLayout(const MainLayout&) = delete;
+  MainLayout& operator=(const MainLayout&) = delete;
 
   // Puts everything at its place on the ground, as large as that is now. Splitters that stand too
   // far to one side are moved in every slot, and the session keeps their new place; controls are
