@@ -1,7 +1,13 @@
 #include "session/channel_list.h"
 
+#include <algorithm>
+
+#include "session/connect.h"
+#include "session/fault_trap.h"
+#include "session/ini.h"
 #include "session/pane_selection.h"
 #include "text/cut.h"
+#include "text/number.h"
 
 namespace parlorwire {
 namespace {
@@ -113,6 +119,18 @@ void AppendRecord(const Page& page, Position at) {
   if (rest.starts_with("user:")) AppendUser(page, at);
 }
 
+// The first saved login of that nick gets the channel.
+void RememberChannel(Client& client, const Text& login, const Text& channel) {
+  std::int32_t count = 0;
+  PassOverFault([&] { count = ToLong(ReadIni(client, "Main", "Logins")); });
+  for (std::int32_t n = 0; n <= std::min(count, kMaxLogins); ++n) {
+    const Text saved = ReadIni(client, "Main", "Login" + std::to_string(n));
+    if (TrimView(saved).empty() || !EqualsNoCase(saved, login)) continue;
+    WriteIni(client, "Main", "Channel" + std::to_string(n), channel);
+    return;
+  }
+}
+
 }  // namespace
 
 void ShowChannelList(Client& client, int tab) {
@@ -126,6 +144,14 @@ void ShowChannelList(Client& client, int tab) {
     if (before.pos + before.page >= before.max) page.pane().VScroll(PaneScroll::kBottom);
     client.platform.desktop.YieldToEvents();
   }
+}
+
+void EnterListedChannel(Client& client, int tab, const Text& channel) {
+  TabSession& session = client.tab(tab);
+  session.Channel = channel;
+  RememberChannel(client, session.Login, channel);
+  session.ClearPanesOnConnect = true;
+  ConnectToChat(client, tab);
 }
 
 }  // namespace parlorwire

@@ -9,4 +9,8 @@ namespace parlorwire {
 // Fault 5 at that place; what was rendered stays.
 void ShowChannelList(Client& client, int tab);
 
+// The user has clicked on a channel of the list: the tab's saved login remembers it, and the tab
+// logs in to it.
+void EnterListedChannel(Client& client, int tab, const Text& channel);
+
 }  // namespace parlorwire

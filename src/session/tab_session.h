@@ -104,6 +104,9 @@ struct TabSession {
   std::unique_ptr<Timer> Timer3;   // ReconnectDelayValue: the watchdog
   std::unique_ptr<Timer> Timer6;   // ActionDelayValue: sets ActionsArmed
   std::unique_ptr<Timer> Timer26;  // ActionDelayValue: sets LinesArmed
+  // Timer7 (tab 0) to Timer16 (tab 9), 150 ms: an element for each slot of a highlight, made when
+  // it is first needed.
+  std::vector<std::unique_ptr<Timer>> JoinTimers;
 };
 
 }  // namespace parlorwire

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "display/pane_output.h"
+#include "display/rank_colour.h"
 #include "session/fault_trap.h"
 #include "session/http_answer.h"
 #include "session/http_request.h"
@@ -40,10 +41,6 @@ void CutScript(Client& client, Text& page, int tab) {
   const Position end = InStrNoCase(start, page, "</script>");
   page = Left(page, start - 1) + Right(page, Len(page) - end - 8);
   NoticePersonalMessage(client, tab);
-}
-
-bool HasOperatorFlag(std::string_view flags) {
-  return ContainsNoCase(flags, "+a") || ContainsNoCase(flags, "+o");
 }
 
 void SeeOwnRecord(Client& client, const UserRecord& user, int tab) {

@@ -206,6 +206,33 @@ class LinksAndButtonsTest : public QObject {
     QCOMPARE(opened_, QString("http://chat.example:8080/rulez.html"));
   }
 
+  void ThePageLabelsOpenTheirPages_data() {
+    QTest::addColumn<QString>("link");
+    QTest::addColumn<QString>("page");
+    const QString fields = "alice&ticket=T1&channel=%E3%E1&chpwd=";
+    QTest::newRow("sp_bans") << "sp_bans" << "http://chat.example/banlist?username=" + fields;
+    QTest::newRow("sp_opers") << "sp_opers" << "http://chat.example/oplist?username=" + fields;
+    QTest::newRow("hist_topic") << "hist_topic"
+                                << "http://chat.example/topic_hist?username=" + fields;
+    QTest::newRow("letogr") << "letogr" << "http://stat.example/";
+  }
+  void ThePageLabelsOpenTheirPages() {
+    QFETCH(QString, link);
+    QFETCH(QString, page);
+    Windows windows(
+        "[Main]\r\nChatHostByName=chat.example\r\nLetografUrl=http://stat.example/\r\n");
+    TabSession& tab = windows.tab(0);
+    tab.Login = "alice";
+    tab.Ticket = "T1";
+    tab.Channel = "ЦА"_w;
+    windows.desktop.SetTabVisible(0, true);
+    auto* label = windows.Find(link.toLatin1().constData());
+    QVERIFY(!label->isEnabled());
+    windows.desktop.SetTabControlsEnabled(0, true);
+    QTest::mouseClick(label, Qt::LeftButton);
+    QCOMPARE(opened_, page);
+  }
+
   void LogoffAndLogoutGoToWinsock5_data() {
     QTest::addColumn<QString>("link");
     QTest::addColumn<QString>("request");

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 #include <QTranslator>
 #include <array>
 #include <functional>
@@ -11,8 +12,6 @@
 #include "session/client.h"
 #include "shell/qt/main_controls.h"
 #include "shell/qt/main_layout.h"
-
-class QTimer;
 
 namespace parlorwire {
 
@@ -42,6 +41,9 @@ class client_main : public QMainWindow {
   // How others ask for the end of the program from inside an event.
   void Timer4();
 
+  // The label close_tab, and its hot key.
+  void CloseTab();
+
   // ---- for the port ----
   void ShowActiveSlot();
   void ShowLanguage(int language);
@@ -51,10 +53,13 @@ class client_main : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void WireShared();
+  void WireLinks();
   void WireTab(int slot);
+  void WirePane(int slot);
   void FillHooks();
   void ShowLoginDialog();
   void PlaceControls();
@@ -67,6 +72,7 @@ class client_main : public QMainWindow {
   std::unique_ptr<connection_form> connection_form_;
   std::unique_ptr<zastavka> zastavka_;
   QTranslator toolkit_russian_;
+  QTimer Timer5_;  // the focus goes to msg of the tab that has been shown
   bool activated_ = false;
   bool unloaded_ = false;
 };
