@@ -175,8 +175,11 @@ Prints "listening on ADDRESS:PORT" when it is ready, and ends on SIGTERM or SIGI
   --max-frames N       with N frames open, logins are turned away (800)
   --max-connections N  (1000)
   --seed N             repeatable tickets and talk
-  --misbehave KIND[:N] go wrong on purpose, for tests of clients: none, stall, cut, reset,
-                       garbage, drip, drop; also allows /misbehave?fault=KIND:N
+  --misbehave KIND[:N][@PATH]
+                       go wrong on purpose, for tests of clients: none, stall, cut, reset,
+                       garbage, drip, drop, or any of them at random with N of 100 requests;
+                       with @PATH in the answers to requests of that path alone; also allows
+                       /misbehave?fault=KIND:N
   --help
 )";
 }

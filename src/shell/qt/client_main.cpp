@@ -166,7 +166,8 @@ void client_main::WirePane(int slot) {
     return pressed == Qt::LeftButton ? MouseButton::kLeft : MouseButton::kRight;
   };
   connect(view, &RichTextView::mousePressedAt, this, [=, this](PanePosition at, auto pressed) {
-    if (wanted(pressed)) Rich_MouseDown(client_, slot, at, button(pressed));
+    if (!wanted(pressed)) return;
+    OnEvent(client_, "Rich_MouseDown", [&] { Rich_MouseDown(client_, slot, at, button(pressed)); });
   });
   connect(view, &RichTextView::mouseMovedOver, this, [=, this](PanePosition at) {
     OnEvent(client_, "Rich_MouseMove", [&] { Rich_MouseMove(client_, slot, at); });
