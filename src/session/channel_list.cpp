@@ -5,6 +5,7 @@
 #include "session/connect.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
+#include "session/paint_once.h"
 #include "session/pane_selection.h"
 #include "text/cut.h"
 #include "text/number.h"
@@ -138,6 +139,7 @@ void RememberChannel(Client& client, const Text& login, const Text& channel) {
 
 void ShowChannelList(Client& client, int tab) {
   const Page page{client, tab, client.tab(tab).ChannelListPage};
+  const PaintOnce paint_once(page.pane());
   AppendHeading(page);
   // The event loop has its turn once a record: in between nothing changes that it could show.
   for (Position at = 1; at <= Len(page.text); ++at) {

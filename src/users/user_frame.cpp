@@ -7,6 +7,7 @@
 #include "session/fault_trap.h"
 #include "session/http_answer.h"
 #include "session/http_request.h"
+#include "session/paint_once.h"
 #include "session/personal_notice.h"
 #include "session/proxy_dialog.h"
 #include "text/charset.h"
@@ -75,18 +76,6 @@ void ReadUsers(Client& client, std::string_view page, UserFrameForm form, int ta
   client.platform.desktop.SetUsersNumCaption(
       tab, "Пользователей: "_w + std::to_string(operators) + "/" + std::to_string(users));
 }
-
-// The whole list is one change for who looks at it.
-struct PaintOnce {
-  explicit PaintOnce(RichTextBox& users_pane) : pane(users_pane) { pane.SetRedraw(false); }
-  ~PaintOnce() {
-    pane.SetRedraw(true);
-    pane.Refresh();
-  }
-  PaintOnce(const PaintOnce&) = delete;
-  PaintOnce& operator=(const PaintOnce&) = delete;
-  RichTextBox& pane;
-};
 
 void ReadFrame(Client& client, Text answer, int tab) {
   TabSession& session = client.tab(tab);
