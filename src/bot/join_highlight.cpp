@@ -1,11 +1,13 @@
 #include "bot/join_highlight.h"
 
 #include <algorithm>
+#include <limits>
 #include <string>
 
 #include "display/rank_colour.h"
 #include "session/event_entry.h"
 #include "text/cut.h"
+#include "text/fault.h"
 
 namespace parlorwire {
 namespace {
@@ -60,8 +62,9 @@ void RestoreColour(Client& client, int tab, const Text& nick, PanePosition start
   TabSession& session = client.tab(tab);
   if (EqualsNoCase(nick, session.Login))
     Colour(session.Rich_Users, start, end, client.app.rFontMain.ColorMyNick);
-  else if (session.UsersText.Find(nick) != 0)
-    Colour(session.Rich_Users, start, end, ListedRankColour(client, nick, tab));
+  else if (const Position record = session.UsersText.Find(nick); record != 0)
+    Colour(session.Rich_Users, start, end,
+           RankColour(client.app, session.UsersText.FlagsOfRecord(record)));
 }
 
 void JoinHighlightStep(Client& client, int tab, std::size_t slot) {
@@ -78,7 +81,7 @@ void JoinHighlightStep(Client& client, int tab, std::size_t slot) {
   Colour(session.Rich_Users, p - 1, p + 1 + session.JoinOffset[slot],
          client.app.rRichColors.NicksChoose);
   ++session.JoinOffset[slot];
-  if (session.JoinOffset[slot] + p != q) return;
+  if (session.JoinOffset[slot] + p < q) return;
   ++session.JoinSweeps[slot];
   session.JoinOffset[slot] = 0;
   RestoreColour(client, tab, nick, p - 1, q - 1);
@@ -89,10 +92,12 @@ void JoinHighlightStep(Client& client, int tab, std::size_t slot) {
 void StartJoinHighlight(Client& client, int tab, std::string_view nick) {
   TabSession& session = client.tab(tab);
   UnloadEndedTimers(session);
-  if (std::ranges::any_of(session.JoinTimers, Sweeps))
-    ++session.JoinSlot;
-  else
+  if (!std::ranges::any_of(session.JoinTimers, Sweeps))
     session.JoinSlot = 1;
+  else if (session.JoinSlot == std::numeric_limits<std::int16_t>::max())
+    throw Fault(fault::kOverflow);
+  else
+    ++session.JoinSlot;
   const auto slot = static_cast<std::size_t>(session.JoinSlot);
   ResizeSlots(client, slot + 1);
   session.JoinNick[slot] = nick;

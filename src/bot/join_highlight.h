@@ -8,10 +8,11 @@
 
 namespace parlorwire {
 
-// The nick is to be highlighted once the list of users shows it. It takes a slot of its own while
-// another highlight of the tab sweeps, else slot 1; one that still waits for its list is replaced.
-// The lists of slots of all tabs have one size, so a tab that falls back to slot 1 ends the
-// highlights that other tabs have in higher slots. Kept on purpose.
+// The nick is to be highlighted once the list of users shows it. While a highlight of the tab
+// sweeps it takes the next slot, else slot 1. Only the latest that waits starts with the list; one
+// that waited before it is never shown. More than 32767 slots: Fault 6. The lists of slots of all
+// tabs have one size, so a tab that falls back to slot 1 ends the highlights that other tabs have
+// in higher slots. Kept on purpose.
 void StartJoinHighlight(Client& client, int tab, std::string_view nick);
 
 // A line of the list was drawn: the latest highlight of the tab starts, if it waits for that.

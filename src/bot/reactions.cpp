@@ -1,5 +1,6 @@
 #include "bot/reactions.h"
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,30 +30,35 @@ Text PhraseOf(std::string_view rest) {
   return Text(words[0]) + " " + Text(words[1]) + " " + Text(words[2]);
 }
 
-void GreetUser(Client& client, const Text& nick, int tab) {
+// How the statements of a procedure run: each is guarded for itself.
+using GoOn = std::function<void(const std::function<void()>& statement)>;
+
+void GreetUser(Client& client, const Text& nick, int tab, const GoOn& go_on) {
   TabSession& session = client.tab(tab);
   if (client.app.AutoKick && session.IsOperator) {
-    const Text reason = client.hooks.FindAutoKick(nick, session.Channel, true, "");
+    Text reason;
+    go_on([&] { reason = client.hooks.FindAutoKick(nick, session.Channel, true, ""); });
     if (!reason.empty()) {
       client.hooks.SayBot("/k " + nick + " " + reason, tab);
       return;
     }
   }
-  StartJoinHighlight(client, tab, nick);
+  go_on([&] { StartJoinHighlight(client, tab, nick); });
   session.JoinLines += session.JoinLines.empty() ? nick : "\r\n" + nick;
   client.hooks.UpdateUsersFrame(tab);
 }
 
 void LoseRank(Client& client, int tab) {
   client.tab(tab).IsOperator = false;
+  client.tab(tab).SayUseOpState = false;
   Desktop& desktop = client.platform.desktop;
   if (desktop.ActiveTab() == tab) desktop.SetSayUseOp(false, false);
 }
 
-void ActOn(Client& client, const Text& nick, std::string_view phrase, int tab) {
+void ActOn(Client& client, const Text& nick, std::string_view phrase, int tab, const GoOn& go_on) {
   const bool own = EqualsNoCase(nick, client.tab(tab).Login);
   if (phrase == W<"приходит на канал"> || phrase == W<"приходит к нам">)
-    GreetUser(client, nick, tab);
+    GreetUser(client, nick, tab, go_on);
   else if (phrase == W<"стал оператором канала"> || phrase == W<"стал администратором чата">) {
     if (own) client.hooks.UpdateUsersFrame(tab);  // the new flag comes with the list
   } else if (phrase == W<"больше не оператор"> || phrase == W<"больше не администратор">) {
@@ -64,8 +70,8 @@ void ActOn(Client& client, const Text& nick, std::string_view phrase, int tab) {
 
 void ClientAction(Client& client, const Text& line, int tab) {
   if (!client.tab(tab).ActionsArmed) return;
-  const auto go_on = [&](auto&& statement) {
-    return GoOnAfterFault(client, ". Function: ClientAction. Dump: " + line, statement);
+  const GoOn go_on = [&](const std::function<void()>& statement) {
+    GoOnAfterFault(client, ". Function: ClientAction. Dump: " + line, statement);
   };
   const Position blank = InStr(line, " ");
   Text nick;
@@ -75,7 +81,7 @@ void ClientAction(Client& client, const Text& line, int tab) {
   if (rest == W<"покидает нас">)
     go_on([&] { RemoveUser(client, nick, tab); });
   else
-    go_on([&] { ActOn(client, nick, PhraseOf(rest), tab); });
+    ActOn(client, nick, PhraseOf(rest), tab, go_on);
 }
 
 void RemoveUser(Client& client, std::string_view nick, int tab) {
@@ -100,8 +106,7 @@ void RemoveUser(Client& client, std::string_view nick, int tab) {
   const std::int32_t users = ToLong(Mid(caption, slash + 1)) - 1;
   const Position record = session.UsersText.Find("\r\n" + Text(nick) + "\n");
   if (record != 0) {
-    const Text flags = session.UsersText.FlagsBehind(record + 2, Len(nick));
-    if (HasOperatorFlag(flags)) --operators;
+    if (HasOperatorFlag(session.UsersText.FlagsOfRecord(record + 2))) --operators;
   }
   desktop.SetUsersNumCaption(
       tab, "Пользователей: "_w + std::to_string(operators) + "/" + std::to_string(users));

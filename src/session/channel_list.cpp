@@ -5,9 +5,9 @@
 #include "session/connect.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
-#include "session/paint_once.h"
 #include "session/pane_selection.h"
 #include "text/cut.h"
+#include "text/fault.h"
 #include "text/number.h"
 
 namespace parlorwire {
@@ -34,6 +34,7 @@ struct Page {
   Client& client;
   int tab;
   Text text;  // a copy: events that run in between may change the tab's own
+  PanePosition start = 0;
 
   RichTextBox& pane() const { return client.tab(tab).Rich; }
 };
@@ -43,7 +44,12 @@ void SelectEnd(const Page& page) {
   SelectPaneEnd(page.client, end, end, page.tab);
 }
 
+// The most that a page may become, in characters. A key inside a value begins a record of its own,
+// so a page without line ends can ask for the square of its length.
+constexpr PanePosition kLargestList = PanePosition{32} * 1024 * 1024;
+
 void AppendRun(const Page& page, std::string_view text, const PaneFormat& format) {
+  if (page.pane().Length() - page.start > kLargestList) throw Fault(fault::kOutOfMemory);
   SelectEnd(page);
   page.pane().SelFormat(format);
   page.pane().ReplaceSel(text);
@@ -138,23 +144,27 @@ void RememberChannel(Client& client, const Text& login, const Text& channel) {
 }  // namespace
 
 void ShowChannelList(Client& client, int tab) {
-  const Page page{client, tab, client.tab(tab).ChannelListPage};
+  const TabSession& session = client.tab(tab);
+  const std::uint32_t session_number = session.SessionNumber;
+  const Page page{client, tab, session.ChannelListPage, session.Rich.Length()};
   const PaintOnce paint_once(page.pane());
   AppendHeading(page);
-  // The event loop has its turn once a record: in between nothing changes that it could show.
   for (Position at = 1; at <= Len(page.text); ++at) {
     if (!KeyStandsAt(page, at)) continue;
     const PaneScrollInfo before = page.pane().GetScrollInfo();
     AppendRecord(page, at);
     if (before.pos + before.page >= before.max) page.pane().VScroll(PaneScroll::kBottom);
     client.platform.desktop.YieldToEvents();
+    if (session.SessionNumber != session_number) return;
   }
 }
 
 void EnterListedChannel(Client& client, int tab, const Text& channel) {
   TabSession& session = client.tab(tab);
+  const std::uint32_t session_number = session.SessionNumber;
   session.Channel = channel;
   RememberChannel(client, session.Login, channel);
+  if (session.SessionNumber != session_number) return;  // closed, or connected already
   session.ClearPanesOnConnect = true;
   ConnectToChat(client, tab);
 }

@@ -48,6 +48,10 @@ struct TabSession {
   bool ActionsArmed = false;         // Timer6 has passed: ClientAction may act
   bool LinesArmed = false;           // Timer26 has passed: mentions may raise balloons
 
+  // Grows with every ConnectToChat and every close of the tab. Who lets the event loop run in the
+  // middle of something compares it behind: another number is another session.
+  std::uint32_t SessionNumber = 0;
+
   // ---- buffers ----
   Text LoginAnswer;      // raw bytes of the login answer
   Text LineCarry;        // decoded tail of the frame without a line end yet

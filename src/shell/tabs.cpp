@@ -83,6 +83,7 @@ bool close_tab(Client& client) {
   // Asked once more from the event loop that runs below.
   if (client.app.ClosingTab) return false;
   client.app.ClosingTab = true;
+  ++session.SessionNumber;
   session.TabClosing = true;
   CloseWaiting(desktop, *session.Winsock1);
   CloseWaiting(desktop, *session.Winsock5);
@@ -100,8 +101,8 @@ bool close_tab(Client& client) {
   if (!AnyTabInUse(client)) return AskToQuit(client);
   session.EverConnected = false;
   session.LoginShown = false;
-  const int next = TabBeside(desktop, closed);
-  desktop.SetActiveTab(next);
+  // Whoever has gone to another tab while the connections ended stays there.
+  if (desktop.ActiveTab() == closed) desktop.SetActiveTab(TabBeside(desktop, closed));
   desktop.SetTabVisible(closed, false);
   return false;
 }

@@ -5,6 +5,7 @@
 
 #include "support/chat.h"
 #include "support/pane_runs.h"
+#include "text/fault.h"
 #include "users/users_out.h"
 
 namespace parlorwire {
@@ -230,6 +231,48 @@ TEST_F(JoinHighlight, TimersAreKeptOnlyWhileTheySweep) {
   StartJoinHighlight(chat.client, 0, "bob");
   EXPECT_LE(chat.tab().JoinTimers.size(), 2u);
   EXPECT_EQ(chat.tab().JoinTimers[1], nullptr);
+}
+
+TEST_F(JoinHighlight, OfSeveralThatWaitOnlyTheLatestStarts) {
+  StartJoinHighlight(chat.client, 0, "bob");
+  List({"bob"});
+  StartJoinHighlight(chat.client, 0, "carl");
+  StartJoinHighlight(chat.client, 0, "dave");
+  EXPECT_EQ(chat.tab().JoinSlot, 3);
+  List({"bob", "carl", "dave"});
+  EXPECT_TRUE(Sweeping(1));
+  EXPECT_FALSE(Sweeping(2));
+  EXPECT_TRUE(Sweeping(3));
+}
+
+TEST_F(JoinHighlight, ALongerNickAheadOfItIsSweptAndGetsItsOwnRankBack) {
+  chat.tab().Rich_Users.Text("\r\n\r\n");
+  UsersOut(chat.client, {"bobby", "1.2.3.4", "[+o]", ""}, 0);
+  chat.tab().UsersText.Append("bobby", "1.2.3.4", "[+o]", "");
+  StartJoinHighlight(chat.client, 0, "bob");
+  UsersOut(chat.client, {"bob", "", "", ""}, 0);
+  chat.tab().UsersText.Append("bob", "", "", "");
+  Ticks(5);
+  EXPECT_EQ(RunsOf(chat.tab().Rich_Users, 4).front(), "bobby|Main 12 00ffff b u");
+}
+
+TEST_F(JoinHighlight, ALongerNickThatGoesInTheMiddleOfASweepDoesNotMakeItEndless) {
+  StartJoinHighlight(chat.client, 0, "bo");
+  List({"bobby", "bo"});
+  Ticks(4);
+  chat.tab().Rich_Users.Text("\r\n\r\nbo\r\n");
+  Ticks(1);
+  EXPECT_EQ(chat.tab().JoinSweeps[1], 1);
+  Ticks(12);
+  EXPECT_FALSE(Sweeping(1));
+}
+
+TEST_F(JoinHighlight, BeyondTheLastSlotItIsAnOverflow) {
+  StartJoinHighlight(chat.client, 0, "bob");
+  List({"bob"});
+  chat.tab().JoinSlot = 32767;
+  EXPECT_THROW(StartJoinHighlight(chat.client, 0, "carl"), Fault);
+  EXPECT_EQ(chat.tab().JoinSlot, 32767);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "support/chat.h"
+#include "text/fault.h"
 #include "users/users_out.h"
 
 namespace parlorwire {
@@ -210,6 +211,27 @@ TEST_F(Reactions, ALineThatCannotBeCutIsLoggedAndPassedOver) {
   EXPECT_TRUE(
       chat.ErrorLog().ends_with(". Function: ClientAction. Dump: bob приходит к нам)\r\n"_w));
   EXPECT_FALSE(Joined());
+}
+
+TEST_F(Reactions, AFaultInTheListOfKicksIsLoggedAndTheRestGoesOn) {
+  chat.client.app.AutoKick = true;
+  chat.tab().IsOperator = true;
+  chat.client.hooks.FindAutoKick = [](const Text&, const Text&, bool, const Text&) -> Text {
+    throw Fault(fault::kInvalidCall);
+  };
+  Tell("bob приходит на канал"_w);
+  EXPECT_TRUE(Joined());
+  EXPECT_EQ(chat.tab().JoinLines, "bob");
+  EXPECT_THAT(updates, ElementsAre(0));
+  EXPECT_TRUE(
+      chat.ErrorLog().ends_with(". Function: ClientAction. Dump: bob приходит на канал\r\n"_w));
+}
+
+TEST_F(Reactions, TheRankThatComesBackDoesNotTickTheBoxByItself) {
+  chat.tab().IsOperator = true;
+  chat.tab().SayUseOpState = true;
+  Tell("alice больше не оператор"_w);
+  EXPECT_FALSE(chat.tab().SayUseOpState);
 }
 
 }  // namespace

@@ -94,9 +94,11 @@ TEST(KilledClient, ADayLogLacksNoPieceButTheLast) {
     const Text found =
         exists(folder.path() / kDayLogOnDisk) ? folder.Content(kDayLogOnDisk) : Text();
     if (found != expected.files.files[kDayLog]) {
-      // It was killed between the write and the count: the piece is whole.
+      // It was killed in the write, of which the system may have done a part, or behind it.
       LogChatLine(model, Piece((*written)++), "talk");
-      ASSERT_EQ(found, expected.files.files[kDayLog]) << "round " << round;
+      const Text& whole = expected.files.files[kDayLog];
+      ASSERT_TRUE(whole.starts_with(found)) << "round " << round << "\n" << found;
+      folder.Put(kDayLogOnDisk, whole);
     }
     if (*written > before) ++good;
   }
@@ -132,7 +134,7 @@ TEST(KilledClient, SettingsAreThoseOfBeforeOrAfterAWrite) {
   EXPECT_EQ(good, kGoodRounds);
 }
 
-TEST(KilledClient, AnErrorLogThatStartsAnewHasWholeEntries) {
+TEST(KilledClient, AnErrorLogThatStartsAnewLacksNothingButOfItsLastEntry) {
   const TemporaryFolder folder;
   std::mt19937 random(3);
   int good = 0;
@@ -144,11 +146,11 @@ TEST(KilledClient, AnErrorLogThatStartsAnewHasWholeEntries) {
     });
     if (!exists(folder.path() / "error.log")) continue;
     const Text found = folder.Content("error.log");
-    ASSERT_EQ(found.size() % entry.size(), 0U) << "round " << round;
     Text whole;
     while (whole.size() < found.size())
       whole += entry;
-    ASSERT_EQ(found, whole);
+    ASSERT_TRUE(whole.starts_with(found)) << "round " << round << "\n" << found;
+    folder.Put("error.log", whole);
     ++good;
   }
   EXPECT_EQ(good, kGoodRounds);

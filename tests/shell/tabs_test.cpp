@@ -5,6 +5,7 @@
 #include "session/leaving.h"
 #include "session/personal_notice.h"
 #include "session/proxy_dialog.h"
+#include "shell/hot_keys.h"
 #include "support/chat.h"
 #include "text/cut.h"
 
@@ -294,6 +295,29 @@ TEST_F(CloseTab, ATabClosedOnceCanBeUsedAgain) {
   EXPECT_EQ(dialogs, std::vector<int>{1});
   Enter(1);
   EXPECT_TRUE(chat.tab(1).Connected);
+}
+
+TEST_F(CloseTab, AReloginThatWasAskedForDoesNotSaveIt) {
+  Show({0, 1});
+  Enter(0);
+  Enter(1);
+  LogInAfresh(chat.client);
+  close_tab(chat.client);
+  chat.platform.time.Advance(300000);
+  EXPECT_EQ(chat.Winsock1(1).State(), SocketState::kClosed);
+  EXPECT_FALSE(chat.tab(1).Connecting);
+  EXPECT_EQ(Visible(), std::vector<int>{0});
+}
+
+TEST_F(CloseTab, WhoHasGoneToAnotherTabMeanwhileStaysThere) {
+  Show({0, 1, 2});
+  Enter(0);
+  Enter(2);
+  Enter(1);
+  desktop.on_yield = [this] { desktop.SetActiveTab(0); };
+  close_tab(chat.client);
+  EXPECT_EQ(desktop.ActiveTab(), 0);
+  EXPECT_EQ(Visible(), (std::vector<int>{0, 2}));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "session/connect.h"
 #include "support/pane_runs.h"
 #include "support/scripted_view.h"
 #include "support/simulated_platform.h"
@@ -284,6 +285,12 @@ TEST_F(UserFrameTest, AnOwnOperatorFlagMakesTheUserOne) {
   EXPECT_TRUE(said.empty());
 }
 
+TEST_F(UserFrameTest, TheOwnNickInAnotherCaseWithoutTheTimerFlagAsksForIt) {
+  Frame("mE|[][]''\n");
+  EXPECT_THAT(said, ElementsAre("/mo -t"));
+  EXPECT_EQ(socket().State(), SocketState::kConnecting);
+}
+
 TEST_F(UserFrameTest, OnATabThatIsNotShownSayUseOpStaysAsItIs) {
   platform.desktop.active_tab = 1;
   Frame("Me|[+o -t][]''\n");
@@ -418,16 +425,32 @@ TEST_F(UserFrameTest, WaitingEventsRunOnceWhileTheListIsEmpty) {
   EXPECT_EQ(platform.desktop.yields, 1);
 }
 
-TEST_F(UserFrameTest, AFetchThatStartsInTheMiddleLosesNothingOfThisOne) {
+TEST_F(UserFrameTest, AFetchThatStartsInTheMiddleAndThisOneLoseNothing) {
   platform.desktop.on_yield = [&] {
     platform.desktop.on_yield = nullptr;
     UpdateUsersFrame(client, 0);
     socket().Accept();
-    socket().Deliver("half");
+    socket().Deliver(Text(kHeader) + kTop + "car");
   };
   Frame("ann|[][]''\nbob|[][]''\n");
   EXPECT_EQ(session.UsersText.text(), "\r\nann\n\n\n\r\nbob\n\n\n");
   EXPECT_EQ(Counter(), "Пользователей: 0/2");
+  socket().Deliver("l|[][]''\n");
+  socket().PeerCloses();
+  EXPECT_EQ(session.UsersText.text(), "\r\ncarl\n\n\n");
+  EXPECT_EQ(Counter(), "Пользователей: 0/1");
+}
+
+TEST_F(UserFrameTest, ASessionThatBeginsInTheMiddleGetsNoOldList) {
+  session.Login = "me";
+  platform.desktop.on_yield = [&] {
+    platform.desktop.on_yield = nullptr;
+    ConnectToChat(client, 0);
+  };
+  Frame("ann|[][]''\nme|[+o][]''\n");
+  EXPECT_EQ(Shown(), "");
+  EXPECT_FALSE(session.IsOperator);
+  EXPECT_TRUE(said.empty());
 }
 
 // ---- large and broken answers ----
