@@ -39,6 +39,9 @@ TEST(CommandLine, TakesEveryOption) {
                                       "--quiet",
                                       "--talk",
                                       "50",
+                                      "--talk-lines",
+                                      "700",
+                                      "--talk-frames=3",
                                       "--keepalive",
                                       "5",
                                       "--history=7",
@@ -65,6 +68,8 @@ TEST(CommandLine, TakesEveryOption) {
   EXPECT_EQ(options.address, "0.0.0.0");
   EXPECT_FALSE(options.inhabitants.present);
   EXPECT_EQ(options.inhabitants.talk, 50);
+  EXPECT_EQ(options.inhabitants.talk_lines, 700);
+  EXPECT_EQ(options.inhabitants.talk_frames, 3U);
   EXPECT_EQ(options.inhabitants.channels, (std::vector<Text>{"Кухня"_w, "hall"}));
   EXPECT_EQ(options.chat.keep_alive_ms, 5000);
   EXPECT_EQ(options.chat.history, 7);
@@ -97,9 +102,10 @@ TEST(CommandLine, HelpNamesEveryOption) {
   const auto line = ReadCommandLine(std::vector<const char*>{"--help"});
   EXPECT_TRUE(std::get<CommandLine>(line).help);
   for (const char* option :
-       {"--port", "--address", "--quiet", "--no-inhabitants", "--talk", "--keepalive", "--history",
-        "--grace", "--kick-time", "--max-frames", "--max-connections", "--channels", "--ban",
-        "--admin", "--seed", "--form-b", "--misbehave", "--help"})
+       {"--port",       "--address",     "--quiet",           "--no-inhabitants", "--talk",
+        "--talk-lines", "--talk-frames", "--keepalive",       "--history",        "--grace",
+        "--kick-time",  "--max-frames",  "--max-connections", "--channels",       "--ban",
+        "--admin",      "--seed",        "--form-b",          "--misbehave",      "--help"})
     EXPECT_TRUE(Contains(HelpText(), option)) << option;
 }
 
