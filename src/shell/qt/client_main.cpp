@@ -44,7 +44,6 @@ namespace {
 
 constexpr int kTimer4Interval = 100;  // ms
 constexpr int kTimer5Interval = 10;
-constexpr int kSplashTime = 500;           // ms
 constexpr int kSplashWithoutFocus = 3000;  // ms; a window that the desktop never activates
 
 int ClampedPixels(double twips, int least, int most) {
@@ -203,12 +202,6 @@ void client_main::Load() {
   move(ClampedPixels(place.Left, -kFarthest, kFarthest),
        ClampedPixels(place.Top, -kFarthest, kFarthest));
   QTimer::singleShot(kSplashWithoutFocus, this, [this] { EndSplash(); });
-}
-
-void client_main::ShowAfterSplash() {
-  QTimer::singleShot(kSplashTime, this, [this] {
-    if (!unloaded_) show();
-  });
 }
 
 void client_main::Unload() {
