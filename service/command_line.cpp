@@ -47,7 +47,7 @@ struct Option {
   Setter set;
 };
 
-constexpr std::array<Option, 20> kOptions = {{
+constexpr std::array<Option, 21> kOptions = {{
     {"--port", true,
      [](ServerOptions& o, std::string_view v) {
        return SetNumber<[](ServerOptions& s) -> auto& { return s.port; }>(o, v, 65535, 1);
@@ -69,12 +69,17 @@ constexpr std::array<Option, 20> kOptions = {{
     {"--talk-lines", true,
      [](ServerOptions& o, std::string_view v) {
        return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_lines; }>(
-           o, v, 100000000, 1);
+           o, v, 999999999, 1);
+     }},
+    {"--talk-frames", true,
+     [](ServerOptions& o, std::string_view v) {
+       return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_frames; }>(
+           o, v, 100000, 1);
      }},
     {"--talk-length", true,
      [](ServerOptions& o, std::string_view v) {
-       return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_length; }>(o, v,
-                                                                                          400, 1);
+       return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_length; }>(
+           o, v, 400, 1);
      }},
     {"--patient", false,
      [](ServerOptions& o, std::string_view) { return o.inhabitants.patient = true; }},
@@ -178,6 +183,7 @@ Prints "listening on ADDRESS:PORT" when it is ready, and ends on SIGTERM or SIGI
                        no inhabitants who talk, greet, come and go
   --talk N             inhabitants say N lines a second on each channel that is read
   --talk-lines N       they fall silent after N lines on a channel
+  --talk-frames N      they begin when N frames are open
   --talk-length N      their lines say N characters or somewhat more
   --patient            they wait for readers that have much to take yet
   --keepalive S        a line that carries nothing after S seconds of silence (30)

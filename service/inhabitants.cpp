@@ -192,8 +192,17 @@ void TalkOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channel, const
   }
 }
 
+bool HasSaidAll(const Inhabitants& inhabitants, const Channel& channel) {
+  const auto load = inhabitants.loads.find(channel.name);
+  return inhabitants.options.talk_lines > 0 && load != inhabitants.loads.end() &&
+         load->second.said >= inhabitants.options.talk_lines;
+}
+
 void Talk(Inhabitants& inhabitants, Chat& chat, const Moment& now) {
-  bool heard = false;
+  inhabitants.next_ms = kForever;
+  if (chat.frames.size() >= inhabitants.options.talk_frames) inhabitants.talking = true;
+  if (!inhabitants.talking) return;
+  bool goes_on = false;
   for (auto& [key, channel] : chat.channels) {
     const bool has_reader = std::any_of(channel.members.begin(), channel.members.end(),
                                         [](const Member& each) { return each.frame != nullptr; });
@@ -201,15 +210,15 @@ void Talk(Inhabitants& inhabitants, Chat& chat, const Moment& now) {
       TalkOnChannel(inhabitants, chat, channel, now);
     else
       inhabitants.loads.erase(channel.name);
-    heard = heard || has_reader;
+    goes_on = goes_on || (has_reader && !HasSaidAll(inhabitants, channel));
   }
-  inhabitants.next_ms = heard ? now.ms + kTalkPeriodMs : kForever;
+  if (goes_on) inhabitants.next_ms = now.ms + kTalkPeriodMs;
 }
 
 }  // namespace
 
 Inhabitants MoveIn(Chat& chat, const InhabitantOptions& options, const Moment& now) {
-  Inhabitants inhabitants{options, kForever, {}, {}, {}};
+  Inhabitants inhabitants{options, kForever, {}, {}, {}, false};
   if (!options.present) return inhabitants;
   for (const Persona& persona : kPersonas)
     AccountOf(chat, persona);

@@ -16,6 +16,7 @@ struct InhabitantOptions {
   std::vector<Text> channels = {"Гостиная"_w, "Кухня"_w};  // where they live
   int talk = 0;  // lines a second on each channel that somebody reads; 0: a line now and then
   std::int64_t talk_lines = 0;  // on each channel; then they fall silent. 0: without an end
+  std::size_t talk_frames = 0;  // they begin to talk when so many frames are open
   int talk_length = 0;          // characters of what a line of talk says at least
   bool patient = false;  // no talk on a channel while one of its readers has much to take yet
 };
@@ -32,6 +33,7 @@ struct Inhabitants {
   std::map<Text, std::int64_t> next_deed;  // by channel: when somebody does something
   std::map<Text, std::set<Text>> greeted;  // by channel: keys of nicks
   std::map<Text, Load> loads;              // by channel
+  bool talking = false;                    // enough frames were open
 };
 
 // Puts them on their channels.

@@ -38,6 +38,7 @@ struct RichTextBox::Storage {
   bool redraw = true;
   PanePointer pointer = PanePointer::kArrow;
   int width = 0;
+  int right_margin = 0;
 
   PaneView* view = nullptr;
 
@@ -244,6 +245,16 @@ int RichTextBox::Width() const {
 
 void RichTextBox::Width(int twips) {
   storage_->width = twips;
+}
+
+int RichTextBox::RightMargin() const {
+  return storage_->right_margin;
+}
+
+void RichTextBox::RightMargin(int twips) {
+  RefuseNegative(twips);
+  if (std::exchange(storage_->right_margin, twips) == twips) return;
+  if (storage_->view != nullptr) storage_->view->RightMarginChanged(twips);
 }
 
 bool RichTextBox::Visible() const {

@@ -94,6 +94,7 @@ class PaneView {
   virtual void RedrawChanged(bool on) = 0;
 
   virtual void VisibleChanged(bool visible) = 0;
+  virtual void RightMarginChanged(int twips) = 0;
   virtual void PointerChanged(PanePointer pointer) = 0;
   virtual void Refresh() = 0;  // a repaint is wanted
   virtual void Scroll(PaneScroll command) = 0;
@@ -149,6 +150,10 @@ class RichTextBox {
   void MousePointer(PanePointer pointer);
   int Width() const;  // twips
   void Width(int twips);
+  // Where lines wrap, in twips from the left; 0, the default: at the view's width. Negative: Fault
+  // 380.
+  int RightMargin() const;
+  void RightMargin(int twips);
   bool Visible() const;
   void Visible(bool visible);
   void Refresh();

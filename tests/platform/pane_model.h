@@ -163,6 +163,7 @@ struct PaneMirror : PaneView {
   }
   void RedrawChanged(bool on) override { redraws.push_back(on); }
   void VisibleChanged(bool visible) override { visibles.push_back(visible); }
+  void RightMarginChanged(int twips) override { right_margins.push_back(twips); }
   void PointerChanged(PanePointer pointer) override { pointers.push_back(pointer); }
   void Refresh() override { ++refreshes; }
   void Scroll(PaneScroll command) override { scrolls.push_back(command); }
@@ -202,6 +203,7 @@ struct PaneMirror : PaneView {
   int refreshes = 0;
   std::vector<bool> redraws;
   std::vector<bool> visibles;
+  std::vector<int> right_margins;
   std::vector<PanePointer> pointers;
   std::vector<PaneScroll> scrolls;
 };

@@ -3,6 +3,7 @@
 
 #include "pane_model.h"
 #include "platform/rich_text_box.h"
+#include "text/fault.h"
 
 namespace parlorwire {
 namespace {
@@ -160,6 +161,21 @@ TEST(RichTextBoxView, IsToldOfVisibilityPointerRefreshAndScrolling) {
   pane.VScroll(PaneScroll::kLineUp);
   pane.VScroll(PaneScroll::kBottom);
   EXPECT_EQ(view.scrolls, (std::vector<PaneScroll>{PaneScroll::kLineUp, PaneScroll::kBottom}));
+}
+
+TEST(RichTextBoxView, IsToldWhereLinesWrap) {
+  RichTextBox pane;
+  EXPECT_EQ(pane.RightMargin(), 0);
+  PaneMirror view(pane);
+  pane.Attach(&view);
+  pane.RightMargin(0);
+  pane.RightMargin(53'000);
+  pane.RightMargin(53'000);
+  EXPECT_EQ(pane.RightMargin(), 53'000);
+  EXPECT_THROW(pane.RightMargin(-1), Fault);
+  EXPECT_EQ(pane.RightMargin(), 53'000);
+  pane.RightMargin(0);
+  EXPECT_EQ(view.right_margins, (std::vector<int>{53'000, 0}));
 }
 
 TEST(RichTextBoxView, IsAskedForScrollingAndPoints) {

@@ -2,6 +2,7 @@
 #include <QLineEdit>
 #include <QObject>
 #include <QUrl>
+#include <QWindow>
 
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/link_label.h"
@@ -50,6 +51,62 @@ class LinksAndButtonsTest : public QObject {
     QCOMPARE(button.grab().toImage(), normal);
     button.setEnabled(false);
     QVERIFY(button.grab().toImage() != normal);
+  }
+
+  void AGraphicButtonHeldDownLooksNormalWhileThePointerIsOutside() {
+    Windows windows("[Main]\r\nWidth=12000\r\nHeight=7500\r\n");
+    auto* button = windows.Find<QAbstractButton>("button_connect_main");
+    button->setFocus();
+    QWindow* window = windows.window->windowHandle();
+    const QPoint inside = button->mapTo(windows.window.get(), button->rect().center());
+    const QPoint outside = inside + QPoint(0, 200);
+    QTest::mouseMove(window, outside);
+    const QImage normal = button->grab().toImage();
+    QTest::mouseMove(window, inside);
+    const QImage hover = button->grab().toImage();
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, inside);
+    const QImage pressed = button->grab().toImage();
+    QVERIFY(normal != hover && hover != pressed && normal != pressed);
+    QTest::mouseMove(window, outside);
+    QCOMPARE(button->grab().toImage(), normal);
+    QTest::mouseMove(window, inside);
+    QCOMPARE(button->grab().toImage(), pressed);
+    QTest::mouseMove(window, outside);
+    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, outside);
+    QCOMPARE(button->grab().toImage(), normal);
+    for (QWidget* top : QApplication::topLevelWidgets())
+      QVERIFY(top->objectName() != "connection_form" || !top->isVisible());
+  }
+
+  void TheEdgeOfAGraphicButtonIsSharpAtAnyScale_data() {
+    QTest::addColumn<qreal>("scale");
+    QTest::addColumn<int>("width");  // of the edge, in pixels of the screen
+    QTest::newRow("1") << 1.0 << 1;
+    QTest::newRow("1.25") << 1.25 << 1;
+    QTest::newRow("1.5") << 1.5 << 2;
+    QTest::newRow("2") << 2.0 << 2;
+    QTest::newRow("3") << 3.0 << 3;
+  }
+  void TheEdgeOfAGraphicButtonIsSharpAtAnyScale() {
+    QFETCH(qreal, scale);
+    QFETCH(int, width);
+    GraphicButton button(GraphicButton::Picture::kSay, nullptr);
+    button.resize(91, 27);
+    QImage image((QSizeF(button.size()) * scale).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::white);
+    button.render(&image);
+    const int x = image.width() / 8;
+    const int y = image.height() / 2;
+    const QColor edge(0x8F978E);
+    for (int i = 0; i <= width; ++i) {
+      const bool on_edge = i < width;
+      QCOMPARE(image.pixelColor(x, i) == edge, on_edge);
+      QCOMPARE(image.pixelColor(x, image.height() - 1 - i) == edge, on_edge);
+      QCOMPARE(image.pixelColor(i, y) == edge, on_edge);
+      QCOMPARE(image.pixelColor(image.width() - 1 - i, y) == edge, on_edge);
+    }
+    QVERIFY(image.pixelColor(x, width).lightness() > 240);
   }
 
   void AGraphicButtonActsOnTheLeftReleaseInside() {

@@ -40,7 +40,8 @@ TEST(CommandLine, TakesEveryOption) {
                                       "--talk",
                                       "50",
                                       "--talk-lines",
-                                      "1000000",
+                                      "700",
+                                      "--talk-frames=3",
                                       "--talk-length",
                                       "70",
                                       "--patient",
@@ -70,7 +71,8 @@ TEST(CommandLine, TakesEveryOption) {
   EXPECT_EQ(options.address, "0.0.0.0");
   EXPECT_FALSE(options.inhabitants.present);
   EXPECT_EQ(options.inhabitants.talk, 50);
-  EXPECT_EQ(options.inhabitants.talk_lines, 1000000);
+  EXPECT_EQ(options.inhabitants.talk_lines, 700);
+  EXPECT_EQ(options.inhabitants.talk_frames, 3U);
   EXPECT_EQ(options.inhabitants.talk_length, 70);
   EXPECT_TRUE(options.inhabitants.patient);
   EXPECT_EQ(options.inhabitants.channels, (std::vector<Text>{"Кухня"_w, "hall"}));
@@ -105,9 +107,11 @@ TEST(CommandLine, HelpNamesEveryOption) {
   const auto line = ReadCommandLine(std::vector<const char*>{"--help"});
   EXPECT_TRUE(std::get<CommandLine>(line).help);
   for (const char* option :
-       {"--port", "--address", "--quiet", "--no-inhabitants", "--talk", "--talk-lines",
-        "--talk-length", "--patient", "--keepalive", "--history", "--grace", "--kick-time", "--max-frames", "--max-connections", "--channels", "--ban",
-        "--admin", "--seed", "--form-b", "--misbehave", "--help"})
+       {"--port",       "--address",     "--quiet",       "--no-inhabitants", "--talk",
+        "--talk-lines", "--talk-frames", "--talk-length", "--patient",        "--keepalive",
+        "--history",    "--grace",       "--kick-time",   "--max-frames",     "--max-connections",
+        "--channels",   "--ban",         "--admin",       "--seed",           "--form-b",
+        "--misbehave",  "--help"})
     EXPECT_TRUE(Contains(HelpText(), option)) << option;
 }
 

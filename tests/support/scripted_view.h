@@ -22,6 +22,7 @@ class ScriptedView : public PaneView {
   void SelectionChanged() override {}
   void RedrawChanged(bool on) override { painting = on; }
   void VisibleChanged(bool) override {}
+  void RightMarginChanged(int) override {}
   void PointerChanged(PanePointer) override {}
   void Refresh() override { ++refreshes; }
   void Scroll(PaneScroll command) override { scrolls.push_back(command); }

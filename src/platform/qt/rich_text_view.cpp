@@ -12,7 +12,7 @@
 namespace parlorwire {
 namespace {
 
-constexpr int kMargin = 3;  // pixels beside the text
+constexpr int kTwipsPerPixel = 15;
 
 // The part of the fragment that is selected, its line break included.
 SelectedStretch SelectedIn(const Fragment& fragment, PaneRange selected) {
@@ -29,7 +29,6 @@ SelectedStretch SelectedIn(const Fragment& fragment, PaneRange selected) {
 RichTextView::RichTextView(RichTextBox& box, QWidget* parent)
     : QAbstractScrollArea(parent), box_(box), arrangement_(box), announcer_(box, this) {
   InstallPaneAccessibility();
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -87,25 +86,16 @@ void RichTextView::VisibleChanged(bool visible) {
   setVisible(visible);
 }
 
+void RichTextView::RightMarginChanged(int) {
+  ResizeText();
+}
+
 void RichTextView::PointerChanged(PanePointer pointer) {
   viewport()->setCursor(pointer == PanePointer::kCustom ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 
 void RichTextView::Refresh() {
   NoteChange();
-}
-
-void RichTextView::Scroll(PaneScroll command) {
-  show_caret_ = false;
-  if (command == PaneScroll::kBottom)
-    arrangement_.ScrollToEnd();
-  else
-    arrangement_.ScrollBy(-arrangement_.RowHeight());
-  NoteChange();
-}
-
-PaneScrollInfo RichTextView::GetScrollInfo() const {
-  return arrangement_.ScrollInfo();
 }
 
 // ---- repainting ----
@@ -120,7 +110,7 @@ void RichTextView::NoteChange() {
 void RichTextView::Settle() {
   settle_posted_ = false;
   if (!redraw_ || !isVisible()) return;
-  if (show_caret_) arrangement_.Show(selection_.range().start);
+  if (show_caret_) Reveal(selection_.range().start);
   show_caret_ = false;
   RepaintDifferences(arrangement_.Seen());
   for (const PlacedFragment& placed : arrangement_.Seen())
@@ -128,6 +118,7 @@ void RichTextView::Settle() {
       viewport()->update(0, placed.top, viewport()->width(), placed.layout->height);
   restyled_ = {};
   UpdateScrollBar(BarUpdate::kIfSeen);
+  UpdateSidewaysBar();
   announcer_.Flush();
 }
 
@@ -198,8 +189,8 @@ void RichTextView::paintEvent(QPaintEvent* event) {
     const QRect place(0, placed.top, viewport()->width(), placed.layout->height);
     if (!event->region().intersects(place)) continue;
     ++fragments_painted_;
-    Paint(painter, *placed.layout, {kMargin, qreal(placed.top)}, clip,
-          SelectedIn(placed.fragment, selection_.range()), palette(),
+    Paint(painter, *placed.layout, {qreal(TextLeft()), qreal(placed.top)}, clip,
+          viewport()->width(), SelectedIn(placed.fragment, selection_.range()), palette(),
           arrangement_.Tools().pictures);
   }
   // What is settled after this must know whether all that is seen is up to date.
@@ -211,7 +202,13 @@ void RichTextView::paintEvent(QPaintEvent* event) {
 
 void RichTextView::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
-  arrangement_.Resize(viewport()->width() - 2 * kMargin, viewport()->height());
+  ResizeText();
+}
+
+void RichTextView::ResizeText() {
+  const int wraps_at = box_.RightMargin() / kTwipsPerPixel;
+  arrangement_.Resize(wraps_at > 0 ? wraps_at : viewport()->width() - 2 * kMargin,
+                      viewport()->height());
   painted_valid_ = false;
   NoteChange();
 }
@@ -241,86 +238,6 @@ void RichTextView::focusOutEvent(QFocusEvent* event) {
   Restyle(selection_.range());
 }
 
-// ---- scrolling ----
-
-// In a long pane a line more moves the bar by nothing that can be seen: then it is left alone.
-void RichTextView::UpdateScrollBar(BarUpdate update) {
-  QScrollBar* bar = verticalScrollBar();
-  if (bar->isSliderDown()) return;
-  const PaneScrollInfo info = arrangement_.ScrollInfo();
-  const int maximum = info.max - info.page;
-  if (update == BarUpdate::kIfSeen && info.max > 0 && bar->maximum() > 0 &&
-      (info.pos == maximum) == (bar->value() == bar->maximum())) {
-    const double length = bar->height();
-    const double shown = bar->maximum() + bar->pageStep();
-    const double top = length * (info.pos / double(info.max) - bar->value() / shown);
-    const double thumb = length * (info.page / double(info.max) - bar->pageStep() / shown);
-    if (std::abs(top) < 0.5 && std::abs(thumb) < 0.5) return;
-  }
-  updating_bar_ = true;
-  bar->setPageStep(info.page);
-  bar->setSingleStep(arrangement_.RowHeight());
-  bar->setRange(0, maximum);
-  bar->setValue(info.pos);
-  updating_bar_ = false;
-}
-
-// The reader has moved the bar.
-void RichTextView::scrollContentsBy(int, int) {
-  if (updating_bar_) return;
-  const QScrollBar* bar = verticalScrollBar();
-  if (bar->value() >= bar->maximum())
-    arrangement_.ScrollToEnd();
-  else if (bar->value() <= 0)
-    arrangement_.ScrollToStart();
-  else
-    arrangement_.ScrollToUnit(bar->value());
-  NoteChange();
-}
-
-// Rows and pages are steps of true pixels, not of the bar's estimated ones.
-void RichTextView::BarActed(int action) {
-  switch (action) {
-    case QAbstractSlider::SliderSingleStepAdd:
-      return ScrollBy(arrangement_.RowHeight());
-    case QAbstractSlider::SliderSingleStepSub:
-      return ScrollBy(-arrangement_.RowHeight());
-    case QAbstractSlider::SliderPageStepAdd:
-      return ScrollPages(1);
-    case QAbstractSlider::SliderPageStepSub:
-      return ScrollPages(-1);
-    default:
-      return;
-  }
-}
-
-void RichTextView::ScrollBy(int pixels) {
-  show_caret_ = false;
-  arrangement_.ScrollBy(pixels);
-  UpdateScrollBar(BarUpdate::kExact);
-  NoteChange();
-}
-
-void RichTextView::ScrollPages(double pages) {
-  const int page = std::max(arrangement_.Height() - arrangement_.RowHeight(), 1);
-  ScrollBy(static_cast<int>(pages * page));
-}
-
-void RichTextView::ScrollToStart() {
-  arrangement_.ScrollToStart();
-  NoteChange();
-}
-
-void RichTextView::ScrollToEnd() {
-  arrangement_.ScrollToEnd();
-  NoteChange();
-}
-
-void RichTextView::ShowPosition(PanePosition position) {
-  arrangement_.Show(std::clamp(position, PanePosition{0}, box_.Length()));
-  NoteChange();
-}
-
 // ---- what lies where ----
 
 const PlacedFragment& RichTextView::PlacedAt(int y) const {
@@ -334,14 +251,19 @@ const PlacedFragment& RichTextView::PlacedAt(int y) const {
 PanePosition RichTextView::CharFromPos(int x, int y) const {
   const PlacedFragment& placed = PlacedAt(y);
   if (y >= placed.top + placed.layout->height) return box_.Length();
-  return placed.fragment.start + CharacterAt(*placed.layout, x - kMargin, y - placed.top);
+  return placed.fragment.start + CharacterAt(*placed.layout, x - TextLeft(), y - placed.top);
 }
 
 PanePosition RichTextView::BorderFromPos(QPoint point) const {
   const PlacedFragment& placed = PlacedAt(point.y());
   if (point.y() >= placed.top + placed.layout->height) return box_.Length();
   return placed.fragment.start +
-         BorderAt(*placed.layout, point.x() - kMargin, point.y() - placed.top);
+         BorderAt(*placed.layout, point.x() - TextLeft(), point.y() - placed.top);
+}
+
+// Where the lines begin, in pixels from the view's left edge.
+int RichTextView::TextLeft() const {
+  return kMargin - horizontalScrollBar()->value();
 }
 
 PaneRange RichTextView::RowAround(PanePosition position) const {
@@ -357,7 +279,9 @@ QRect RichTextView::CharacterRect(PanePosition position) const {
   for (const PlacedFragment& placed : arrangement_.Seen()) {
     if (position < placed.fragment.start || position >= placed.fragment.next) continue;
     const int index = static_cast<int>(position - placed.fragment.start);
-    return BoxOf(*placed.layout, index, index + 1).translated(kMargin, placed.top).toAlignedRect();
+    return BoxOf(*placed.layout, index, index + 1)
+        .translated(TextLeft(), placed.top)
+        .toAlignedRect();
   }
   return {};
 }

@@ -75,6 +75,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void SelectionChanged() override;
   void RedrawChanged(bool on) override;
   void VisibleChanged(bool visible) override;
+  void RightMarginChanged(int twips) override;
   void PointerChanged(PanePointer pointer) override;
   void Refresh() override;
   void Scroll(PaneScroll command) override;
@@ -110,6 +111,8 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  static constexpr int kMargin = 3;  // pixels beside the text
+
   // ---- what is seen ----
   struct PaintedFragment {
     std::uint64_t serial = 0;
@@ -121,19 +124,29 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void RepaintDifferences(const std::vector<PlacedFragment>& seen);
   void RememberPainted(const std::vector<PlacedFragment>& seen);
   void Restyle(PaneRange range);
+  void ResizeText();
   enum class BarUpdate { kIfSeen, kExact };
   void UpdateScrollBar(BarUpdate update);
+  void UpdateSidewaysBar();
   void BarActed(int action);
+  int WheelPixels(int pixels, int angle, int& rest) const;
   void ScrollBy(int pixels);
+  void ScrollSideways(int pixels);
+  void Reveal(PanePosition position);
+  void RevealSideways(PanePosition position);
 
   // ---- what the reader does ----
+  int TextLeft() const;
   const PlacedFragment& PlacedAt(int y) const;
   PanePosition BorderFromPos(QPoint point) const;
   void ShowSelection(PaneSelection selection);
+  QPoint Within(QPoint point) const;
+  QPoint Beyond(QPoint point) const;
   void BeginDrag(PanePosition position, PaneGrain grain);
   void DragTo(PanePosition position);
   void EndDrag();
   bool ScrollKey(QKeyEvent* event);
+  bool SidewaysKey(int pixels);
   bool SelectKey(QKeyEvent* event);
   PanePosition MovedCaret(QKeyEvent* event);
   PanePosition BelowCaret(int pixels);
@@ -167,8 +180,8 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   QBasicTimer drag_scroll_;
   quint64 double_clicked_ = 0;  // milliseconds of the events' clock
   QPoint double_clicked_at_;
-  int goal_x_ = -1;     // where the caret goes up and down; -1: where it is
-  int wheel_rest_ = 0;  // eighths of a degree that have not moved a pixel yet
+  int goal_x_ = -1;    // where the caret goes up and down; -1: where it is
+  QPoint wheel_rest_;  // eighths of a degree times pixels that have not moved a pixel yet
 };
 
 }  // namespace parlorwire

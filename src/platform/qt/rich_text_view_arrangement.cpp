@@ -22,6 +22,7 @@ void PaneArrangement::MeasureUnits() {
 }
 
 void PaneArrangement::Resize(int width, int height) {
+  if (width != width_) widest_ = 0;
   width_ = std::max(width, 1);
   height_ = std::max(height, 1);
   MeasureUnits();
@@ -32,6 +33,7 @@ void PaneArrangement::Resize(int width, int height) {
 void PaneArrangement::Forget() {
   tools_.formats.Clear();
   cache_.Clear();
+  widest_ = 0;
   Resize(width_, height_);
 }
 
@@ -42,6 +44,8 @@ std::shared_ptr<const FragmentLayout> PaneArrangement::LayoutOf(const Fragment& 
 void PaneArrangement::TextChanged(const PaneView::TextChange& change) {
   cache_.TextChanged(box_, change);
   const PanePosition removed_end = change.start + change.removed;
+  ForgetWidest(change.start, removed_end);
+  widest_line_.TextChanged(change);
   const PanePosition shift = change.inserted - change.removed;
   if (anchor_.position >= removed_end && anchor_.position > change.start) {
     anchor_.position += shift;
@@ -60,8 +64,25 @@ void PaneArrangement::TextChanged(const PaneView::TextChange& change) {
 
 void PaneArrangement::FormatChanged(PanePosition start, PanePosition end) {
   cache_.FormatChanged(box_, start, end);
+  ForgetWidest(start, end);
   if (start < overflowing_) overflowing_ = 0;
   stale_ = true;
+}
+
+// What is in [start, end) changes, or there is new text at `start`.
+void PaneArrangement::ForgetWidest(PanePosition start, PanePosition end) {
+  const PaneRange line = widest_line_.range();
+  if (start < line.end && end >= line.start) widest_ = 0;
+}
+
+int PaneArrangement::Widest() {
+  Arrange();
+  for (const PlacedFragment& placed : seen_) {
+    if (placed.layout->widest <= widest_) continue;
+    widest_ = placed.layout->widest;
+    widest_line_ = {placed.fragment.start, placed.fragment.next};
+  }
+  return widest_;
 }
 
 // ---- the anchor ----

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "platform/qt/rich_text_view_cache.h"
+#include "platform/qt/rich_text_view_selection.h"
 
 namespace parlorwire {
 
@@ -50,6 +51,10 @@ class PaneArrangement {
   void ScrollToUnit(int unit);
   // Brings the character into the view, at its nearest edge.
   void Show(PanePosition position);
+
+  // Where the line that goes furthest to the right ends, of those seen; as long as that line stands
+  // in the pane, those that are not in the view any more count too.
+  int Widest();
 
   // The scroll bar. Lays out nothing where it can be told without.
   PaneScrollInfo ScrollInfo();
@@ -84,6 +89,7 @@ class PaneArrangement {
   bool Overflows();
   bool HeldAtEnd() const;
   void MeasureUnits();
+  void ForgetWidest(PanePosition start, PanePosition end);
   double UnitsAt(std::int64_t line, PanePosition position) const;
   Units UnitsOf(const Fragment& fragment) const;
   double UnitsAt(const PlacedFragment& placed, int y) const;
@@ -100,6 +106,8 @@ class PaneArrangement {
   Anchor anchor_;
   bool stale_ = true;
   std::vector<PlacedFragment> seen_;
+  int widest_ = 0;
+  PaneSelection widest_line_;
   // The characters ahead of this one are higher than the view; 0: not known.
   PanePosition overflowing_ = 0;
 };

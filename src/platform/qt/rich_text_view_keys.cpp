@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QScrollBar>
 #include <algorithm>
 
 #include "platform/qt/rich_text_view.h"
@@ -40,6 +41,10 @@ bool RichTextView::ScrollKey(QKeyEvent* event) {
     case Qt::Key_Down:
       ScrollBy(arrangement_.RowHeight());
       return true;
+    case Qt::Key_Left:
+      return SidewaysKey(-arrangement_.RowHeight());
+    case Qt::Key_Right:
+      return SidewaysKey(arrangement_.RowHeight());
     case Qt::Key_PageUp:
       ScrollPages(-1);
       return true;
@@ -58,6 +63,12 @@ bool RichTextView::ScrollKey(QKeyEvent* event) {
     default:
       return false;
   }
+}
+
+bool RichTextView::SidewaysKey(int pixels) {
+  if (horizontalScrollBar()->maximum() == 0) return false;
+  ScrollSideways(pixels);
+  return true;
 }
 
 // ---- selecting ----

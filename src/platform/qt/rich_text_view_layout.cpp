@@ -109,6 +109,8 @@ void BreakIntoRows(FragmentLayout& layout) {
     const int height =
         std::max(ascent + static_cast<int>(std::ceil(line.descent())), bar ? kBarHeight : 1);
     line.setPosition({0, top + ascent - line.ascent()});
+    layout.widest =
+        std::max(layout.widest, static_cast<int>(std::ceil(line.naturalTextRect().right())));
     layout.rows.push_back({start, end, top, height});
     top += height;
   }
@@ -217,13 +219,13 @@ void FillStretch(QPainter& painter, const FragmentLayout& layout, int number, QP
   painter.fillRect(QRectF(at.x() + left, at.y() + row.top, right - left, row.height), colour);
 }
 
-void PaintBacks(QPainter& painter, const FragmentLayout& layout, int number, QPointF at) {
+void PaintBacks(QPainter& painter, const FragmentLayout& layout, int number, QPointF at,
+                int ground) {
   const auto& row = layout.rows[static_cast<std::size_t>(number)];
   for (const auto& back : layout.backs) {
     if (back.end <= row.start || back.start >= row.end) continue;
     if (IsBar(layout, back, row.start, row.end))
-      painter.fillRect(QRectF(0, at.y() + row.top, layout.width + 2 * at.x(), row.height),
-                       back.colour);
+      painter.fillRect(QRectF(0, at.y() + row.top, ground, row.height), back.colour);
     else
       FillStretch(painter, layout, number, at, back.start, back.end, back.colour);
   }
@@ -269,14 +271,15 @@ void PaintPictures(QPainter& painter, const FragmentLayout& layout, int number, 
 }  // namespace
 
 void Paint(QPainter& painter, const FragmentLayout& layout, QPointF at, const QRectF& clip,
-           SelectedStretch selected, const QPalette& palette, ToolkitPictures& pictures) {
+           int ground, SelectedStretch selected, const QPalette& palette,
+           ToolkitPictures& pictures) {
   if (layout.text.lineCount() == 0) return;
   const int first = RowAt(layout, static_cast<int>(clip.top() - at.y()));
   const int last = RowAt(layout, static_cast<int>(clip.bottom() - at.y()));
   const QColor highlight = palette.color(QPalette::Highlight);
   const bool any_selected = selected.end > selected.start;
   for (int row = first; row <= last; ++row) {
-    PaintBacks(painter, layout, row, at);
+    PaintBacks(painter, layout, row, at, ground);
     if (any_selected) PaintSelected(painter, layout, row, at, selected, highlight);
   }
   QList<QTextLayout::FormatRange> ranges;

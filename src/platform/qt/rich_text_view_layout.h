@@ -42,6 +42,7 @@ struct FragmentLayout {
   std::uint64_t serial = 0;  // no other layout has it
   int width = 0;
   int height = 0;
+  int widest = 0;       // where the row that goes furthest to the right ends, blanks left out
   int length = 0;       // characters
   bool breaks = false;  // a line break follows
   QTextLayout text;
@@ -81,9 +82,10 @@ struct SelectedStretch {
   int end = 0;
 };
 
-// Paints with the top left corner at `at`, only the rows that touch `clip`. `ground` is the width
-// of the view: a bar of nothing but coloured blanks is as wide.
+// Paints with the top left corner at `at`, only the rows that touch `clip`. A bar of nothing but
+// coloured blanks is as wide as the view, which is `ground` pixels wide.
 void Paint(QPainter& painter, const FragmentLayout& layout, QPointF at, const QRectF& clip,
-           SelectedStretch selected, const QPalette& palette, ToolkitPictures& pictures);
+           int ground, SelectedStretch selected, const QPalette& palette,
+           ToolkitPictures& pictures);
 
 }  // namespace parlorwire

@@ -1,11 +1,10 @@
 // The mouse in a pane.
-#include <QApplication>
 #include <QClipboard>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyleHints>
 #include <QTimerEvent>
-#include <QWheelEvent>
 #include <algorithm>
 
 #include "platform/qt/rich_text_view.h"
@@ -15,29 +14,12 @@ namespace parlorwire {
 namespace {
 
 constexpr int kDragScrollMilliseconds = 30;
-constexpr int kEighthsPerNotch = 120;
 
 }  // namespace
 
 bool RichTextView::viewportEvent(QEvent* event) {
   if (event->type() == QEvent::Leave) emit mouseLeft();
   return QAbstractScrollArea::viewportEvent(event);
-}
-
-// ---- the wheel ----
-
-// By pixels: a touch pad tells them, a wheel's notch is some rows.
-void RichTextView::wheelEvent(QWheelEvent* event) {
-  if (event->modifiers() & Qt::ControlModifier) return event->ignore();
-  int pixels = event->pixelDelta().y();
-  if (pixels == 0) {
-    const int notch = QApplication::wheelScrollLines() * arrangement_.RowHeight();
-    wheel_rest_ += event->angleDelta().y() * notch;
-    pixels = wheel_rest_ / kEighthsPerNotch;
-    wheel_rest_ %= kEighthsPerNotch;
-  }
-  if (pixels != 0) ScrollBy(-pixels);
-  event->accept();
 }
 
 // ---- selecting ----
@@ -80,12 +62,11 @@ void RichTextView::mouseMoveEvent(QMouseEvent* event) {
   const QPoint point = event->position().toPoint();
   if (drag_.active && (event->buttons() & Qt::LeftButton)) {
     drag_.point = point;
-    const bool beyond = point.y() < 0 || point.y() >= viewport()->height();
-    if (!beyond)
+    if (Beyond(point).isNull())
       drag_scroll_.stop();
     else if (!drag_scroll_.isActive())
       drag_scroll_.start(kDragScrollMilliseconds, this);
-    DragTo(BorderFromPos({point.x(), std::clamp(point.y(), 0, viewport()->height() - 1)}));
+    DragTo(BorderFromPos(Within(point)));
   }
   emit mouseMovedOver(CharFromPos(point.x(), point.y()));
 }
@@ -99,10 +80,24 @@ void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
 // The further beyond the edge, the faster.
 void RichTextView::timerEvent(QTimerEvent* event) {
   if (event->timerId() != drag_scroll_.timerId()) return QAbstractScrollArea::timerEvent(event);
-  const int below = drag_.point.y() - (viewport()->height() - 1);
-  const int beyond = below > 0 ? below : std::min(drag_.point.y(), 0);
-  ScrollBy(beyond / 2 + (beyond > 0 ? 1 : -1));
-  DragTo(BorderFromPos({drag_.point.x(), beyond > 0 ? viewport()->height() - 1 : 0}));
+  const auto step = [](int beyond) { return beyond / 2 + (beyond > 0) - (beyond < 0); };
+  const QPoint beyond = Beyond(drag_.point);
+  if (beyond.y() != 0) ScrollBy(step(beyond.y()));
+  if (beyond.x() != 0) ScrollSideways(step(beyond.x()));
+  DragTo(BorderFromPos(Within(drag_.point)));
+}
+
+// The nearest point of the view; to the sides only where the text goes on there.
+QPoint RichTextView::Within(QPoint point) const {
+  const QRect seen = viewport()->rect();
+  if (horizontalScrollBar()->maximum() > 0)
+    point.setX(std::clamp(point.x(), seen.left(), std::max(seen.right(), 0)));
+  point.setY(std::clamp(point.y(), seen.top(), std::max(seen.bottom(), 0)));
+  return point;
+}
+
+QPoint RichTextView::Beyond(QPoint point) const {
+  return point - Within(point);
 }
 
 void RichTextView::BeginDrag(PanePosition position, PaneGrain grain) {

@@ -24,7 +24,6 @@
 #include "shell/qt/control_names.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/ground.h"
-#include "shell/qt/line_razdel.h"
 #include "shell/qt/link_label.h"
 #include "shell/qt/main_menu.h"
 #include "shell/qt/main_shortcuts.h"
@@ -37,7 +36,6 @@
 #include "shell/shut_down.h"
 #include "shell/start_up.h"
 #include "shell/tabs.h"
-#include "text/number.h"
 #include "users/input_history.h"
 #include "users/posting.h"
 
@@ -56,7 +54,10 @@ int ClampedPixels(double twips, int least, int most) {
 }  // namespace
 
 client_main::client_main(Client& client, QtDesktop& desktop)
-    : controls(NewMainControls(client, this, statusBar())), client_(client), desktop_(desktop) {
+    : controls(NewMainControls(client, this, statusBar())),
+      client_(client),
+      desktop_(desktop),
+      layout_(controls, client) {
   NameControl(this, "client_main");
   SayControl(this, "Parlorwire");
   setWindowIcon(QIcon(QStringLiteral(":/parlorwire/parlorwire.svg")));
@@ -152,7 +153,6 @@ void client_main::WireTab(int slot) {
   });
   connect(tab.StopScroll, &QAbstractButton::clicked, this,
           [this, slot] { desktop_.FocusMsg(slot); });
-  tab.line_razdel->Moved = [this, slot](int left) { MoveSplitter(slot, left); };
   WirePane(slot);
 }
 
@@ -226,9 +226,9 @@ void client_main::CloseTab() {
 }
 
 void client_main::ShowActiveSlot() {
+  PlaceControls();
   ShowSlot(controls, controls.SSTab->AnyVisible() ? controls.SSTab->Tab() : -1);
   ShowPanels(controls, client_);
-  PlaceControls();
 }
 
 void client_main::ShowLanguage(int language) {
@@ -251,19 +251,10 @@ void client_main::ShowLoginDialog() {
   connection_form_->ShowLoginDialog();
 }
 
-void client_main::MoveSplitter(int slot, int left) {
-  const QRect strip = controls.SSTab->geometry();
-  const int pane_width = left - strip.left() - Pixels(kPaneMargin + kRazdelGap);
-  const double percent = pane_width * 100.0 / std::max(1, strip.width());
-  const double clamped = ClampSplit(Twips(strip.width()), percent);
-  client_.tab(slot).TabSplitPercent = NumberText(clamped);
-  PlaceControls();
-}
-
 void client_main::PlaceControls() {
   // Sizes that the window never really had must not move the splitters.
   if (!testAttribute(Qt::WA_Resized) || unloaded_) return;
-  PlaceMainControls(controls, client_);
+  layout_.PlaceAll();
 }
 
 void client_main::closeEvent(QCloseEvent* event) {

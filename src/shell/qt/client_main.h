@@ -11,6 +11,7 @@
 
 #include "session/client.h"
 #include "shell/qt/main_controls.h"
+#include "shell/qt/main_layout.h"
 
 namespace parlorwire {
 
@@ -58,12 +59,12 @@ class client_main : public QMainWindow {
   void WirePane(int slot);
   void FillHooks();
   void ShowLoginDialog();
-  void MoveSplitter(int slot, int left);
   void PlaceControls();
   void EndSplash();
 
   Client& client_;
   QtDesktop& desktop_;
+  MainLayout layout_;
   MainMenu* menu_;
   std::unique_ptr<connection_form> connection_form_;
   std::unique_ptr<zastavka> zastavka_;
