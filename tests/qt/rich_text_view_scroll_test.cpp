@@ -362,7 +362,7 @@ class RichTextViewScrollTest : public QObject {
           break;
       }
       if (random() % 2 == 0) continue;
-      QTest::qWait(25);
+      ShownPane::Settle();
       QCOMPARE(pane.OnScreen(), pane.Picture());
     }
   }

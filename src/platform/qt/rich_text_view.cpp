@@ -47,7 +47,8 @@ RichTextView::~RichTextView() {
 }
 
 RichTextView::Counters RichTextView::counters() const {
-  return {arrangement_.Tools().laid_out, paints_, fragments_painted_};
+  const LayoutTools& tools = arrangement_.Tools();
+  return {tools.laid_out, tools.wrapped, paints_, fragments_painted_};
 }
 
 // ---- what the pane tells ----
@@ -267,7 +268,7 @@ int RichTextView::TextLeft() const {
 }
 
 PaneRange RichTextView::RowAround(PanePosition position) const {
-  const Fragment fragment = FragmentAt(box_, position);
+  const Fragment fragment = arrangement_.Fragments().At(position);
   const auto layout = arrangement_.LayoutOf(fragment);
   const int number = RowOf(*layout, static_cast<int>(position - fragment.start));
   const auto& row = layout->rows[static_cast<std::size_t>(number)];

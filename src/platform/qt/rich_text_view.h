@@ -64,6 +64,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
 
   struct Counters {
     std::uint64_t laid_out = 0;  // fragments, ever
+    std::uint64_t wrapped = 0;   // characters measured
     std::uint64_t paints = 0;    // paint events
     std::uint64_t painted = 0;   // fragments painted
   };

@@ -87,12 +87,13 @@ void RichTextView::timerEvent(QTimerEvent* event) {
   DragTo(BorderFromPos(Within(drag_.point)));
 }
 
-// The nearest point of the view; to the sides only where the text goes on there.
+// The nearest point of the view; to a side only if the text goes on there.
 QPoint RichTextView::Within(QPoint point) const {
   const QRect seen = viewport()->rect();
-  if (horizontalScrollBar()->maximum() > 0)
-    point.setX(std::clamp(point.x(), seen.left(), std::max(seen.right(), 0)));
-  point.setY(std::clamp(point.y(), seen.top(), std::max(seen.bottom(), 0)));
+  const QScrollBar* bar = horizontalScrollBar();
+  if (bar->value() > 0) point.setX(std::max(point.x(), 0));
+  if (bar->value() < bar->maximum()) point.setX(std::min(point.x(), seen.right()));
+  point.setY(std::clamp(point.y(), 0, std::max(seen.bottom(), 0)));
   return point;
 }
 

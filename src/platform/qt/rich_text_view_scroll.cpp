@@ -165,7 +165,7 @@ void RichTextView::Reveal(PanePosition position) {
 
 void RichTextView::RevealSideways(PanePosition position) {
   UpdateSidewaysBar();
-  const Fragment fragment = FragmentAt(box_, position);
+  const Fragment fragment = arrangement_.Fragments().At(position);
   const int index = static_cast<int>(position - fragment.start);
   const QRectF place = BoxOf(*arrangement_.LayoutOf(fragment), index, index + 1);
   const int left = static_cast<int>(std::floor(place.left()));
