@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScrollBar>
+#include <QScrollEvent>
+#include <QScrollPrepareEvent>
 #include <algorithm>
 
 #include "platform/qt/rich_text_view.h"
@@ -18,6 +20,14 @@ bool RichTextView::event(QEvent* event) {
       key->accept();
       return true;
     }
+  }
+  if (event->type() == QEvent::ScrollPrepare) {
+    PrepareTouch(static_cast<QScrollPrepareEvent*>(event));
+    return true;
+  }
+  if (event->type() == QEvent::Scroll) {
+    TouchScroll(static_cast<QScrollEvent*>(event));
+    return true;
   }
   return QAbstractScrollArea::event(event);
 }

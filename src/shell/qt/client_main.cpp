@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
 #include "session/leaving.h"
 #include "shell/client_main_layout.h"
@@ -120,6 +121,18 @@ void client_main::WireTab(int slot) {
     OnEvent(client_, "msg_KeyDown", [&] {
       BrowseInputHistory(client_, up ? HistoryDirection::kUp : HistoryDirection::kDown, slot);
     });
+  };
+  tab.msg->ScrollPane = [view = tab.Rich](PaneStep step) {
+    switch (step) {
+      case PaneStep::kPageUp:
+        return view->ScrollPages(-1);
+      case PaneStep::kPageDown:
+        return view->ScrollPages(1);
+      case PaneStep::kStart:
+        return view->ScrollToStart();
+      case PaneStep::kEnd:
+        return view->ScrollToEnd();
+    }
   };
   connect(tab.button_say, &QAbstractButton::clicked, this, [this, slot] {
     OnEvent(client_, "button_say", [&] { button_say_MouseUp(client_, slot, 1); });
