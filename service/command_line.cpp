@@ -47,7 +47,7 @@ struct Option {
   Setter set;
 };
 
-constexpr std::array<Option, 17> kOptions = {{
+constexpr std::array<Option, 19> kOptions = {{
     {"--port", true,
      [](ServerOptions& o, std::string_view v) {
        return SetNumber<[](ServerOptions& s) -> auto& { return s.port; }>(o, v, 65535, 1);
@@ -65,6 +65,16 @@ constexpr std::array<Option, 17> kOptions = {{
      [](ServerOptions& o, std::string_view v) {
        return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk; }>(o, v, 1000000,
                                                                                       1);
+     }},
+    {"--talk-lines", true,
+     [](ServerOptions& o, std::string_view v) {
+       return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_lines; }>(
+           o, v, 999999999, 1);
+     }},
+    {"--talk-frames", true,
+     [](ServerOptions& o, std::string_view v) {
+       return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_frames; }>(
+           o, v, 100000, 1);
      }},
     {"--channels", true,
      [](ServerOptions& o, std::string_view v) {
@@ -165,6 +175,8 @@ Prints "listening on ADDRESS:PORT" when it is ready, and ends on SIGTERM or SIGI
   --quiet, --no-inhabitants
                        no inhabitants who talk, greet, come and go
   --talk N             inhabitants say N lines a second on each channel that is read
+  --talk-lines N       they fall silent after N lines on a channel
+  --talk-frames N      they begin when N frames are open
   --keepalive S        a line that carries nothing after S seconds of silence (30)
   --history N          lines that a newcomer is given, 0 to 200 (20)
   --grace S            a nick stays S seconds after its connection broke (3)
@@ -175,8 +187,11 @@ Prints "listening on ADDRESS:PORT" when it is ready, and ends on SIGTERM or SIGI
   --max-frames N       with N frames open, logins are turned away (800)
   --max-connections N  (1000)
   --seed N             repeatable tickets and talk
-  --misbehave KIND[:N] go wrong on purpose, for tests of clients: none, stall, cut, reset,
-                       garbage, drip, drop; also allows /misbehave?fault=KIND:N
+  --misbehave KIND[:N][@PATH]
+                       go wrong on purpose, for tests of clients: none, stall, cut, reset,
+                       garbage, drip, drop, or any of them at random with N of 100 requests;
+                       with @PATH in the answers to requests of that path alone; also allows
+                       /misbehave?fault=KIND:N
   --help
 )";
 }

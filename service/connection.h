@@ -6,6 +6,7 @@
 #include <string>
 
 #include "service/chat.h"
+#include "service/misbehaviour.h"
 #include "service/request_reader.h"
 
 namespace parlorwire::service {
@@ -34,6 +35,7 @@ struct Connection {
   std::int64_t deadline = kForever;  // ms; what happens then depends on the phase
 
   // Faults on purpose.
+  Misbehaviour fault;            // that befalls this connection
   bool silent = false;           // never sends again
   std::int64_t since_fault = 0;  // bytes of the frame
   std::int64_t drips_at = 0;     // ms; when the next byte may go

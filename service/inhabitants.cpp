@@ -167,7 +167,8 @@ void TalkOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channel, const
   }
   const std::int64_t due = (now.ms - load.from_ms) * inhabitants.options.talk / 1000;
   // After a pause the arrears are made up in portions.
-  const std::int64_t last = std::min(due, load.said + inhabitants.options.talk / 2 + 1);
+  std::int64_t last = std::min(due, load.said + inhabitants.options.talk / 2 + 1);
+  if (inhabitants.options.talk_lines > 0) last = std::min(last, inhabitants.options.talk_lines);
   for (; load.said < last; ++load.said) {
     Text number = std::to_string(load.said + 1);
     number.insert(0, number.size() < 8 ? 8 - number.size() : 0, '0');
@@ -176,8 +177,17 @@ void TalkOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channel, const
   }
 }
 
+bool HasSaidAll(const Inhabitants& inhabitants, const Channel& channel) {
+  const auto load = inhabitants.loads.find(channel.name);
+  return inhabitants.options.talk_lines > 0 && load != inhabitants.loads.end() &&
+         load->second.said >= inhabitants.options.talk_lines;
+}
+
 void Talk(Inhabitants& inhabitants, Chat& chat, const Moment& now) {
-  bool heard = false;
+  inhabitants.next_ms = kForever;
+  if (chat.frames.size() >= inhabitants.options.talk_frames) inhabitants.talking = true;
+  if (!inhabitants.talking) return;
+  bool goes_on = false;
   for (auto& [key, channel] : chat.channels) {
     const bool has_reader = std::any_of(channel.members.begin(), channel.members.end(),
                                         [](const Member& each) { return each.frame != nullptr; });
@@ -185,15 +195,15 @@ void Talk(Inhabitants& inhabitants, Chat& chat, const Moment& now) {
       TalkOnChannel(inhabitants, chat, channel, now);
     else
       inhabitants.loads.erase(channel.name);
-    heard = heard || has_reader;
+    goes_on = goes_on || (has_reader && !HasSaidAll(inhabitants, channel));
   }
-  inhabitants.next_ms = heard ? now.ms + kTalkPeriodMs : kForever;
+  if (goes_on) inhabitants.next_ms = now.ms + kTalkPeriodMs;
 }
 
 }  // namespace
 
 Inhabitants MoveIn(Chat& chat, const InhabitantOptions& options, const Moment& now) {
-  Inhabitants inhabitants{options, kForever, {}, {}, {}};
+  Inhabitants inhabitants{options, kForever, {}, {}, {}, false};
   if (!options.present) return inhabitants;
   for (const Persona& persona : kPersonas)
     AccountOf(chat, persona);

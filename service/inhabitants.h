@@ -15,6 +15,8 @@ struct InhabitantOptions {
   bool present = true;
   std::vector<Text> channels = {"Гостиная"_w, "Кухня"_w};  // where they live
   int talk = 0;  // lines a second on each channel that somebody reads; 0: a line now and then
+  std::int64_t talk_lines = 0;  // on each channel; then they fall silent. 0: without an end
+  std::size_t talk_frames = 0;  // they begin to talk when so many frames are open
 };
 
 // The lines said on a channel for load.
@@ -29,6 +31,7 @@ struct Inhabitants {
   std::map<Text, std::int64_t> next_deed;  // by channel: when somebody does something
   std::map<Text, std::set<Text>> greeted;  // by channel: keys of nicks
   std::map<Text, Load> loads;              // by channel
+  bool talking = false;                    // enough frames were open
 };
 
 // Puts them on their channels.

@@ -250,8 +250,20 @@ bool Server::Loop::ReadEnd(Connection& connection) {
 bool Server::Loop::Serve(Connection& connection) {
   const Request request = std::exchange(connection.reader.request, {});
   if (TakesControl(connection, request)) return true;
+  connection.fault = FaultOf(request);
+  if (connection.fault.fault == Fault::kDrop) {
+    connection.phase = Phase::kAnswering;
+    connection.silent = true;
+    SetDeadline(connection, kForever);
+    return true;
+  }
   Answer answer = Handle(chat_, request, {connection.address, request.forwarded_for}, now_);
-  if (!answer.frame) return StartAnswer(connection, std::move(answer.bytes));
+  const Misbehaviour& misbehaviour = options_.misbehaviour;
+  const bool is_for_frames = misbehaviour.path.empty() && misbehaviour.fault != Fault::kRandom;
+  if (!answer.frame) {
+    if (is_for_frames) connection.fault = {};
+    return StartAnswer(connection, std::move(answer.bytes));
+  }
   connection.phase = Phase::kAnswering;
   connection.frame = *answer.frame;
   frames_[connection.frame] = connection.id;

@@ -56,7 +56,9 @@ class Server::Loop {
 
   // Faults on purpose.
   bool TakesControl(Connection& connection, const Request& request);
-  std::size_t MaySend(const Connection& connection) const;
+  void ChangeFault(const Misbehaviour& wanted);
+  Misbehaviour FaultOf(const Request& request);
+  static std::size_t MaySend(const Connection& connection);
   bool AfterSend(Connection& connection, std::size_t count);  // false: stop sending
 
   ServerOptions options_;

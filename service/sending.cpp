@@ -96,6 +96,7 @@ bool Server::Loop::WaitForRoom(Connection& connection) {
 
 bool Server::Loop::AllSent(Connection& connection) {
   if (connection.phase != Phase::kAnswering || connection.end == FrameEnd::kNone) return true;
+  if (connection.silent) return true;
   if (connection.end == FrameEnd::kClose) return Linger(connection);
   connection.phase = Phase::kEjecting;
   SetDeadline(connection, now_.ms + kEjectPauseMs);
@@ -144,49 +145,54 @@ void Server::Loop::DropWithReset(Connection& connection) {
   Drop(connection);
 }
 
-// "/misbehave?fault=..." from this machine changes the fault of all frames, if that is allowed.
+// "/misbehave?fault=..." from this machine changes the fault, if that is allowed.
 bool Server::Loop::TakesControl(Connection& connection, const Request& request) {
-  Misbehaviour& misbehaviour = options_.misbehaviour;
-  if (options_.control && request.path == "/misbehave" && connection.address.starts_with("127.")) {
-    const Form form = DecodeForm(request.query, FormBytes::kKoi);
-    const auto wanted = ParseMisbehaviour(form["fault"]);
-    if (!wanted) {
-      StartAnswer(connection, ErrorAnswer(400));
-      return true;
-    }
-    misbehaviour = *wanted;
-    for (auto& [id, each] : connections_)
-      each.since_fault = each.drips_at = 0;
-    StartAnswer(connection, "HTTP/1.0 200 OK\r\nContent-Type: text/plain\r\n\r\n" +
-                                MisbehaviourText(misbehaviour) + "\n");
+  if (!options_.control || request.path != "/misbehave" || !connection.address.starts_with("127."))
+    return false;
+  const Form form = DecodeForm(request.query, FormBytes::kKoi);
+  const auto wanted = ParseMisbehaviour(form["fault"]);
+  if (!wanted) {
+    StartAnswer(connection, ErrorAnswer(400));
     return true;
   }
-  if (misbehaviour.fault != Fault::kDrop || ++requests_ % misbehaviour.number != 0) return false;
-  connection.phase = Phase::kAnswering;
-  connection.silent = true;
-  SetDeadline(connection, kForever);
+  ChangeFault(*wanted);
+  StartAnswer(connection, "HTTP/1.0 200 OK\r\nContent-Type: text/plain\r\n\r\n" +
+                              MisbehaviourText(*wanted) + "\n");
   return true;
 }
 
-std::size_t Server::Loop::MaySend(const Connection& connection) const {
-  const std::size_t rest = connection.out.size() - connection.sent;
-  const Misbehaviour& misbehaviour = options_.misbehaviour;
-  if (connection.frame == 0) return rest;
-  switch (misbehaviour.fault) {
-    case Fault::kNone:
-    case Fault::kDrop:
-      return rest;
-    case Fault::kDrip:
-      return 1;
-    default:
-      return std::min(rest, static_cast<std::size_t>(std::max<std::int64_t>(
-                                1, misbehaviour.number - connection.since_fault)));
+// What concerns all frames concerns the open ones, too.
+void Server::Loop::ChangeFault(const Misbehaviour& wanted) {
+  options_.misbehaviour = wanted;
+  const bool is_for_frames =
+      wanted.path.empty() && wanted.fault != Fault::kRandom && wanted.fault != Fault::kDrop;
+  for (auto& [id, each] : connections_) {
+    each.fault = is_for_frames && each.frame != 0 ? wanted : Misbehaviour{};
+    each.since_fault = each.drips_at = 0;
   }
 }
 
-bool Server::Loop::AfterSend(Connection& connection, std::size_t count) {
+// What goes wrong with the answer to a request.
+Misbehaviour Server::Loop::FaultOf(const Request& request) {
   const Misbehaviour& misbehaviour = options_.misbehaviour;
-  if (connection.frame == 0 || misbehaviour.fault == Fault::kNone) return true;
+  if (!misbehaviour.path.empty() && misbehaviour.path != request.path) return {};
+  if (misbehaviour.fault == Fault::kRandom) return RandomFault(misbehaviour.number, chat_.random);
+  if (misbehaviour.fault == Fault::kDrop && ++requests_ % misbehaviour.number != 0) return {};
+  return misbehaviour;
+}
+
+std::size_t Server::Loop::MaySend(const Connection& connection) {
+  const std::size_t rest = connection.out.size() - connection.sent;
+  if (connection.fault.fault == Fault::kNone) return rest;
+  if (connection.fault.fault == Fault::kDrip) return 1;
+  const std::int64_t until =
+      std::max<std::int64_t>(1, connection.fault.number - connection.since_fault);
+  return std::min(rest, static_cast<std::size_t>(until));
+}
+
+bool Server::Loop::AfterSend(Connection& connection, std::size_t count) {
+  const Misbehaviour& misbehaviour = connection.fault;
+  if (misbehaviour.fault == Fault::kNone) return true;
   if (misbehaviour.fault == Fault::kDrip) {
     connection.drips_at = now_.ms + misbehaviour.number;
     SetDeadline(connection, connection.drips_at);
@@ -200,6 +206,7 @@ bool Server::Loop::AfterSend(Connection& connection, std::size_t count) {
       connection.silent = true;
       connection.out.clear();
       connection.sent = 0;
+      SetDeadline(connection, kForever);
       return false;
     case Fault::kCut:
       connection.out.clear();

@@ -26,4 +26,4 @@ BUILD_PACKAGES=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev qt6-transl
 SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils x11-xkb-utils xclip maim dbus-daemon at-spi2-core
                  python3-gi gir1.2-atspi-2.0)
 TEST_PACKAGES=(libgtest-dev libgmock-dev clang-19 clang-tidy-19 clang-format-19 libclang-rt-19-dev
-               iproute2 procps git)
+               iproute2 procps git tinyproxy-bin)

@@ -18,6 +18,10 @@ PaneColour RankColour(const AppState& app, std::string_view flags) {
   return app.rRichColors.Nicks;
 }
 
+bool HasOperatorFlag(std::string_view flags) {
+  return ContainsNoCase(flags, "+a") || ContainsNoCase(flags, "+o");
+}
+
 PaneColour ListedRankColour(const Client& client, std::string_view nick, int tab) {
   const UserRecords& users = client.tab(tab).UsersText;
   const Position at = users.Find(nick);

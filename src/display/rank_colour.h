@@ -1,4 +1,4 @@
-// The colour of a nick, by the flags that the service shows for it.
+// What the flags that the service shows for a nick mean.
 #pragma once
 
 #include <string_view>
@@ -7,11 +7,15 @@
 
 namespace parlorwire {
 
-// By the flags of a user, as in "[+o]"; the first of "+o", "+O" and "+A" decides, in this order and
-// with regard to case. Without any of them: rRichColors.Nicks.
+// The colour by the flags of a user, as in "[+o]"; the first of "+o", "+O" and "+A" decides, in
+// this order and with regard to case. Without any of them: rRichColors.Nicks.
 PaneColour RankColour(const AppState& app, std::string_view flags);
 
-// The same for a nick in the list of users that the tab has. A nick that is not in it:
+// Whether the flags are those of an operator or an administrator of any case; a user with "+a"
+// counts as one and yet has no colour of his own.
+bool HasOperatorFlag(std::string_view flags);
+
+// The colour of a nick in the list of users that the tab has. A nick that is not in it:
 // rRichColors.Nicks. A nick that is a part of a longer one ahead of it gets that one's colour.
 PaneColour ListedRankColour(const Client& client, std::string_view nick, int tab);
 

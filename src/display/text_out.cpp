@@ -41,8 +41,8 @@ PaneFormat MainFormat(const AppState& app, PaneColour colour) {
 }
 
 void Write(const Line& line, std::string_view piece) {
-  line.pane().ReplaceSel(piece);
   LogChatLine(line.client, piece, line.session.Channel);
+  line.pane().ReplaceSel(piece);
 }
 
 void Format(const Line& line, PanePosition start, PanePosition end, const PaneFormat& format) {
@@ -151,8 +151,9 @@ PaneFormat TextFormat(const Line& line) {
 
 // Takes the place of the blank that ends the run ahead.
 void WriteText(const Line& line) {
+  const PaneFormat format = TextFormat(line);  // lets events run, which may write to the pane
   const PanePosition end = line.pane().Length();
-  Format(line, end - 1, end, TextFormat(line));
+  Format(line, end - 1, end, format);
   const bool action = line.kind == LineKind::kAction;
   const std::string_view prefix = action ? kActionPrefix : " ";
   Text piece;

@@ -34,6 +34,7 @@ class Desktop {
   virtual void SetCloseTabEnabled(bool enabled) = 0;
   // The shared labels but `close_tab`.
   virtual void SetSharedLinksEnabled(bool enabled) = 0;
+  virtual bool LogoffEnabled() const = 0;
 
   // The controls of a tab.
   virtual bool StopScroll(int tab) const = 0;

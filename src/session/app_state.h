@@ -70,6 +70,13 @@ struct ProxyControls {
   Text proxy_pass;
 };
 
+// A message pane or a user list of a tab.
+struct ClickedPane {
+  enum class Kind { kNone, kRich, kRich_Users };
+  Kind kind = Kind::kNone;
+  int tab = 0;
+};
+
 struct AppState {
   // The language of messages. A text with two forms asks either "is it Russian" or "is it English";
   // both questions occur.
@@ -81,6 +88,8 @@ struct AppState {
   Text ChatPort = "80";
   Text ChatHostByName = "localhost";
   Text ChatHostByAddress = "127.0.0.1";
+
+  Text LetografUrl;  // a page of a statistics site; "" for none
 
   Text ProxyAuthBasic;  // base64 of proxy login, ":" and proxy password; renewed by every connect
   ProxyControls sett_conn;
@@ -116,10 +125,17 @@ struct AppState {
   Text SpamDomain = "flood.example";
   Text SpamDomainAllowed = "rules.flood.example";
 
-  int LastTab = 0;  // the tab left at the last switch
+  int LastTab = 0;          // the tab left at the last switch
+  bool ClosingTab = false;  // close_tab waits for the tab's connections to end
+
+  // The pane that the left mouse button went down on last, whatever got the focus since. Anything
+  // else that was clicked makes it kNone.
+  ClickedPane LastClickedWindow;
 
   // Under the mouse, whichever pane it is in.
-  bool MouseSelecting = false;  // the left button went down on text in a pane
+  bool MouseSelecting = false;     // the left button went down on text in a pane
+  PanePosition MouseDownChar = 0;  // where
+  Text HoverChannel;               // the name of the channel on a list of channels
 };
 
 }  // namespace parlorwire

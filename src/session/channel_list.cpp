@@ -1,7 +1,14 @@
 #include "session/channel_list.h"
 
+#include <algorithm>
+
+#include "session/connect.h"
+#include "session/fault_trap.h"
+#include "session/ini.h"
 #include "session/pane_selection.h"
 #include "text/cut.h"
+#include "text/fault.h"
+#include "text/number.h"
 
 namespace parlorwire {
 namespace {
@@ -27,6 +34,7 @@ struct Page {
   Client& client;
   int tab;
   Text text;  // a copy: events that run in between may change the tab's own
+  PanePosition start = 0;
 
   RichTextBox& pane() const { return client.tab(tab).Rich; }
 };
@@ -36,7 +44,12 @@ void SelectEnd(const Page& page) {
   SelectPaneEnd(page.client, end, end, page.tab);
 }
 
+// The most that a page may become, in characters. A key inside a value begins a record of its own,
+// so a page without line ends can ask for the square of its length.
+constexpr PanePosition kLargestList = PanePosition{32} * 1024 * 1024;
+
 void AppendRun(const Page& page, std::string_view text, const PaneFormat& format) {
+  if (page.pane().Length() - page.start > kLargestList) throw Fault(fault::kOutOfMemory);
   SelectEnd(page);
   page.pane().SelFormat(format);
   page.pane().ReplaceSel(text);
@@ -77,8 +90,11 @@ void AppendTopic(const Page& page, const Text& value) {
 }
 
 void AppendUser(const Page& page, Position at) {
-  const Position end = MinNonZero3(InStr(at, page.text, "\n"), InStr(at, page.text, "\t"),
-                                   InStr(at, page.text, "       "));
+  // What comes behind the line's end needs no search: a page may have very many users.
+  const Position line_end = InStr(at, page.text, "\n");
+  const std::string_view lines = std::string_view(page.text).substr(
+      0, line_end == 0 ? page.text.size() : static_cast<std::size_t>(line_end - 1));
+  const Position end = MinNonZero3(line_end, InStr(at, lines, "\t"), InStr(at, lines, "       "));
   AppendRun(page, Trim(Value(page, at, "user:", end)) + "\r\n",
             Face(kRed, 10, PaneAlignment::kLeft));
 }
@@ -113,19 +129,44 @@ void AppendRecord(const Page& page, Position at) {
   if (rest.starts_with("user:")) AppendUser(page, at);
 }
 
+// The first saved login of that nick gets the channel.
+void RememberChannel(Client& client, const Text& login, const Text& channel) {
+  std::int32_t count = 0;
+  PassOverFault([&] { count = ToLong(ReadIni(client, "Main", "Logins")); });
+  for (std::int32_t n = 0; n <= std::min(count, kMaxLogins); ++n) {
+    const Text saved = ReadIni(client, "Main", "Login" + std::to_string(n));
+    if (TrimView(saved).empty() || !EqualsNoCase(saved, login)) continue;
+    WriteIni(client, "Main", "Channel" + std::to_string(n), channel);
+    return;
+  }
+}
+
 }  // namespace
 
 void ShowChannelList(Client& client, int tab) {
-  const Page page{client, tab, client.tab(tab).ChannelListPage};
+  const TabSession& session = client.tab(tab);
+  const std::uint32_t session_number = session.SessionNumber;
+  const Page page{client, tab, session.ChannelListPage, session.Rich.Length()};
+  const PaintOnce paint_once(page.pane());
   AppendHeading(page);
-  // The event loop has its turn once a record: in between nothing changes that it could show.
   for (Position at = 1; at <= Len(page.text); ++at) {
     if (!KeyStandsAt(page, at)) continue;
     const PaneScrollInfo before = page.pane().GetScrollInfo();
     AppendRecord(page, at);
     if (before.pos + before.page >= before.max) page.pane().VScroll(PaneScroll::kBottom);
     client.platform.desktop.YieldToEvents();
+    if (session.SessionNumber != session_number) return;
   }
+}
+
+void EnterListedChannel(Client& client, int tab, const Text& channel) {
+  TabSession& session = client.tab(tab);
+  const std::uint32_t session_number = session.SessionNumber;
+  session.Channel = channel;
+  RememberChannel(client, session.Login, channel);
+  if (session.SessionNumber != session_number) return;  // closed, or connected already
+  session.ClearPanesOnConnect = true;
+  ConnectToChat(client, tab);
 }
 
 }  // namespace parlorwire

@@ -3,6 +3,7 @@
 #include "session/fault_trap.h"
 #include "session/frame_end.h"
 #include "session/frame_stream.h"
+#include "session/http_answer.h"
 #include "session/http_request.h"
 #include "session/personal_notice.h"
 #include "session/proxy_dialog.h"
@@ -108,6 +109,7 @@ void ConnectToChat(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   Desktop& desktop = client.platform.desktop;
   const ProxyControls& proxy = ProxyDialog(client);
+  ++session.SessionNumber;
 
   desktop.SetTabControlsEnabled(tab, false);
   if (session.ClearPanesOnConnect) {
@@ -189,19 +191,22 @@ void Winsock1_DataArrival(Client& client, int tab, std::size_t bytes_total) {
   if (bytes_total == 0) return;
   TabSession& session = client.tab(tab);
   if (!session.Authorized) {
-    session.LoginAnswer += session.Winsock1->GetData();
+    TakeAnswer(session.LoginAnswer, session.Winsock1->GetData());
     return;
   }
   const Text decoded = DecodeKoi(session.Winsock1->GetData());
   session.Connecting = false;
-  session.ChannelListPage += decoded;
+  TakeAnswer(session.ChannelListPage, decoded);
   session.WatchdogTicks = 0;
   session.Timer3->Enabled(false);
   GoOnAfterFault(client, ". Function: Winsock1_DataArrival",
                  [&] { session.Timer3->Interval(client.app.ReconnectDelayValue); });
   session.Timer3->Enabled(true);  // the reader may switch it off again
+  const std::uint32_t session_number = session.SessionNumber;
   CacheMessages(client, decoded, tab);
-  session.Timer6->Enabled(true);
+  // Once armed it has nothing more to do; and the lines of a session that has gone arm no other.
+  if (!session.ActionsArmed && session.SessionNumber == session_number)
+    session.Timer6->Enabled(true);
 }
 
 void Winsock1_Close(Client& client, int tab) {

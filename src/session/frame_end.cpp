@@ -25,7 +25,9 @@ void EndChannelList(Client& client, int tab) {
   StatusOut(client, "Построение и форматирование..."_w, tab);
   ShowTabCaption(client, tab, EnglishOrElse(client, "Channel list", "Список каналов"_w));
   StatusOk(client, tab);
+  const std::uint32_t session_number = session.SessionNumber;
   GoOnAfterFault(client, ". Function: Winsock1_Close", [&] { ShowChannelList(client, tab); });
+  if (session.SessionNumber != session_number) return;
   session.ChannelListPage.clear();
   client.platform.desktop.SetCloseTabEnabled(true);
 }

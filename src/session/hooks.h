@@ -51,6 +51,9 @@ struct Hooks {
   Hook<void(const Text& text, int tab)> SayBot;
   // bot/reactions: a system line is about to be shown
   Hook<void(const Text& line, int tab)> ClientAction;
+  // bot/autokick: the reason for which the list of kicks names a nick or an address on a channel,
+  // "" if it doesn't
+  Hook<Text(const Text& who, const Text& channel, bool is_nick, const Text& nick)> FindAutoKick;
   // bot/reactions: the list of users is new; a fault in it reaches the caller
   Hook<void(int tab)> SayBotFunction;
   // bot/join_highlight: a line of the list was drawn; the highlight that waits for it may start
@@ -64,6 +67,8 @@ struct Hooks {
   Hook<void(const Text& caption)> SetTabTitle;
   // shell/qt/open_url: a page in the user's browser
   Hook<void(const Text& url)> OpenUrl;
+  // shell/qt/search_form: the search dialog comes up
+  Hook<void()> ShowSearchDialog;
   // shell/qt/connection_form: the login dialog comes up for the active tab
   Hook<void(int tab)> ShowLoginDialog;
 };

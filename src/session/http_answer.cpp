@@ -1,8 +1,14 @@
 #include "session/http_answer.h"
 
+#include <algorithm>
+
 #include "text/cut.h"
 
 namespace parlorwire {
+
+void TakeAnswer(Text& answer, std::string_view arrived) {
+  answer += arrived.substr(0, kLargestAnswer - std::min(kLargestAnswer, answer.size()));
+}
 
 Text WithoutHeader(Text answer) {
   if (!answer.starts_with("HTTP/1.0 200") && !answer.starts_with("HTTP/1.1 200")) return answer;

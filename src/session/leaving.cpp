@@ -1,6 +1,8 @@
 #include "session/leaving.h"
 
 #include "session/channel_list.h"
+#include "session/fault_trap.h"
+#include "session/http_answer.h"
 #include "session/http_request.h"
 #include "session/proxy_dialog.h"
 #include "session/status.h"
@@ -46,14 +48,16 @@ void Winsock5_Connect(Client& client, int tab) {
 void Winsock5_DataArrival(Client& client, int tab, std::size_t bytes_total) {
   if (bytes_total == 0) return;
   TabSession& session = client.tab(tab);
-  session.ChannelListPage += DecodeKoi(session.Winsock5->GetData());
+  TakeAnswer(session.ChannelListPage, DecodeKoi(session.Winsock5->GetData()));
 }
 
 void Winsock5_Close(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   if (session.ChannelListPage.empty()) return;
   if (session.LeavePending) {
-    ShowChannelList(client, tab);
+    const std::uint32_t session_number = session.SessionNumber;
+    GoOnAfterFault(client, ". Function: Winsock5_Close", [&] { ShowChannelList(client, tab); });
+    if (session.SessionNumber != session_number) return;
     ShowTabCaption(client, tab, EnglishOrElse(client, "Channel list", "Список каналов"_w));
     session.IsChannelList = true;
   }

@@ -12,4 +12,16 @@ void SelectPaneEnd(Client& client, PanePosition start, PanePosition end, int tab
 void SelectUsersPaneEnd(Client& client, PanePosition start, PanePosition end,
                         int tab);  // Rich_Users
 
+// While it lives, changes of the pane are not painted; then they are, as one.
+struct PaintOnce {
+  explicit PaintOnce(RichTextBox& changing) : pane(changing) { pane.SetRedraw(false); }
+  ~PaintOnce() {
+    pane.SetRedraw(true);
+    pane.Refresh();
+  }
+  PaintOnce(const PaintOnce&) = delete;
+  PaintOnce& operator=(const PaintOnce&) = delete;
+  RichTextBox& pane;
+};
+
 }  // namespace parlorwire

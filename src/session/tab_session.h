@@ -48,6 +48,10 @@ struct TabSession {
   bool ActionsArmed = false;         // Timer6 has passed: ClientAction may act
   bool LinesArmed = false;           // Timer26 has passed: mentions may raise balloons
 
+  // Grows with every ConnectToChat and every close of the tab. Who lets the event loop run in the
+  // middle of something compares it behind: another number is another session.
+  std::uint32_t SessionNumber = 0;
+
   // ---- buffers ----
   Text LoginAnswer;      // raw bytes of the login answer
   Text LineCarry;        // decoded tail of the frame without a line end yet
@@ -104,6 +108,9 @@ struct TabSession {
   std::unique_ptr<Timer> Timer3;   // ReconnectDelayValue: the watchdog
   std::unique_ptr<Timer> Timer6;   // ActionDelayValue: sets ActionsArmed
   std::unique_ptr<Timer> Timer26;  // ActionDelayValue: sets LinesArmed
+  // Timer7 (tab 0) to Timer16 (tab 9), 150 ms: an element for each slot of a highlight, made when
+  // it is first needed.
+  std::vector<std::unique_ptr<Timer>> JoinTimers;
 };
 
 }  // namespace parlorwire

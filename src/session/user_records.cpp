@@ -25,6 +25,14 @@ Position UserRecords::Find(std::string_view what) const {
   return entry->second;
 }
 
+Text UserRecords::FlagsOfRecord(Position at) const {
+  const Position nick_end = InStr(at, text_, "\n");
+  const Position ip_end = InStr(nick_end + 1, text_, "\n");
+  const Position flags_end = InStr(ip_end + 1, text_, "\n");
+  if (nick_end == 0 || ip_end == 0 || flags_end == 0) return {};
+  return Mid(text_, ip_end + 1, flags_end - ip_end - 1);
+}
+
 Text UserRecords::FlagsBehind(Position at, Position length) const {
   const Position ip_end = InStr(at + length + 1, text_, "\n");
   const Position flags_end = InStr(ip_end + 1, text_, "\n");

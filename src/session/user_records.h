@@ -22,8 +22,12 @@ class UserRecords {
   // The first place of `what`, without regard to case; 1-based, 0 if there is none.
   Position Find(std::string_view what) const;
 
-  // The field behind the one that the place `at` of a nick of length `length` lies in, but one: the
-  // flags of the nick. "" where the text ends early.
+  // The flags of the record in whose nick the place `at` lies. "" where the text ends early.
+  Text FlagsOfRecord(Position at) const;
+
+  // The same for chat lines, which look from two characters behind a nick of `length` for the next
+  // line feed and take the field behind it: the flags of a whole nick, and of one that a longer
+  // nick begins with unless only one letter is missing. Kept on purpose.
   Text FlagsBehind(Position at, Position length) const;
 
  private:

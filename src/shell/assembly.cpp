@@ -1,6 +1,8 @@
 #include "shell/assembly.h"
 
 #include "bot/bot_queue.h"
+#include "bot/join_highlight.h"
+#include "bot/reactions.h"
 #include "display/chat_log.h"
 #include "display/parse_chat_line.h"
 #include "session/connect.h"
@@ -21,6 +23,8 @@ void FillHooks(Client& client) {
   };
   hooks.UpdateUsersFrame = [&client](int tab) { UpdateUsersFrame(client, tab); };
   hooks.SayBot = [&client](const Text& text, int tab) { SayBot(client, text, tab); };
+  hooks.ClientAction = [&client](const Text& line, int tab) { ClientAction(client, line, tab); };
+  hooks.StartWaitingHighlight = [&client](int tab) { StartWaitingHighlight(client, tab); };
 }
 
 void WireEvents(Client& client, int tab) {

@@ -6,6 +6,8 @@
 #include "session/connect.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
+#include "shell/page_links.h"
+#include "shell/tabs.h"
 #include "text/cut.h"
 #include "text/number.h"
 
@@ -17,8 +19,6 @@ constexpr BothLanguages kTooManyNicks{W<"Максимальное число н�
 constexpr BothLanguages kEnterNick{W<"Пожалуйста, введите Ваш ник">, "Please, enter your nickname"};
 constexpr BothLanguages kEnterPassword{W<"Пожалуйста, введите Ваш пароль">,
                                        "Please, enter your password"};
-constexpr BothLanguages kQuitQuestion{W<"Вы не подключены ни к одному каналу. Выйти из программы?">,
-                                      "You don't connected. Quit the programm?"};
 
 Text InLanguage(const Client& client, const BothLanguages& text) {
   return Text(text.In(client.app.Language));
@@ -51,10 +51,6 @@ bool Select(const AppState& app, LoginDialog& dialog, int index) {
   dialog.save_pass =
       index < kMaxLogins && !app.SavedPassword[static_cast<std::size_t>(index)].empty();
   return true;
-}
-
-bool IsActive(const TabSession& tab) {
-  return tab.IsChannelList || tab.Connected || tab.Connecting;
 }
 
 std::optional<int> FindLogin(const LoginDialog& dialog) {
@@ -156,12 +152,11 @@ LoginOutcome ConnectByDialog(Client& client, LoginDialog& dialog) {
 
 bool CloseLoginDialog(Client& client) {
   Desktop& desktop = client.platform.desktop;
-  if (std::ranges::none_of(client.tabs, IsActive))
-    return desktop.AskYesNo(InLanguage(client, kQuitQuestion), BoxIcon::kQuestion);
+  if (!AnyTabInUse(client)) return AskToQuit(client);
 
   const int active = desktop.ActiveTab();
   const TabSession& tab = client.tab(active);
-  if (IsActive(tab) || tab.EverConnected || tab.LoginShown) return false;
+  if (InUse(tab) || tab.EverConnected || tab.LoginShown) return false;
   for (int other = 0; other < kTabCount; ++other) {
     if (other == active || !desktop.TabVisible(other)) continue;
     desktop.SetActiveTab(other);
@@ -172,9 +167,7 @@ bool CloseLoginDialog(Client& client) {
 }
 
 void button_getAccount(Client& client) {
-  const AppState& app = client.app;
-  const Text port = app.ChatPort == "80" ? "" : ":" + app.ChatPort;
-  client.hooks.OpenUrl("http://" + app.ChatHost + port + "/rulez.html");
+  client.hooks.OpenUrl(ServiceAddress(client.app) + "/rulez.html");
 }
 
 bool ConnectMainAddsTab(Client& client) {

@@ -31,9 +31,12 @@ void UnloadStep(Client& client, const std::optional<WindowPlace>& place) {
 }
 
 void StopAllTimers(Client& client) {
-  for (TabSession& tab : client.tabs)
+  for (TabSession& tab : client.tabs) {
     for (auto* timer : {&tab.Timer1, &tab.Timer2, &tab.Timer3, &tab.Timer6, &tab.Timer26})
       (*timer)->Enabled(false);
+    for (auto& timer : tab.JoinTimers)
+      if (timer) timer->Enabled(false);
+  }
 }
 
 }  // namespace parlorwire

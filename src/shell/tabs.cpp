@@ -1,5 +1,10 @@
 #include "shell/tabs.h"
 
+#include <algorithm>
+
+#include "session/connect.h"
+#include "session/fault_trap.h"
+#include "session/personal_notice.h"
 #include "session/status.h"
 #include "shell/both_languages.h"
 #include "shell/start_up.h"
@@ -9,6 +14,34 @@ namespace {
 
 constexpr BothLanguages kNoMoreTabs{W<"Вы достигли предела максимально возможных открытых табов!">,
                                     "Cant't add Tab"};
+constexpr BothLanguages kQuitQuestion{W<"Вы не подключены ни к одному каналу. Выйти из программы?">,
+                                      "You don't connected. Quit the programm?"};
+
+void CloseWaiting(Desktop& desktop, Winsock& socket) {
+  do {
+    desktop.YieldToEvents();
+    socket.Close();
+  } while (socket.State() != SocketState::kClosed);
+}
+
+// A closed tab never connects again by itself, receives nothing, and blinks no more.
+void Silence(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  session.Timer1->Enabled(false);
+  StopPersonalNotice(client, tab);
+  for (auto* socket : {&session.Winsock1, &session.Winsock2, &session.Winsock3, &session.Winsock4,
+                       &session.Winsock5})
+    (*socket)->Close();
+}
+
+// The tab to the right, else the leftmost; `closed` itself if no other is visible.
+int TabBeside(const Desktop& desktop, int closed) {
+  for (int tab = closed + 1; tab < kTabCount; ++tab)
+    if (desktop.TabVisible(tab)) return tab;
+  for (int tab = 0; tab < kTabCount; ++tab)
+    if (desktop.TabVisible(tab)) return tab;
+  return closed;
+}
 
 }  // namespace
 
@@ -41,6 +74,50 @@ void SSTab_Click(Client& client, int previous) {
   desktop.SetSharedLinksEnabled(tab.Connected);
   desktop.SetCloseTabEnabled(tab.IsChannelList || tab.EverConnected);
   if (!tab.LoginShown) client.hooks.ShowLoginDialog(active);
+}
+
+bool close_tab(Client& client) {
+  Desktop& desktop = client.platform.desktop;
+  const int closed = desktop.ActiveTab();
+  TabSession& session = client.tab(closed);
+  // Asked once more from the event loop that runs below.
+  if (client.app.ClosingTab) return false;
+  client.app.ClosingTab = true;
+  ++session.SessionNumber;
+  session.TabClosing = true;
+  CloseWaiting(desktop, *session.Winsock1);
+  CloseWaiting(desktop, *session.Winsock5);
+  client.app.ClosingTab = false;
+  session.Rich.Text("");
+  desktop.SetCloseTabEnabled(false);
+  PassOverFault([&] { Winsock1_Close(client, closed); });
+  session.Connected = false;
+  session.IsChannelList = false;
+  session.Connecting = false;
+  session.ReservedText.clear();
+  session.ReservedFlag = false;
+  Silence(client, closed);
+
+  if (!AnyTabInUse(client)) return AskToQuit(client);
+  session.EverConnected = false;
+  session.LoginShown = false;
+  // Whoever has gone to another tab while the connections ended stays there.
+  if (desktop.ActiveTab() == closed) desktop.SetActiveTab(TabBeside(desktop, closed));
+  desktop.SetTabVisible(closed, false);
+  return false;
+}
+
+bool InUse(const TabSession& tab) {
+  return tab.Connected || tab.IsChannelList || tab.Connecting;
+}
+
+bool AnyTabInUse(const Client& client) {
+  return std::ranges::any_of(client.tabs, InUse);
+}
+
+bool AskToQuit(Client& client) {
+  return client.platform.desktop.AskYesNo(Text(kQuitQuestion.In(client.app.Language)),
+                                          BoxIcon::kQuestion);
 }
 
 void SayUseOp_Click(Client& client, bool ticked) {

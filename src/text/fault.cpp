@@ -15,6 +15,8 @@ Text FaultDescription(int number) {
       return "Invalid procedure call or argument";
     case fault::kOverflow:
       return "Overflow";
+    case fault::kOutOfMemory:
+      return "Out of memory";
     case fault::kSubscript:
       return "Subscript out of range";
     case fault::kTypeMismatch:

@@ -22,6 +22,7 @@ struct Fault : std::exception {
 namespace fault {
 inline constexpr int kInvalidCall = 5;    // a cut with a negative length, a position below 1
 inline constexpr int kOverflow = 6;       // a number too large for its type
+inline constexpr int kOutOfMemory = 7;    // a result too large to be meant
 inline constexpr int kSubscript = 9;      // an element that a list doesn't have
 inline constexpr int kTypeMismatch = 13;  // a text that is no number
 inline constexpr int kInternal = 51;      // an exception of the language's library

@@ -4,6 +4,7 @@
 
 #include "display/fonts.h"
 #include "session/fault_trap.h"
+#include "session/http_answer.h"
 #include "session/http_request.h"
 #include "session/personal_notice.h"
 #include "session/proxy_dialog.h"
@@ -84,7 +85,7 @@ void Winsock2_Connect(Client& client, int tab) {
 void Winsock2_DataArrival(Client& client, int tab, std::size_t bytes_total) {
   if (bytes_total == 0) return;
   TabSession& session = client.tab(tab);
-  session.SendBuffer += session.Winsock2->GetData();
+  TakeAnswer(session.SendBuffer, session.Winsock2->GetData());
 }
 
 void Winsock2_Close(Client& client, int tab) {

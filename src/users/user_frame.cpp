@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "display/pane_output.h"
+#include "display/rank_colour.h"
 #include "session/fault_trap.h"
 #include "session/http_answer.h"
 #include "session/http_request.h"
@@ -42,10 +43,6 @@ void CutScript(Client& client, Text& page, int tab) {
   NoticePersonalMessage(client, tab);
 }
 
-bool HasOperatorFlag(std::string_view flags) {
-  return ContainsNoCase(flags, "+a") || ContainsNoCase(flags, "+o");
-}
-
 void SeeOwnRecord(Client& client, const UserRecord& user, int tab) {
   TabSession& session = client.tab(tab);
   if (!EqualsNoCase(user.nick, session.Login)) return;
@@ -79,25 +76,13 @@ void ReadUsers(Client& client, std::string_view page, UserFrameForm form, int ta
       tab, "Пользователей: "_w + std::to_string(operators) + "/" + std::to_string(users));
 }
 
-// The whole list is one change for who looks at it.
-struct PaintOnce {
-  explicit PaintOnce(RichTextBox& users_pane) : pane(users_pane) { pane.SetRedraw(false); }
-  ~PaintOnce() {
-    pane.SetRedraw(true);
-    pane.Refresh();
-  }
-  PaintOnce(const PaintOnce&) = delete;
-  PaintOnce& operator=(const PaintOnce&) = delete;
-  RichTextBox& pane;
-};
-
-void ReadFrame(Client& client, Text answer, int tab) {
+// False if it was no list, or if another session has begun meanwhile.
+bool ReadFrame(Client& client, Text answer, int tab) {
   TabSession& session = client.tab(tab);
   answer = WithoutHeader(std::move(answer));
   if (IsChannelListPage(answer)) {
-    session.UsersBuffer.clear();
     session.Winsock1->Close();
-    return;
+    return false;
   }
   Text page = DecodeKoi(Mid(answer, InStr(answer, "\n\n") + 3));
   const UserFrameForm form = page.starts_with("<tr>") ? UserFrameForm::kB : UserFrameForm::kA;
@@ -105,15 +90,19 @@ void ReadFrame(Client& client, Text answer, int tab) {
   session.Rich_Users.Text("");
   SelectUsersPaneEnd(client, 0, 0, tab);
   session.Rich_Users.ReplaceSel(kBlankLines);
+  const std::uint32_t session_number = session.SessionNumber;
   client.platform.desktop.YieldToEvents();
-  {
-    const PaintOnce paint_once(session.Rich_Users);
-    CutScript(client, page, tab);
-    ReadUsers(client, page, form, tab);
-  }
-  session.UsersBuffer.clear();
+  if (session.SessionNumber != session_number) return false;
+  const PaintOnce paint_once(session.Rich_Users);
+  CutScript(client, page, tab);
+  ReadUsers(client, page, form, tab);
+  return true;
+}
+
+// Behind a list that was read whole.
+void ActOnNewList(Client& client, int tab) {
   client.hooks.SayBotFunction(tab);
-  session.JoinLines.clear();
+  client.tab(tab).JoinLines.clear();
 }
 
 }  // namespace
@@ -138,21 +127,21 @@ void Winsock3_Connect(Client& client, int tab) {
 void Winsock3_DataArrival(Client& client, int tab, std::size_t bytes_total) {
   if (bytes_total == 0) return;
   TabSession& session = client.tab(tab);
-  session.UsersBuffer += session.Winsock3->GetData();
+  TakeAnswer(session.UsersBuffer, session.Winsock3->GetData());
 }
 
 void Winsock3_Close(Client& client, int tab) {
-  TabSession& session = client.tab(tab);
-  if (session.UsersBuffer.empty()) return;
-  const Text copy = session.UsersBuffer;
+  // Taken out at once: a new fetch may begin in the middle of this, and keeps what it receives.
+  const Text answer = std::exchange(client.tab(tab).UsersBuffer, Text());
+  if (answer.empty()) return;
+  bool listed = false;
   try {
-    ReadFrame(client, copy, tab);
+    listed = ReadFrame(client, answer, tab);
+    if (listed) ActOnNewList(client, tab);
   } catch (const Fault& fault) {
     LogFault(client, fault,
-             session.UsersBuffer.empty()
-                 ? ". Function: SayBotFunction."
-                 : ". Function: Winsock3_Close. Debug info:\r\n!" + copy + "!");
-    session.UsersBuffer.clear();
+             listed ? ". Function: SayBotFunction."
+                    : ". Function: Winsock3_Close. Debug info:\r\n!" + answer + "!");
     AppendNote(client, " Ошибка при обновлениии фрейма"_w, " Error updating", tab);
   }
 }

@@ -67,8 +67,7 @@ void Evening::Pass(std::int64_t milliseconds) {
 bool Evening::Serve(Guest& guest, SimulatedSocket& socket) {
   if (socket.State() == SocketState::kConnecting) {
     wires_[&socket] = {socket.connects, false, 0};
-    socket.Accept();
-    return true;
+    return Accept(socket);
   }
   if (socket.State() != SocketState::kConnected) return false;
   Wire& wire = wires_[&socket];
@@ -86,9 +85,18 @@ bool Evening::Serve(Guest& guest, SimulatedSocket& socket) {
     frames_[wire.frame] = &socket;
     return true;
   }
-  socket.Deliver(answer.bytes);
   // The client may have connected anew from inside the delivery.
-  if (socket.connects == wire.connects) socket.PeerCloses();
+  if (Carry(socket, answer.bytes) && socket.connects == wire.connects) socket.PeerCloses();
+  return true;
+}
+
+bool Evening::Accept(SimulatedSocket& socket) {
+  socket.Accept();
+  return true;
+}
+
+bool Evening::Carry(SimulatedSocket& socket, std::string_view bytes) {
+  socket.Deliver(bytes);
   return true;
 }
 
@@ -104,10 +112,11 @@ bool Evening::SendFrames() {
     const service::FrameEnd end = frame.end;
     const int connects = socket.connects;
     sent = true;
-    if (!bytes.empty()) socket.Deliver(bytes);
+    const bool carried = Carry(socket, bytes);
     if (end == service::FrameEnd::kNone) continue;
     frames_.erase(id);
     service::FrameIsGone(chat, id, now);
+    if (!carried) continue;
     if (end == service::FrameEnd::kEject && socket.connects == connects)
       socket.Deliver(ConvertCharset(service::EjectMark(), Charset::kWindows1251, Charset::kKoi));
     if (socket.connects == connects) socket.PeerCloses();

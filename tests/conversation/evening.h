@@ -31,6 +31,9 @@ struct Guest {
 class Evening {
  public:
   Evening();
+  virtual ~Evening() = default;
+  Evening(const Evening&) = delete;
+  Evening& operator=(const Evening&) = delete;
 
   // A client that connects in tab 0; what follows from it has happened when this returns.
   Guest& Come(const Text& nick, const Text& channel, const Text& password = "secret");
@@ -48,6 +51,14 @@ class Evening {
   service::Moment now{1'000'000, 1'795'262'400};
   std::uint64_t random = 0;
   std::vector<std::unique_ptr<Guest>> guests;
+
+ protected:
+  // A client has asked for a connection, and it stands now. False: nothing has happened, and it
+  // goes on waiting.
+  virtual bool Accept(SimulatedSocket& socket);
+
+  // Brings bytes of the service to a client. False: they got lost, and so will a close behind them.
+  virtual bool Carry(SimulatedSocket& socket, std::string_view bytes);
 
  private:
   struct Wire {

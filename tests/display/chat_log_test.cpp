@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
+#include <vector>
+
 #include "display/parse_chat_line.h"
 #include "session/status.h"
 #include "support/pane_runs.h"
+#include "support/scripted_view.h"
 #include "support/simulated_platform.h"
 #include "text/fault.h"
 
@@ -196,6 +201,101 @@ TEST_F(ChatLogTest, AStatusStillOpenWhenTheNextComesLeavesItsLineOpen) {
   StatusOut(client, "Подключение к чату..."_w, 0);
   StatusOut(client, "Чтение с канала..."_w, 0);
   EXPECT_EQ(ToUtf8(Logged()), "[12:00:00] Подключение к чату...[12:00:00] Чтение с канала...");
+}
+
+// Every status of a tab's life, as it is left behind with the verdict that follows it.
+TEST_F(ChatLogTest, WhatAnEveningOfStatusesLeaves) {
+  const auto fails = [this](const Text& reason) {
+    StatusOut(client, reason, StatusMode::kFailed, 0);
+  };
+  StatusOut(client, "Подключение к прокси..."_w, 0);
+  StatusOk(client, 0);
+  StatusOut(client, "Проверка имени пользователя и пароля..."_w, 0);
+  fails("неверные логин или пароль"_w);
+  StatusOut(client, "Чтение с канала..."_w, 0);
+  StatusOk(client, 0);
+  StatusOut(client, "Проверка установленного стиля... s0 или s1."_w, 0);
+  StatusOut(client, "Установка стиля s9..."_w, 0);
+  StatusOk(client, 0);
+  StatusOut(client, "Обнаружен недопустимый флаг +R. Установка -R..."_w, 0);
+  StatusOk(client, 0);
+  StatusOut(client, "Вам пришло персональное_сообщение!"_w, 0);
+  StatusOut(client, "Ошибка соединения. Причина: x (10054)"_w, 0);
+  StatusOut(client, "Чат не отвечает, реконнект"_w, 0);
+  StatusOut(client, "Вы вышли из чата"_w, 0);
+  EXPECT_EQ(ToUtf8(Logged()),
+            "[12:00:00] Подключение к прокси.. Ok.\r\r\n"
+            "[12:00:00] Проверка имени пользователя и пароля.. Ошибка: неверные логин или "
+            "пароль\r\r\n"
+            "[12:00:00] Чтение с канала.. Ok.\r\r\n"
+            "[12:00:00] Проверка установленного стиля... s0 или s1.\r\r\n"
+            "[12:00:00] Установка стиля s9.. Ok.\r\r\n"
+            "[12:00:00] Обнаружен недопустимый флаг +R. Установка -R.. Ok.\r\r\n"
+            "[12:00:00] Вам пришло персональное_сообщение!\r\r\n"
+            "[12:00:00] Ошибка соединения. Причина: x (10054)\r\r\n"
+            "[12:00:00] Чат не отвечает, реконнект\r\r\n"
+            "[12:00:00] Вы вышли из чата\r\r\n");
+}
+
+TEST_F(ChatLogTest, VerdictsInEnglish) {
+  client.app.Language = UiLanguage::kEnglish;
+  StatusOut(client, "Connecting to chat...", 0);
+  StatusOk(client, 0);
+  StatusOut(client, "Veryfing login and password...", 0);
+  StatusOut(client, "bad login or password", StatusMode::kFailed, 0);
+  EXPECT_EQ(Logged(),
+            "[12:00:00] Connecting to chat.. Ok.\r\r\n"
+            "[12:00:00] Veryfing login and password.. Failed: bad login or password\r\r\n");
+}
+
+// The last line's own end goes for the verdict, whatever line that is.
+TEST_F(ChatLogTest, AVerdictBehindALineThatIsClosedTakesItsLineFeed) {
+  ParseChatLine(client, "..[1]alice:() hello", 0);
+  StatusOk(client, 0);
+  ParseChatLine(client, "..[2]alice:() on", 0);
+  StatusOut(client, "сбой"_w, StatusMode::kFailed, 0);
+  EXPECT_EQ(ToUtf8(Logged()),
+            "[1] alice: hello\r\r Ok.\r\r\n"
+            "[2] alice: on\r\r Ошибка: сбой\r\r\n");
+}
+
+TEST_F(ChatLogTest, AVerdictThatIsTheFirstPieceOfADayIsLost) {
+  platform.time.SetNow({2026, 11, 21, 23, 59, 59});
+  StatusOut(client, "Подключение к чату..."_w, 0);
+  platform.time.Advance(1000);
+  StatusOk(client, 0);
+  EXPECT_EQ(ToUtf8(Logged()), "[23:59:59] Подключение к чату...");
+  EXPECT_EQ(platform.files.files["Logs\\talk\\22.11.2026.log"], "");
+}
+
+// A view that looks what the log holds at the moment that it hears of a change.
+class LogReader : public ScriptedView {
+ public:
+  LogReader(RichTextBox& pane, std::function<Text()> log)
+      : ScriptedView(pane), pane_(pane), log_(std::move(log)) {}
+  void TextChanged(const TextChange& change) override {
+    seen.push_back(pane_.TextBetween(change.start, change.start + change.inserted));
+    logged.push_back(log_());
+  }
+  std::vector<Text> seen;
+  std::vector<Text> logged;
+
+ private:
+  RichTextBox& pane_;
+  std::function<Text()> log_;
+};
+
+TEST_F(ChatLogTest, IsWrittenBeforeTheViewHearsOfAPiece) {
+  LogReader view(client.tab(0).Rich, [this] { return Logged(); });
+  ParseChatLine(client, "..[1]alice:() hello", 0);
+  StatusOut(client, "Чтение с канала..."_w, 0);
+  StatusOk(client, 0);
+  EXPECT_EQ(view.seen, (std::vector<Text>{"[1] ", "alice: ", " hello\r\n",
+                                          "[12:00:00] Чтение с канала...\r\n"_w, " Ok.\r\n"}));
+  const Text line = "[1] alice: hello\r\r\n";
+  EXPECT_EQ(view.logged, (std::vector<Text>{"[1] ", "[1] alice: ", line,
+                                            line + "[12:00:00] Чтение с канала..."_w,
+                                            line + "[12:00:00] Чтение с канала.. Ok.\r\r\n"_w}));
 }
 
 TEST_F(ChatLogTest, IsWrittenWithoutAViewAndDuringASelection) {

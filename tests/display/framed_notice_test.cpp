@@ -81,16 +81,23 @@ TEST_F(FramedNoticeTest, Scrolling) {
 
 TEST_F(FramedNoticeTest, YieldsOnceBetweenTheBarsStateAndTheScroll) {
   ScriptedView view(pane);
-  view.bar = {0, 100, 10, 20};
-  platform.desktop.at(2).stop_scroll = true;
   platform.desktop.on_yield = [&] {
     EXPECT_TRUE(view.scrolls.empty());
     view.bar = {0, 100, 10, 95};                 // too late to count
     platform.desktop.at(2).stop_scroll = false;  // in time
   };
-  MentionBox(client, "text", "Me", "talk", 2, 0);
-  EXPECT_EQ(platform.desktop.yields, 1);
-  EXPECT_THAT(view.scrolls, ElementsAre(kBottom));
+  for (const bool report : {false, true}) {
+    view.bar = {0, 100, 10, 20};
+    view.scrolls.clear();
+    platform.desktop.at(2).stop_scroll = true;
+    platform.desktop.yields = 0;
+    if (report)
+      BotReportOut(client, "report", 2);
+    else
+      MentionBox(client, "text", "Me", "talk", 2, 0);
+    EXPECT_EQ(platform.desktop.yields, 1);
+    EXPECT_THAT(view.scrolls, ElementsAre(kBottom));
+  }
 }
 
 TEST(SelectPaneEnd, HidesTheSelectionButNotFromAUserWhoSelects) {

@@ -487,8 +487,7 @@ class ClientMainTest : public QObject {
   void LabelsWithoutAnActionCannotBeUsed() {
     Windows windows;
     Enter(windows);
-    for (const char* name : {"close_tab", "sp_opers", "sp_bans", "hist_topic", "letogr",
-                             "search_label", "perecodirovka_label", "pers_0"})
+    for (const char* name : {"letogr", "search_label", "perecodirovka_label", "pers_0"})
       QVERIFY2(!windows.Find(name)->isEnabled(), name);
   }
 

@@ -2,6 +2,7 @@
 #include <QLineEdit>
 #include <QObject>
 #include <QUrl>
+#include <QWindow>
 
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/link_label.h"
@@ -50,6 +51,62 @@ class LinksAndButtonsTest : public QObject {
     QCOMPARE(button.grab().toImage(), normal);
     button.setEnabled(false);
     QVERIFY(button.grab().toImage() != normal);
+  }
+
+  void AGraphicButtonHeldDownLooksNormalWhileThePointerIsOutside() {
+    Windows windows("[Main]\r\nWidth=12000\r\nHeight=7500\r\n");
+    auto* button = windows.Find<QAbstractButton>("button_connect_main");
+    button->setFocus();
+    QWindow* window = windows.window->windowHandle();
+    const QPoint inside = button->mapTo(windows.window.get(), button->rect().center());
+    const QPoint outside = inside + QPoint(0, 200);
+    QTest::mouseMove(window, outside);
+    const QImage normal = button->grab().toImage();
+    QTest::mouseMove(window, inside);
+    const QImage hover = button->grab().toImage();
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, inside);
+    const QImage pressed = button->grab().toImage();
+    QVERIFY(normal != hover && hover != pressed && normal != pressed);
+    QTest::mouseMove(window, outside);
+    QCOMPARE(button->grab().toImage(), normal);
+    QTest::mouseMove(window, inside);
+    QCOMPARE(button->grab().toImage(), pressed);
+    QTest::mouseMove(window, outside);
+    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, outside);
+    QCOMPARE(button->grab().toImage(), normal);
+    for (QWidget* top : QApplication::topLevelWidgets())
+      QVERIFY(top->objectName() != "connection_form" || !top->isVisible());
+  }
+
+  void TheEdgeOfAGraphicButtonIsSharpAtAnyScale_data() {
+    QTest::addColumn<qreal>("scale");
+    QTest::addColumn<int>("width");  // of the edge, in pixels of the screen
+    QTest::newRow("1") << 1.0 << 1;
+    QTest::newRow("1.25") << 1.25 << 1;
+    QTest::newRow("1.5") << 1.5 << 2;
+    QTest::newRow("2") << 2.0 << 2;
+    QTest::newRow("3") << 3.0 << 3;
+  }
+  void TheEdgeOfAGraphicButtonIsSharpAtAnyScale() {
+    QFETCH(qreal, scale);
+    QFETCH(int, width);
+    GraphicButton button(GraphicButton::Picture::kSay, nullptr);
+    button.resize(91, 27);
+    QImage image((QSizeF(button.size()) * scale).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::white);
+    button.render(&image);
+    const int x = image.width() / 8;
+    const int y = image.height() / 2;
+    const QColor edge(0x8F978E);
+    for (int i = 0; i <= width; ++i) {
+      const bool on_edge = i < width;
+      QCOMPARE(image.pixelColor(x, i) == edge, on_edge);
+      QCOMPARE(image.pixelColor(x, image.height() - 1 - i) == edge, on_edge);
+      QCOMPARE(image.pixelColor(i, y) == edge, on_edge);
+      QCOMPARE(image.pixelColor(image.width() - 1 - i, y) == edge, on_edge);
+    }
+    QVERIFY(image.pixelColor(x, width).lightness() > 240);
   }
 
   void AGraphicButtonActsOnTheLeftReleaseInside() {
@@ -147,6 +204,33 @@ class LinksAndButtonsTest : public QObject {
     QTest::mouseClick(windows.Find("button_connect_main"), Qt::LeftButton);
     QTest::mouseClick(windows.Find("button_getAccount"), Qt::LeftButton);
     QCOMPARE(opened_, QString("http://chat.example:8080/rulez.html"));
+  }
+
+  void ThePageLabelsOpenTheirPages_data() {
+    QTest::addColumn<QString>("link");
+    QTest::addColumn<QString>("page");
+    const QString fields = "alice&ticket=T1&channel=%E3%E1&chpwd=";
+    QTest::newRow("sp_bans") << "sp_bans" << "http://chat.example/banlist?username=" + fields;
+    QTest::newRow("sp_opers") << "sp_opers" << "http://chat.example/oplist?username=" + fields;
+    QTest::newRow("hist_topic") << "hist_topic"
+                                << "http://chat.example/topic_hist?username=" + fields;
+    QTest::newRow("letogr") << "letogr" << "http://stat.example/";
+  }
+  void ThePageLabelsOpenTheirPages() {
+    QFETCH(QString, link);
+    QFETCH(QString, page);
+    Windows windows(
+        "[Main]\r\nChatHostByName=chat.example\r\nLetografUrl=http://stat.example/\r\n");
+    TabSession& tab = windows.tab(0);
+    tab.Login = "alice";
+    tab.Ticket = "T1";
+    tab.Channel = "ЦА"_w;
+    windows.desktop.SetTabVisible(0, true);
+    auto* label = windows.Find(link.toLatin1().constData());
+    QVERIFY(!label->isEnabled());
+    windows.desktop.SetTabControlsEnabled(0, true);
+    QTest::mouseClick(label, Qt::LeftButton);
+    QCOMPARE(opened_, page);
   }
 
   void LogoffAndLogoutGoToWinsock5_data() {

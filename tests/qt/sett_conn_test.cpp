@@ -91,6 +91,11 @@ class SettConnTest : public QObject {
     }
   }
 
+  void HasTheGroundOfTheDialogs() {
+    Dialog dialog(kFull);
+    QCOMPARE(dialog.form.grab().toImage().pixelColor(2, 2), QColor(192, 198, 187));
+  }
+
   void TheCheckBoxesLockTheFields_data() {
     QTest::addColumn<bool>("use_proxy");
     QTest::addColumn<bool>("autentification");

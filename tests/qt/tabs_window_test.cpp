@@ -2,7 +2,6 @@
 #include <QLineEdit>
 #include <QObject>
 
-#include "shell/client_main_layout.h"
 #include "shell/qt/ss_tab.h"
 #include "windows_fixture.h"
 
@@ -135,6 +134,20 @@ class TabsWindowTest : public QObject {
     QCOMPARE(windows.desktop.ActiveTab(), 4);
   }
 
+  void TheUpdateButtonFetchesTheListOnTheLeftRelease() {
+    Windows windows;
+    ShowTabs(windows, 1);
+    windows.desktop.SetTabControlsEnabled(0, true);
+    QWidget* button = Control(windows, "button_update", 0);
+    SimulatedSocket& socket = Simulated(windows.tab(0).Winsock3);
+    QTest::mouseClick(button, Qt::RightButton);
+    QTest::mousePress(button, Qt::LeftButton);
+    QCOMPARE(socket.connects, 0);
+    QTest::mouseRelease(button, Qt::LeftButton);
+    QCOMPARE(socket.connects, 1);
+    QCOMPARE(windows.tab(0).Rich_Users.Text(), "\r\n\r\n Обновление фрейма..."_w);
+  }
+
   void TheConnectButtonAddsATabWhileConnected() {
     Windows windows;
     ShowTabs(windows, 1);
@@ -173,45 +186,10 @@ class TabsWindowTest : public QObject {
     }
   }
 
-  void TheSplitterMovesByMouseAndByKeys() {
-    Windows windows;
-    ShowTabs(windows, 1);
-    auto* splitter = Control(windows, "line_razdel", 0);
-    auto* rich = Control(windows, "Rich", 0);
-    const int width = rich->width();
-    QTest::mousePress(splitter, Qt::LeftButton, Qt::NoModifier, QPoint(2, 50));
-    QTest::mouseMove(splitter, QPoint(-98, 50));
-    QTest::mouseRelease(splitter, Qt::LeftButton, Qt::NoModifier, QPoint(2, 50));
-    QVERIFY(rich->width() < width - 60);
-    const int moved = rich->width();
-    QTest::keyClick(splitter, Qt::Key_Right);
-    QVERIFY(rich->width() > moved);
-    QVERIFY(windows.tab(0).TabSplitPercent != windows.tab(1).TabSplitPercent);
-  }
-
-  void ASplitterTooFarToOneSideIsBroughtBack() {
-    Windows windows;
-    ShowTabs(windows, 1);
-    windows.tab(0).TabSplitPercent = "5";
-    windows.window->resize(900, 500);
-    QTest::qWait(20);
-    QVERIFY(Control(windows, "Rich", 0)->width() * kTwipsPerPixel >= 2000 - kTwipsPerPixel);
-  }
-
-  void ASmallWindowIsNoTrouble() {
-    Windows windows;
-    ShowTabs(windows, 1);
-    windows.window->resize(60, 60);
-    QTest::qWait(20);
-    windows.window->resize(900, 500);
-    QTest::qWait(20);
-    QVERIFY(Control(windows, "Rich", 0)->height() > 100);
-  }
-
   void NothingOverlaps_data() {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QString>("language");
-    for (const QSize size : {QSize(800, 560), QSize(933, 533), QSize(1280, 740)})
+    for (const QSize size : {QSize(638, 400), QSize(800, 560), QSize(933, 533), QSize(1280, 740)})
       for (const char* language : {"Russian", "English"})
         QTest::newRow(qPrintable(QString("%1 %2").arg(language).arg(size.width())))
             << size << language;

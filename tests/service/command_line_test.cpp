@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <vector>
 
 #include "text/cut.h"
@@ -38,6 +39,9 @@ TEST(CommandLine, TakesEveryOption) {
                                       "--quiet",
                                       "--talk",
                                       "50",
+                                      "--talk-lines",
+                                      "700",
+                                      "--talk-frames=3",
                                       "--keepalive",
                                       "5",
                                       "--history=7",
@@ -64,6 +68,8 @@ TEST(CommandLine, TakesEveryOption) {
   EXPECT_EQ(options.address, "0.0.0.0");
   EXPECT_FALSE(options.inhabitants.present);
   EXPECT_EQ(options.inhabitants.talk, 50);
+  EXPECT_EQ(options.inhabitants.talk_lines, 700);
+  EXPECT_EQ(options.inhabitants.talk_frames, 3U);
   EXPECT_EQ(options.inhabitants.channels, (std::vector<Text>{"Кухня"_w, "hall"}));
   EXPECT_EQ(options.chat.keep_alive_ms, 5000);
   EXPECT_EQ(options.chat.history, 7);
@@ -96,22 +102,49 @@ TEST(CommandLine, HelpNamesEveryOption) {
   const auto line = ReadCommandLine(std::vector<const char*>{"--help"});
   EXPECT_TRUE(std::get<CommandLine>(line).help);
   for (const char* option :
-       {"--port", "--address", "--quiet", "--no-inhabitants", "--talk", "--keepalive", "--history",
-        "--grace", "--kick-time", "--max-frames", "--max-connections", "--channels", "--ban",
-        "--admin", "--seed", "--form-b", "--misbehave", "--help"})
+       {"--port",       "--address",     "--quiet",           "--no-inhabitants", "--talk",
+        "--talk-lines", "--talk-frames", "--keepalive",       "--history",        "--grace",
+        "--kick-time",  "--max-frames",  "--max-connections", "--channels",       "--ban",
+        "--admin",      "--seed",        "--form-b",          "--misbehave",      "--help"})
     EXPECT_TRUE(Contains(HelpText(), option)) << option;
 }
 
 TEST(Misbehaviour, IsReadAndToldAgain) {
   for (const char* text :
-       {"none", "stall:1", "cut:20", "reset:300", "garbage:4000", "drip:5", "drop:999999999"}) {
+       {"none", "stall:1", "cut:20", "reset:300", "garbage:4000", "drip:5", "drop:999999999",
+        "random:100", "cut:20@/chl", "drop:1@/", "random:3@/newmsg_t"}) {
     const auto read = ParseMisbehaviour(text);
     ASSERT_TRUE(read.has_value()) << text;
     EXPECT_EQ(MisbehaviourText(*read), text);
   }
   EXPECT_EQ(MisbehaviourText(*ParseMisbehaviour("cut")), "cut:2000");
-  for (const char* text : {"", "cut:", "cut:0", "cut:x", "cut:-1", "cut:9999999999", "what:1"})
+  for (const char* text : {"", "cut:", "cut:0", "cut:x", "cut:-1", "cut:9999999999", "what:1",
+                           "random:101", "cut:5@", "cut:5@chl", "@/chl"})
     EXPECT_FALSE(ParseMisbehaviour(text).has_value()) << text;
+}
+
+TEST(RandomFault, IsTheSameForTheSameNumbersAndOfEveryKind) {
+  const auto faults = [] {
+    std::vector<Misbehaviour> drawn;
+    std::uint64_t number = 1;
+    const auto random = [&] {
+      return number = number * 6364136223846793005U + 1442695040888963407U;
+    };
+    const auto high = [&] { return random() >> 33; };
+    for (int i = 0; i < 1000; ++i)
+      drawn.push_back(RandomFault(30, high));
+    return drawn;
+  };
+  const std::vector<Misbehaviour> once = faults();
+  const std::vector<Misbehaviour> again = faults();
+  std::map<Fault, int> seen;
+  for (std::size_t i = 0; i < once.size(); ++i) {
+    ++seen[once[i].fault];
+    EXPECT_EQ(MisbehaviourText(once[i]), MisbehaviourText(again[i]));
+    EXPECT_EQ(once[i].number >= 1, once[i].fault != Fault::kNone);
+  }
+  EXPECT_EQ(seen.size(), 7U);
+  EXPECT_NEAR(seen[Fault::kNone], 700, 60);
 }
 
 }  // namespace

@@ -92,6 +92,28 @@ TEST_F(InhabitantsTest, SayExactlySoManyLinesASecondEachNumbered) {
   EXPECT_EQ(FindChannel(chat, "attic")->members.size(), 7U);
 }
 
+TEST_F(InhabitantsTest, TalkWhenEnoughFramesAreOpenAndNoLongerThanAskedFor) {
+  options.talk = 100;
+  options.talk_lines = 250;
+  options.talk_frames = 2;
+  Inhabitants inhabitants = MoveIn(chat, options, now);
+  Frame& alice = Come("alice", "attic");
+  Live(inhabitants, 1000);
+  EXPECT_EQ(Read(alice), "");
+  EXPECT_EQ(inhabitants.next_ms, kForever);
+  Frame& bob = Come("bob", "cellar");
+  LiveOn(inhabitants, chat, now);
+  Live(inhabitants, 10000);
+  for (Frame* frame : {&alice, &bob}) {
+    const Text said = Read(*frame);
+    EXPECT_TRUE(Contains(said, ":() #00000001 "));
+    EXPECT_TRUE(Contains(said, ":() #00000250 "));
+    EXPECT_FALSE(Contains(said, ":() #00000251 "));
+  }
+  // Nothing wakes the service then.
+  EXPECT_EQ(inhabitants.next_ms, kForever);
+}
+
 TEST_F(InhabitantsTest, TheirChannelOutlivesItsPeopleAndForgetsItsOperators) {
   MoveIn(chat, options, now);
   Come("alice");

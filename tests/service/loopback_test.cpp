@@ -354,6 +354,61 @@ TEST_F(FaultTest, TheFaultIsChangedOverTheWire) {
   EXPECT_TRUE(frame.was_reset);
 }
 
+TEST_F(FaultTest, AFaultOfOnePathLeavesTheOthersAlone) {
+  StartWith("cut:60@/chl");
+  const Text alice = LogIn("alice");
+  Peer frame = Come(alice, "alice");
+  EXPECT_EQ(Post("/chl", alice).size(), 60U);
+  EXPECT_TRUE(Contains(Say(alice, "hello"), "<font size=1>"));
+  EXPECT_TRUE(Contains(frame.ReadUntil("hello\n"), "alice:() hello\n"));
+}
+
+TEST_F(FaultTest, AnAnswerMayStallBeResetOrDripToo) {
+  StartWith("stall:50@/rulez.html");
+  const std::string request = "GET /rulez.html HTTP/1.0\r\n\r\n";
+  Peer stalled(server->port());
+  stalled.Send(request);
+  EXPECT_EQ(stalled.ReadOnce().size(), 50U);
+  EXPECT_EQ(stalled.ReadOnce(300), "");
+  EXPECT_FALSE(stalled.ended);
+  Ask("GET /misbehave?fault=reset:50@/rulez.html HTTP/1.0\r\n\r\n");
+  Peer reset(server->port());
+  reset.Send(request);
+  reset.ReadAll();
+  EXPECT_TRUE(reset.was_reset);
+  Ask("GET /misbehave?fault=none HTTP/1.0\r\n\r\n");
+  const std::string whole = Ask(request);
+  Ask("GET /misbehave?fault=drip:1@/rulez.html HTTP/1.0\r\n\r\n");
+  EXPECT_EQ(Ask(request), whole);
+}
+
+TEST_F(FaultTest, DropMayConcernOnePathAlone) {
+  StartWith("drop:1@/chl");
+  const Text alice = LogIn("alice");
+  Peer frame = Come(alice, "alice");
+  Peer silent(server->port());
+  silent.Send(PostRequest("/chl", alice));
+  EXPECT_EQ(silent.ReadOnce(200), "");
+  EXPECT_FALSE(silent.ended);
+}
+
+TEST_F(FaultTest, RandomFaultsBefallSomeAnswersAndLeaveTheOthersWhole) {
+  options.seed = 7;
+  StartWith("random:50");
+  const std::string request = "GET /rulez.html HTTP/1.0\r\n\r\n";
+  int whole = 0;
+  for (int i = 0; i < 40; ++i) {
+    Peer peer(server->port());
+    peer.Send(request);
+    std::string answer;
+    for (std::string some = peer.ReadOnce(100); !some.empty(); some = peer.ReadOnce(100))
+      answer += some;
+    if (answer.starts_with("HTTP/1.0 200") && answer.ends_with("</html>\n")) ++whole;
+  }
+  EXPECT_GT(whole, 10);
+  EXPECT_LT(whole, 40);
+}
+
 TEST_F(LoopbackTest, WithoutTheOptionNobodyChangesFaults) {
   Start();
   EXPECT_TRUE(Ask("GET /misbehave?fault=cut HTTP/1.0\r\n\r\n").starts_with("HTTP/1.0 404"));

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "session/http_answer.h"
+#include "session/leaving.h"
 #include "support/chat.h"
 #include "support/scripted_view.h"
 #include "text/fault.h"
@@ -140,6 +142,125 @@ TEST_F(ChannelList, NoReconnectFollowsAList) {
   const int connects = chat.Winsock1().connects;
   chat.platform.time.Advance(3600000);
   EXPECT_EQ(chat.Winsock1().connects, connects);
+}
+
+// What stands in a pane of a page that comes whole, by either way.
+TEST_F(ChannelList, AHundredThousandUsersAreListed) {
+  Text page = "этот стиль (номер 9) предназначен для роботов\nchannel: a\n"_w;
+  for (int i = 0; i < 100'000; ++i)
+    page += "user: nick" + std::to_string(i) + "\n";
+  chat.tab().Channel = "";
+  chat.OpenFrame();
+  chat.Deliver(Text(kGoodHeader) + page);
+  chat.Winsock1().PeerCloses();
+  EXPECT_TRUE(chat.Pane().ends_with("nick99998\r\nnick99999\r\n"));
+  EXPECT_EQ(chat.ErrorLog(), "");
+
+  chat.tab().Rich.Text("");
+  LeaveChannel(chat.client, 0);
+  chat.Winsock5().Accept();
+  chat.Winsock5().Deliver(Koi(page));
+  chat.Winsock5().PeerCloses();
+  EXPECT_TRUE(chat.Pane().ends_with("nick99998\r\nnick99999\r\n"));
+}
+
+TEST_F(ChannelList, MegabytesInOneLineAreOneValue) {
+  const Text value(4'000'000, 'x');
+  EXPECT_EQ(Shown("junk" + value + " user:" + value + "\n"),
+            (Runs{{value + "\r\n", Face(kRed, 10, false, PaneAlignment::kLeft)}}));
+  EXPECT_EQ(Shown(value), Runs());
+}
+
+TEST_F(ChannelList, APageMayBeCutAtAnyByte) {
+  const Text page =
+      "\n\nchannel: hall\nchflags: +k\ntopic: hot: news\nuser: ann\t[+o]\nuser: bob       x\n";
+  Shown(page);
+  const Text whole = chat.Pane();
+  for (std::size_t length = 0; length < page.size(); ++length) {
+    try {
+      Shown(page.substr(0, length));
+    } catch (const Fault& fault) {
+      EXPECT_EQ(fault.number, fault::kInvalidCall) << length;
+    }
+    EXPECT_TRUE(whole.starts_with(chat.Pane())) << length;
+  }
+}
+
+TEST_F(ChannelList, AGoodPageIsAnnouncedWithItsWordsAndClosedWithOk) {
+  chat.tab().Channel = "";
+  chat.OpenFrame();
+  chat.Deliver(Text(kGoodHeader) + "\nid=1\nuser: bob\n");
+  chat.Winsock1().PeerCloses();
+  EXPECT_TRUE(chat.Pane().ends_with(
+      "Получение списка каналов... Ok.\r\n[12:00:00] Построение и форматирование... Ok.\r\n\r\n"
+      "bob\r\n"_w))
+      << chat.Pane();
+  EXPECT_EQ(chat.ErrorLog(), "");
+}
+
+TEST_F(ChannelList, AListIsRenderedOnceAndNeedsTheServiceForAnother) {
+  chat.tab().Channel = "";
+  chat.OpenFrame();
+  chat.Deliver(Text(kGoodHeader) + "\nid=1\nuser: bob\n");
+  chat.Winsock1().PeerCloses();
+  EXPECT_EQ(chat.tab().ChannelListPage, "");
+  const Text pane = chat.Pane();
+  ShowChannelList(chat.client, 0);
+  EXPECT_EQ(chat.Pane(), pane + "\r\n");
+}
+
+TEST_F(ChannelList, AConnectInTheMiddleEndsTheRendering) {
+  chat.tab().Channel = "";
+  chat.OpenFrame();
+  chat.Deliver(Text(kGoodHeader) + "\nid=1\nuser: bob\nuser: carl\n");
+  chat.platform.desktop.on_yield = [this] {
+    chat.platform.desktop.on_yield = nullptr;
+    chat.tab().ClearPanesOnConnect = true;
+    ConnectToChat(chat.client, 0);
+  };
+  chat.Winsock1().PeerCloses();
+  EXPECT_EQ(chat.Pane(), "[12:00:00] Подключение к чату...\r\n"_w);
+  EXPECT_TRUE(chat.tab().Rich.Redraw());
+}
+
+TEST_F(ChannelList, TheListIsPaintedAsOne) {
+  bool painted = true;
+  chat.platform.desktop.on_yield = [&] { painted = chat.tab().Rich.Redraw(); };
+  Shown("user: a\n");
+  EXPECT_FALSE(painted);
+  EXPECT_TRUE(chat.tab().Rich.Redraw());
+}
+
+TEST_F(ChannelList, AKeyRepeatedWithoutALineEndDoesNotFillTheMemory) {
+  Text page;
+  for (int i = 0; i < 20'000; ++i)
+    page += "user:";
+  chat.tab().Channel = "";
+  chat.tab().ChannelListPage = page + "\n";
+  try {
+    ShowChannelList(chat.client, 0);
+    ADD_FAILURE() << "no fault";
+  } catch (const Fault& fault) {
+    EXPECT_EQ(fault.number, 7);
+    EXPECT_EQ(fault.description, "Out of memory");
+  }
+  EXPECT_LT(chat.tab().Rich.Length(), 40'000'000);
+}
+
+TEST_F(ChannelList, AFrameThatNobodyReadsDoesNotFillTheMemory) {
+  chat.OpenFrame();
+  chat.Deliver(Text(kGoodHeader) + "<html>something else\n");
+  const Text chunk(4 * 1024 * 1024, 'x');
+  for (int i = 0; i < 6; ++i)
+    chat.Deliver(chunk);
+  EXPECT_EQ(chat.tab().ChannelListPage.size(), kLargestAnswer);
+}
+
+TEST_F(ChannelList, ATabThatIsClosedWhileItsLoginIsSavedDoesNotEnter) {
+  chat.platform.files.files["config.ini"] = "[Main]\r\nLogins=1\r\nLogin0=alice\r\n";
+  chat.platform.desktop.on_yield = [this] { ++chat.tab().SessionNumber; };
+  EnterListedChannel(chat.client, 0, "hall");
+  EXPECT_EQ(chat.Winsock1().connects, 0);
 }
 
 }  // namespace

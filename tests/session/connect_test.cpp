@@ -7,6 +7,7 @@
 #include "session/leaving.h"
 #include "session/proxy_dialog.h"
 #include "support/chat.h"
+#include "text/fault.h"
 #include "users/posting.h"
 
 namespace parlorwire {
@@ -498,6 +499,15 @@ TEST_F(Connect, ADropInTheMiddleOfTheLoginResendsNothing) {
   chat.platform.time.Advance(60000);
   EXPECT_EQ(chat.Winsock1().connects, 1);
   EXPECT_EQ(chat.Winsock1().sends, 1);
+}
+
+TEST_F(Connect, AFaultInTheErrorEventIsLoggedUnderItsName) {
+  ConnectToChat(chat.client, 0);
+  chat.client.hooks.SetTabTitle = [](const Text&) { throw Fault(fault::kInvalidCall); };
+  chat.Winsock1().Fail(10061);
+  EXPECT_EQ(chat.ErrorLog(),
+            "[21.11.2026 12:00:00] Error 5 Invalid procedure call or argument. Function: "
+            "Winsock1_Error\r\n");
 }
 
 }  // namespace

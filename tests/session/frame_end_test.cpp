@@ -268,5 +268,103 @@ TEST_F(FrameEnd, LeaveOverrulesALogoffAndBothStepsRunAtTheClose) {
   EXPECT_TRUE(chat.Pane().ends_with("\r\nbob\r\n[12:00:00] Вы вышли из чата\r\n"_w));
 }
 
+TEST_F(FrameEnd, AfterALeaveTheCloseOfTheFrameRunsTheListBranchWithAnEmptyPage) {
+  chat.EnterChannel();
+  LeaveChannel(chat.client, 0);
+  chat.Winsock5().Accept();
+  chat.Winsock5().Deliver("channel: hall\n");
+  chat.Winsock5().PeerCloses();
+  const int connects = Connects();
+  chat.Winsock1().PeerCloses();
+  EXPECT_EQ(Connects(), connects);
+  EXPECT_TRUE(chat.Pane().ends_with(
+      "Канал: hall\r\n Ok.\r\n[12:00:00] Построение и форматирование... Ok.\r\n\r\n"_w))
+      << chat.Pane();
+  EXPECT_EQ(desktop.at(0).caption, "Список каналов"_w);
+  EXPECT_EQ(desktop.window_caption, "Список каналов - Parlorwire"_w);
+}
+
+TEST_F(FrameEnd, AChunkOfTheFrameEmptiesThePageOfALeave) {
+  chat.EnterChannel();
+  LeaveChannel(chat.client, 0);
+  chat.Winsock5().Accept();
+  chat.Winsock5().Deliver("channel: hall\n");
+  chat.Deliver("<!-- -->\n");
+  chat.Winsock5().Deliver("user: bob\n");
+  chat.Winsock5().PeerCloses();
+  EXPECT_TRUE(chat.Pane().ends_with("\r\nbob\r\n"));
+  EXPECT_EQ(chat.Pane().find("hall"), Text::npos);
+}
+
+TEST_F(FrameEnd, APageOfALeaveThatIsCutShortIsShownAsFarAsItGoes) {
+  chat.EnterChannel();
+  LeaveChannel(chat.client, 0);
+  chat.Winsock5().Accept();
+  chat.Winsock5().Deliver("user: bob\nchannel: lob");
+  chat.Winsock5().PeerCloses();
+  EXPECT_TRUE(chat.Pane().ends_with("\r\nbob\r\n"));
+  EXPECT_TRUE(chat.ErrorLog().ends_with(". Function: Winsock5_Close\r\n"));
+  EXPECT_TRUE(chat.tab().IsChannelList);
+  EXPECT_EQ(desktop.at(0).caption, "Список каналов"_w);
+  EXPECT_EQ(desktop.window_caption, "Список каналов - Parlorwire"_w);
+  EXPECT_EQ(chat.tab().ChannelListPage, "");
+}
+
+TEST_F(FrameEnd, AConnectInTheMiddleOfTheListOfALeaveIsNotTakenForAList) {
+  chat.EnterChannel();
+  LeaveChannel(chat.client, 0);
+  chat.Winsock5().Accept();
+  chat.Winsock5().Deliver("user: bob\nuser: carl\n");
+  desktop.on_yield = [this] {
+    desktop.on_yield = nullptr;
+    ConnectToChat(chat.client, 0);
+  };
+  chat.Winsock5().PeerCloses();
+  EXPECT_TRUE(chat.tab().Connecting);
+  EXPECT_FALSE(chat.tab().IsChannelList);
+  EXPECT_EQ(desktop.at(0).caption, "Подключение..."_w);
+  EXPECT_EQ(chat.Pane().find("carl"), Text::npos);
+}
+
+// ---- timers ----
+
+TEST_F(FrameEnd, TheWatchdogOfATabThatReconnectsCannotTick) {
+  chat.EnterChannel();
+  EXPECT_TRUE(chat.tab().Timer3->Enabled());
+  ConnectToChat(chat.client, 0);
+  EXPECT_FALSE(chat.tab().Timer3->Enabled());
+  const int connects = Connects();
+  chat.platform.time.Advance(200000);
+  EXPECT_EQ(Connects(), connects);
+}
+
+TEST_F(FrameEnd, AFrameOfAnUnknownStyleReconnectsAfterTwoSilentPeriods) {
+  chat.OpenFrame();
+  chat.Deliver(Text(kGoodHeader) + "<html>something else\n");
+  chat.Deliver("more of it\n");
+  EXPECT_FALSE(chat.tab().Connected);
+  EXPECT_TRUE(chat.tab().IgnoreStream);
+  const int connects = Connects();
+  chat.platform.time.Advance(119999);
+  EXPECT_EQ(Connects(), connects);
+  chat.platform.time.Advance(1);
+  EXPECT_EQ(Connects(), connects + 1);
+}
+
+TEST_F(FrameEnd, ATabThatIsArmedIsNotWokenByEveryChunk) {
+  chat.EnterChannel();
+  chat.platform.time.Advance(3000);
+  EXPECT_TRUE(chat.tab().ActionsArmed);
+  chat.Deliver("<!-- -->\n");
+  EXPECT_FALSE(chat.tab().Timer6->Enabled());
+}
+
+TEST_F(FrameEnd, LinesOfAGoneSessionArmNoOther) {
+  chat.EnterChannel();
+  chat.client.hooks.ParseChatLine = [this](const Text&, int) { ConnectToChat(chat.client, 0); };
+  chat.Deliver("[12:00:00] bob: hi\n");
+  EXPECT_FALSE(chat.tab().Timer6->Enabled());
+}
+
 }  // namespace
 }  // namespace parlorwire

@@ -2,7 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "support/simulated_platform.h"
+#include "session/leaving.h"
+#include "session/personal_notice.h"
+#include "session/proxy_dialog.h"
+#include "shell/hot_keys.h"
+#include "support/chat.h"
+#include "text/cut.h"
 
 namespace parlorwire {
 namespace {
@@ -120,6 +125,199 @@ TEST_F(Tabs, ATabThatWasNeverLoggedInRaisesTheDialogEachTime) {
   client.tab(5).LoginShown = true;
   SSTab_Click(client, 0);
   EXPECT_EQ(dialogs, (std::vector<int>{5, 5}));
+}
+
+// ---- close_tab ----
+
+struct CloseTab : testing::Test {
+  CloseTab() {
+    desktop.on_tab_click = [this](int previous) { SSTab_Click(chat.client, previous); };
+    chat.client.hooks.ShowLoginDialog = [this](int tab) { dialogs.push_back(tab); };
+  }
+  void Show(std::initializer_list<int> tabs) {
+    for (int tab = 0; tab < kTabCount; ++tab)
+      desktop.SetTabVisible(tab, false);
+    for (int tab : tabs) {
+      desktop.SetTabVisible(tab, true);
+      chat.tab(tab).LoginShown = true;
+    }
+  }
+  // On the channel, with this tab active.
+  void Enter(int tab) {
+    chat.tab(tab).Login = "alice";
+    chat.tab(tab).Channel = "hall";
+    chat.EnterChannel(tab);
+    desktop.active_tab = tab;
+  }
+  std::vector<int> Visible() {
+    std::vector<int> visible;
+    for (int tab = 0; tab < kTabCount; ++tab)
+      if (desktop.TabVisible(tab)) visible.push_back(tab);
+    return visible;
+  }
+  Chat chat;
+  SimulatedDesktop& desktop = chat.platform.desktop;
+  std::vector<int> dialogs;
+};
+
+TEST_F(CloseTab, ClosesItsConnectionsAndHidesTheTab) {
+  Show({0, 1});
+  Enter(0);
+  Enter(1);
+  chat.client.hooks.UpdateUsersFrame(1);
+  chat.client.hooks.SayBot("/x", 1);
+  ConnectToService(chat.client, *chat.tab(1).Winsock2);
+  LeaveChannel(chat.client, 1);
+  EXPECT_FALSE(close_tab(chat.client));
+  for (auto* socket : {&chat.Winsock1(1), &chat.Winsock2(1), &chat.Winsock3(1), &chat.Winsock4(1),
+                       &chat.Winsock5(1)})
+    EXPECT_EQ(socket->State(), SocketState::kClosed);
+  EXPECT_EQ(Visible(), std::vector<int>{0});
+  EXPECT_EQ(desktop.ActiveTab(), 0);
+  EXPECT_EQ(chat.Pane(1), "");
+  EXPECT_FALSE(chat.tab(1).Connected);
+  EXPECT_FALSE(chat.tab(1).EverConnected);
+  EXPECT_FALSE(chat.tab(1).LoginShown);
+  EXPECT_EQ(chat.Winsock1(0).State(), SocketState::kConnected);
+  EXPECT_TRUE(desktop.boxes.empty());
+}
+
+TEST_F(CloseTab, NothingBringsAClosedTabBack) {
+  Show({0, 1});
+  Enter(0);
+  Enter(1);
+  chat.tab(1).Timer1->Enabled(true);
+  NoticePersonalMessage(chat.client, 1);
+  chat.tab(1).ReconnectRequested = true;
+  const int connects = chat.Winsock1(1).connects;
+  close_tab(chat.client);
+  chat.platform.time.Advance(300000);
+  EXPECT_LE(chat.Winsock1(1).connects, connects + 1);
+  EXPECT_EQ(chat.Winsock1(1).State(), SocketState::kClosed);
+  for (auto* timer : {&chat.tab(1).Timer1, &chat.tab(1).Timer2, &chat.tab(1).Timer3,
+                      &chat.tab(1).Timer6, &chat.tab(1).Timer26})
+    EXPECT_FALSE((*timer)->Enabled());
+  EXPECT_FALSE(desktop.at(1).pers_red);
+}
+
+TEST_F(CloseTab, ATabThatIsLoggingInIsClosedToo) {
+  Show({0, 1});
+  Enter(0);
+  chat.tab(1).Login = "bob";
+  ConnectToChat(chat.client, 1);
+  desktop.active_tab = 1;
+  chat.Winsock1(1).Accept();
+  chat.Winsock1(1).Deliver("<a href='/frame?a=1&ticket=T1'>");
+  EXPECT_FALSE(close_tab(chat.client));
+  chat.platform.time.Advance(300000);
+  EXPECT_EQ(chat.Winsock1(1).State(), SocketState::kClosed);
+  EXPECT_EQ(Visible(), std::vector<int>{0});
+}
+
+TEST_F(CloseTab, EventsOfOtherTabsGoOnWhileItWaits) {
+  Show({0, 1});
+  Enter(0);
+  Enter(1);
+  int lines = 0;
+  desktop.on_yield = [&] {
+    if (lines++ == 0) chat.Deliver("[12:00:00] bob: meanwhile\n", 0);
+  };
+  close_tab(chat.client);
+  EXPECT_TRUE(Contains(chat.Pane(0), "meanwhile"));
+}
+
+TEST_F(CloseTab, AskedAgainWhileItWaitsItRunsOnce) {
+  Show({0, 1, 2});
+  Enter(0);
+  Enter(1);
+  Enter(2);
+  desktop.on_yield = [&] { EXPECT_FALSE(close_tab(chat.client)); };
+  close_tab(chat.client);
+  EXPECT_EQ(Visible(), (std::vector<int>{0, 1}));
+}
+
+TEST_F(CloseTab, PrefersTheTabToTheRight) {
+  Show({0, 4, 9});
+  Enter(0);
+  Enter(4);
+  close_tab(chat.client);
+  EXPECT_EQ(desktop.ActiveTab(), 9);
+  EXPECT_EQ(Visible(), (std::vector<int>{0, 9}));
+}
+
+TEST_F(CloseTab, ClosingTab9OfTabs0And4And9MakesTab0Active) {
+  Show({0, 4, 9});
+  Enter(0);
+  Enter(9);
+  close_tab(chat.client);
+  EXPECT_EQ(desktop.ActiveTab(), 0);
+  EXPECT_EQ(Visible(), (std::vector<int>{0, 4}));
+}
+
+TEST_F(CloseTab, ClosingTheLastTabInUseAsksAndNoKeepsIt) {
+  Show({0});
+  Enter(0);
+  EXPECT_FALSE(close_tab(chat.client));
+  EXPECT_EQ(desktop.boxes, (std::vector<SimulatedDesktop::Box>{
+                               {"Вы не подключены ни к одному каналу. Выйти из программы?"_w,
+                                BoxIcon::kQuestion, true}}));
+  EXPECT_EQ(Visible(), std::vector<int>{0});
+  EXPECT_EQ(chat.Pane(), "");
+  EXPECT_EQ(desktop.TabCaption(0), "Отключено"_w);
+}
+
+TEST_F(CloseTab, TheQuestionInEnglishAndYesEndsTheProgram) {
+  chat.client.app.Language = UiLanguage::kEnglish;
+  desktop.answers = {true};
+  Show({0, 1});
+  Enter(1);
+  EXPECT_TRUE(close_tab(chat.client));
+  EXPECT_EQ(desktop.boxes.front().text, "You don't connected. Quit the programm?");
+  EXPECT_EQ(Visible(), (std::vector<int>{0, 1}));
+}
+
+TEST_F(CloseTab, AListOfChannelsOrAConnectElsewhereKeepsTheProgramOpen) {
+  Show({0, 1});
+  Enter(1);
+  chat.tab(0).IsChannelList = true;
+  EXPECT_FALSE(close_tab(chat.client));
+  EXPECT_TRUE(desktop.boxes.empty());
+  EXPECT_EQ(Visible(), std::vector<int>{0});
+}
+
+TEST_F(CloseTab, ATabClosedOnceCanBeUsedAgain) {
+  Show({0, 1});
+  Enter(0);
+  Enter(1);
+  close_tab(chat.client);
+  AddTab(chat.client);
+  EXPECT_EQ(desktop.ActiveTab(), 1);
+  EXPECT_EQ(dialogs, std::vector<int>{1});
+  Enter(1);
+  EXPECT_TRUE(chat.tab(1).Connected);
+}
+
+TEST_F(CloseTab, AReloginThatWasAskedForDoesNotSaveIt) {
+  Show({0, 1});
+  Enter(0);
+  Enter(1);
+  LogInAfresh(chat.client);
+  close_tab(chat.client);
+  chat.platform.time.Advance(300000);
+  EXPECT_EQ(chat.Winsock1(1).State(), SocketState::kClosed);
+  EXPECT_FALSE(chat.tab(1).Connecting);
+  EXPECT_EQ(Visible(), std::vector<int>{0});
+}
+
+TEST_F(CloseTab, WhoHasGoneToAnotherTabMeanwhileStaysThere) {
+  Show({0, 1, 2});
+  Enter(0);
+  Enter(2);
+  Enter(1);
+  desktop.on_yield = [this] { desktop.SetActiveTab(0); };
+  close_tab(chat.client);
+  EXPECT_EQ(desktop.ActiveTab(), 0);
+  EXPECT_EQ(Visible(), (std::vector<int>{0, 2}));
 }
 
 }  // namespace

@@ -204,6 +204,18 @@ void SimulatedDesktop::SetTabControlsEnabled(int tab, bool enabled) {
   at(tab).controls_enabled = enabled;
   shared_controls_enabled = enabled;
   close_tab_enabled = enabled;
+  logoff_enabled = enabled;
+}
+
+void SimulatedDesktop::SetSharedLinksEnabled(bool enabled) {
+  shared_links_enabled = enabled;
+  logoff_enabled = enabled;
+}
+
+void SimulatedDesktop::SetActiveTab(int tab) {
+  const int previous = active_tab;
+  active_tab = tab;
+  if (on_tab_click) on_tab_click(previous);
 }
 
 void SimulatedDesktop::SelectIntonacia(int tab, int index) {

@@ -150,7 +150,7 @@ class SimulatedDesktop : public Desktop {
 
   void YieldToEvents() override;
   int ActiveTab() const override { return active_tab; }
-  void SetActiveTab(int tab) override { active_tab = tab; }
+  void SetActiveTab(int tab) override;
   bool TabVisible(int tab) const override { return at(tab).visible; }
   void SetTabVisible(int tab, bool visible) override { at(tab).visible = visible; }
   Text TabCaption(int tab) const override { return at(tab).caption; }
@@ -159,7 +159,8 @@ class SimulatedDesktop : public Desktop {
   bool IsActiveWindow() const override { return window_active; }
   void SetTabControlsEnabled(int tab, bool enabled) override;
   void SetCloseTabEnabled(bool enabled) override { close_tab_enabled = enabled; }
-  void SetSharedLinksEnabled(bool enabled) override { shared_links_enabled = enabled; }
+  void SetSharedLinksEnabled(bool enabled) override;
+  bool LogoffEnabled() const override { return logoff_enabled; }
   bool StopScroll(int tab) const override { return at(tab).stop_scroll; }
   void SetStopScroll(int tab, bool ticked) override { at(tab).stop_scroll = ticked; }
   Text MsgText(int tab) const override { return at(tab).msg; }
@@ -186,6 +187,7 @@ class SimulatedDesktop : public Desktop {
   bool shared_controls_enabled = false;  // by SetTabControlsEnabled
   bool shared_links_enabled = false;     // by SetSharedLinksEnabled
   bool close_tab_enabled = false;
+  bool logoff_enabled = false;  // by either
   int focused_msg = -1;
   bool say_use_op = false;
   bool say_use_op_enabled = false;
@@ -195,6 +197,7 @@ class SimulatedDesktop : public Desktop {
   int yields = 0;
   int users_num_updates = 0;
   std::function<void()> on_yield;  // what happens in the event loop when the logic yields
+  std::function<void(int previous)> on_tab_click;  // after SetActiveTab
 };
 
 // A client on the simulated platform.

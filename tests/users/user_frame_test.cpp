@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "session/connect.h"
 #include "support/pane_runs.h"
 #include "support/scripted_view.h"
 #include "support/simulated_platform.h"
@@ -284,6 +285,12 @@ TEST_F(UserFrameTest, AnOwnOperatorFlagMakesTheUserOne) {
   EXPECT_TRUE(said.empty());
 }
 
+TEST_F(UserFrameTest, TheOwnNickInAnotherCaseWithoutTheTimerFlagAsksForIt) {
+  Frame("mE|[][]''\n");
+  EXPECT_THAT(said, ElementsAre("/mo -t"));
+  EXPECT_EQ(socket().State(), SocketState::kConnecting);
+}
+
 TEST_F(UserFrameTest, OnATabThatIsNotShownSayUseOpStaysAsItIs) {
   platform.desktop.active_tab = 1;
   Frame("Me|[+o -t][]''\n");
@@ -335,6 +342,13 @@ TEST_F(UserFrameTest, AScriptBetweenTwoUsersIsTakenOutAndToldOnce) {
   session.Timer2->Enabled(false);
   Frame(lines);
   EXPECT_EQ(session.Rich.LineCount(), 3);
+}
+
+TEST_F(UserFrameTest, AScriptIsToldInEnglishToo) {
+  client.app.Language = UiLanguage::kEnglish;
+  Frame("<script></script>ann|[][]''\n");
+  EXPECT_EQ(session.Rich.Text(), "[12:00:00] You have a personal_message!\r\n");
+  EXPECT_EQ(Shown(), "\r\n\r\nann\r\n");
 }
 
 TEST_F(UserFrameTest, OnlyTheFirstScriptIsTakenOut) {
@@ -418,16 +432,75 @@ TEST_F(UserFrameTest, WaitingEventsRunOnceWhileTheListIsEmpty) {
   EXPECT_EQ(platform.desktop.yields, 1);
 }
 
-TEST_F(UserFrameTest, AFetchThatStartsInTheMiddleLosesNothingOfThisOne) {
+TEST_F(UserFrameTest, AFetchThatStartsInTheMiddleAndThisOneLoseNothing) {
   platform.desktop.on_yield = [&] {
     platform.desktop.on_yield = nullptr;
     UpdateUsersFrame(client, 0);
     socket().Accept();
-    socket().Deliver("half");
+    socket().Deliver(Text(kHeader) + kTop + "car");
   };
   Frame("ann|[][]''\nbob|[][]''\n");
   EXPECT_EQ(session.UsersText.text(), "\r\nann\n\n\n\r\nbob\n\n\n");
   EXPECT_EQ(Counter(), "Пользователей: 0/2");
+  socket().Deliver("l|[][]''\n");
+  socket().PeerCloses();
+  EXPECT_EQ(session.UsersText.text(), "\r\ncarl\n\n\n");
+  EXPECT_EQ(Counter(), "Пользователей: 0/1");
+}
+
+TEST_F(UserFrameTest, ASessionThatBeginsInTheMiddleGetsNoOldList) {
+  session.Login = "me";
+  platform.desktop.on_yield = [&] {
+    platform.desktop.on_yield = nullptr;
+    ConnectToChat(client, 0);
+  };
+  Frame("ann|[][]''\nme|[+o][]''\n");
+  EXPECT_EQ(Shown(), "");
+  EXPECT_FALSE(session.IsOperator);
+  EXPECT_TRUE(said.empty());
+}
+
+// ---- large and broken answers ----
+
+TEST_F(UserFrameTest, ThirtyThousandUsersAreListedInBothForms) {
+  Text form_a;
+  Text form_b;
+  for (int i = 0; i < 30'000; ++i) {
+    form_a += "nick" + std::to_string(i) + "|[+o][10.0.0.7:]'at work'\n";
+    form_b += "<tr>\n10.0.0.7:[+o]nick" + std::to_string(i) + "\n";
+  }
+  Frame(form_a);
+  EXPECT_EQ(Counter(), "Пользователей: 30000/30000");
+  EXPECT_TRUE(Shown().ends_with("\r\nnick29999 [+o] 10.0.0.7 at work\r\n"));
+  Frame(form_b);
+  EXPECT_EQ(Counter(), "Пользователей: 30000/30000");
+  EXPECT_TRUE(Shown().ends_with("\r\nnick29999 [+o] 10.0.0.7\r\n"));
+  EXPECT_EQ(ErrorLog(), "");
+}
+
+TEST_F(UserFrameTest, MegabytesInOneLineAreOneUser) {
+  const Text megabytes(3'000'000, 'x');
+  Frame(megabytes + "|[" + megabytes + "][" + megabytes + "]'" + megabytes + "'\n");
+  EXPECT_EQ(Counter(), "Пользователей: 0/1");
+  EXPECT_EQ(session.Rich_Users.Length(), 4 * 3'000'000 + 3 + 2 + 2 + 4);
+  Frame("<tr>\n:[]" + megabytes + "\n");
+  EXPECT_EQ(Counter(), "Пользователей: 0/1");
+  EXPECT_EQ(session.Rich_Users.Length(), 3'000'000 + 2 + 4);
+}
+
+TEST_F(UserFrameTest, AnAnswerCutAtAnyByteShowsItsUsersOrAFailure) {
+  for (const char* lines :
+       {"ann|[+o][10.0.0.7:]'at work'\nbob|[][]''\n", "<tr>\n10.0.0.7:[+o]ann x\n<tr>\n:[]bob\n"}) {
+    const Text whole = kHeader + Text(kTop) + lines;
+    for (std::size_t length = 1; length < whole.size(); ++length) {
+      Answer(whole.substr(0, length));
+      const bool failed = Shown().ends_with("\r\n\r\n Ошибка при обновлениии фрейма");
+      const bool listed = Counter().starts_with("Пользователей: ");
+      EXPECT_NE(failed, listed) << length;
+      EXPECT_EQ(session.UsersBuffer, "") << length;
+      EXPECT_TRUE(session.Rich_Users.Redraw());
+    }
+  }
 }
 
 }  // namespace

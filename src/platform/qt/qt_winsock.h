@@ -31,7 +31,9 @@ namespace parlorwire {
 // - Nothing wakes the process while a connection is silent.
 class QtWinsock : public Winsock {
  public:
-  static constexpr std::size_t kReadBudget = 16 * 1024;
+  // Some fifty lines of a frame: also with all ten tabs behind, a turn of the event loop stays
+  // short.
+  static constexpr std::size_t kReadBudget = 4 * 1024;
   static constexpr std::chrono::milliseconds kConnectTimeout = std::chrono::seconds(21);
 
   explicit QtWinsock(std::chrono::milliseconds connect_timeout = kConnectTimeout);

@@ -1,5 +1,4 @@
 #include "shell/qt/client_main.h"
-#include "session/event_entry.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -7,24 +6,27 @@
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QStatusBar>
-#include <QTimer>
 #include <algorithm>
 #include <optional>
 
+#include "display/pane_mouse.h"
 #include "platform/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
+#include "session/event_entry.h"
 #include "session/leaving.h"
 #include "shell/client_main_layout.h"
 #include "shell/login_dialog.h"
+#include "shell/page_links.h"
 #include "shell/qt/connection_form.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/ground.h"
-#include "shell/qt/line_razdel.h"
 #include "shell/qt/link_label.h"
 #include "shell/qt/main_menu.h"
+#include "shell/qt/main_shortcuts.h"
 #include "shell/qt/msg_box.h"
 #include "shell/qt/open_url.h"
 #include "shell/qt/qt_desktop.h"
@@ -34,14 +36,14 @@
 #include "shell/shut_down.h"
 #include "shell/start_up.h"
 #include "shell/tabs.h"
-#include "text/number.h"
 #include "users/input_history.h"
 #include "users/posting.h"
 
 namespace parlorwire {
 namespace {
 
-constexpr int kTimer4Interval = 100;       // ms
+constexpr int kTimer4Interval = 100;  // ms
+constexpr int kTimer5Interval = 10;
 constexpr int kSplashTime = 500;           // ms
 constexpr int kSplashWithoutFocus = 3000;  // ms; a window that the desktop never activates
 
@@ -53,7 +55,10 @@ int ClampedPixels(double twips, int least, int most) {
 }  // namespace
 
 client_main::client_main(Client& client, QtDesktop& desktop)
-    : controls(NewMainControls(client, this, statusBar())), client_(client), desktop_(desktop) {
+    : controls(NewMainControls(client, this, statusBar())),
+      client_(client),
+      desktop_(desktop),
+      layout_(controls, client) {
   NameControl(this, "client_main");
   SayControl(this, "Parlorwire");
   setWindowIcon(QIcon(QStringLiteral(":/parlorwire/parlorwire.svg")));
@@ -63,8 +68,14 @@ client_main::client_main(Client& client, QtDesktop& desktop)
   OrderMainControls(controls);
   ShowSlot(controls, -1);
   desktop_.Attach(this);
+  Timer5_.setSingleShot(true);
+  Timer5_.setInterval(kTimer5Interval);
+  connect(&Timer5_, &QTimer::timeout, this, [this] { desktop_.FocusMsg(desktop_.ActiveTab()); });
+  MakeMainShortcuts(*this, client_, [this] { Timer5_.start(); });
+  qApp->installEventFilter(this);
   FillHooks();
   WireShared();
+  WireLinks();
   for (int slot = 0; slot < kTabCount; ++slot)
     WireTab(slot);
 }
@@ -93,6 +104,20 @@ void client_main::WireShared() {
       }
     });
   });
+  controls.SSTab->Click = [this](int previous) {
+    OnEvent(client_, "SSTab_Click", [&] {
+      ShowActiveSlot();
+      SSTab_Click(client_, previous);
+      // Who walks along the strip with the arrow keys stays on it.
+      if (!controls.SSTab->hasFocus()) Timer5_.start();
+    });
+  };
+  connect(controls.SayUseOp, &QCheckBox::clicked, this, [this](bool ticked) {
+    OnEvent(client_, "SayUseOp_Click", [&] { SayUseOp_Click(client_, ticked); });
+  });
+}
+
+void client_main::WireLinks() {
   const auto act = [this](LinkLabel* link, std::function<void()> action) {
     link->SetAction([this, link, action = std::move(action)] {
       OnEvent(client_, FromQString(link->objectName()), action);
@@ -100,16 +125,11 @@ void client_main::WireShared() {
   };
   act(controls.AddTab, [this] { AddTab(client_); });
   act(controls.logoff, [this] { LogoffChat(client_, desktop_.ActiveTab()); });
+  act(controls.close_tab, [this] { CloseTab(); });
+  act(controls.sp_bans, [this] { sp_bans(client_); });
+  act(controls.sp_opers, [this] { sp_opers(client_); });
+  act(controls.hist_topic, [this] { hist_topic(client_); });
   act(controls.logout, [this] { LeaveChannel(client_, desktop_.ActiveTab()); });
-  controls.SSTab->Click = [this](int previous) {
-    OnEvent(client_, "SSTab_Click", [&] {
-      ShowActiveSlot();
-      SSTab_Click(client_, previous);
-    });
-  };
-  connect(controls.SayUseOp, &QCheckBox::clicked, this, [this](bool ticked) {
-    OnEvent(client_, "SayUseOp_Click", [&] { SayUseOp_Click(client_, ticked); });
-  });
 }
 
 void client_main::WireTab(int slot) {
@@ -146,7 +166,28 @@ void client_main::WireTab(int slot) {
   });
   connect(tab.StopScroll, &QAbstractButton::clicked, this,
           [this, slot] { desktop_.FocusMsg(slot); });
-  tab.line_razdel->Moved = [this, slot](int left) { MoveSplitter(slot, left); };
+  WirePane(slot);
+}
+
+void client_main::WirePane(int slot) {
+  RichTextView* view = controls.tab(slot).Rich;
+  const auto wanted = [](Qt::MouseButton button) {
+    return button == Qt::LeftButton || button == Qt::RightButton;
+  };
+  const auto button = [](Qt::MouseButton pressed) {
+    return pressed == Qt::LeftButton ? MouseButton::kLeft : MouseButton::kRight;
+  };
+  connect(view, &RichTextView::mousePressedAt, this, [=, this](PanePosition at, auto pressed) {
+    if (!wanted(pressed)) return;
+    OnEvent(client_, "Rich_MouseDown", [&] { Rich_MouseDown(client_, slot, at, button(pressed)); });
+  });
+  connect(view, &RichTextView::mouseMovedOver, this, [=, this](PanePosition at) {
+    OnEvent(client_, "Rich_MouseMove", [&] { Rich_MouseMove(client_, slot, at); });
+  });
+  connect(view, &RichTextView::mouseReleasedAt, this, [=, this](PanePosition, auto released) {
+    if (!wanted(released)) return;
+    OnEvent(client_, "Rich_MouseUp", [&] { Rich_MouseUp(client_, slot, button(released)); });
+  });
 }
 
 void client_main::Load() {
@@ -160,6 +201,8 @@ void client_main::Load() {
   measures.line_razdel_Left = kDesignedSplitPercent;
   const WindowPlace place = LoadStep(client_, measures);
   menu_->ShowChecks();
+  if (!client_.app.LetografUrl.empty())
+    controls.letogr->SetAction([this] { OnEvent(client_, "letogr", [&] { letogr(client_); }); });
   ShowPanels(controls, client_);
   for (int slot = 0; slot < kTabCount; ++slot)
     PaintFrame(controls.tab(slot), client_.tab(slot).Rich.BackColor());
@@ -183,6 +226,7 @@ void client_main::ShowAfterSplash() {
 void client_main::Unload() {
   if (unloaded_) return;
   unloaded_ = true;
+  Timer5_.stop();
   std::optional<WindowPlace> place;
   if (!isMinimized())
     place = {static_cast<double>(Twips(x())), static_cast<double>(Twips(y())),
@@ -196,10 +240,14 @@ void client_main::Timer4() {
   QTimer::singleShot(kTimer4Interval, this, [this] { close(); });
 }
 
+void client_main::CloseTab() {
+  if (close_tab(client_)) Timer4();
+}
+
 void client_main::ShowActiveSlot() {
+  PlaceControls();
   ShowSlot(controls, controls.SSTab->AnyVisible() ? controls.SSTab->Tab() : -1);
   ShowPanels(controls, client_);
-  PlaceControls();
 }
 
 void client_main::ShowLanguage(int language) {
@@ -222,19 +270,10 @@ void client_main::ShowLoginDialog() {
   connection_form_->ShowLoginDialog();
 }
 
-void client_main::MoveSplitter(int slot, int left) {
-  const QRect strip = controls.SSTab->geometry();
-  const int pane_width = left - strip.left() - Pixels(kPaneMargin + kRazdelGap);
-  const double percent = pane_width * 100.0 / std::max(1, strip.width());
-  const double clamped = ClampSplit(Twips(strip.width()), percent);
-  client_.tab(slot).TabSplitPercent = NumberText(clamped);
-  PlaceControls();
-}
-
 void client_main::PlaceControls() {
   // Sizes that the window never really had must not move the splitters.
   if (!testAttribute(Qt::WA_Resized) || unloaded_) return;
-  PlaceMainControls(controls, client_);
+  layout_.PlaceAll();
 }
 
 void client_main::closeEvent(QCloseEvent* event) {
@@ -248,6 +287,22 @@ void client_main::changeEvent(QEvent* event) {
   if (event->type() != QEvent::ActivationChange || !isActiveWindow() || activated_) return;
   activated_ = true;
   EndSplash();
+}
+
+// Notes which pane was clicked last.
+bool client_main::eventFilter(QObject* watched, QEvent* event) {
+  const auto* clicked = qobject_cast<QWidget*>(watched);
+  if (clicked == nullptr || event->type() != QEvent::MouseButtonPress ||
+      static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton)
+    return QMainWindow::eventFilter(watched, event);
+  ClickedPane& last = client_.app.LastClickedWindow;
+  last = {};
+  for (int slot = 0; slot < kTabCount; ++slot) {
+    const TabControls& tab = controls.tab(slot);
+    if (tab.Rich->isAncestorOf(clicked)) last = {ClickedPane::Kind::kRich, slot};
+    if (tab.Rich_Users->isAncestorOf(clicked)) last = {ClickedPane::Kind::kRich_Users, slot};
+  }
+  return QMainWindow::eventFilter(watched, event);
 }
 
 void client_main::EndSplash() {

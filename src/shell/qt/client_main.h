@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 #include <QTranslator>
 #include <array>
 #include <functional>
@@ -10,8 +11,7 @@
 
 #include "session/client.h"
 #include "shell/qt/main_controls.h"
-
-class QTimer;
+#include "shell/qt/main_layout.h"
 
 namespace parlorwire {
 
@@ -41,6 +41,9 @@ class client_main : public QMainWindow {
   // How others ask for the end of the program from inside an event.
   void Timer4();
 
+  // The label close_tab, and its hot key.
+  void CloseTab();
+
   // ---- for the port ----
   void ShowActiveSlot();
   void ShowLanguage(int language);
@@ -50,22 +53,26 @@ class client_main : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void WireShared();
+  void WireLinks();
   void WireTab(int slot);
+  void WirePane(int slot);
   void FillHooks();
   void ShowLoginDialog();
-  void MoveSplitter(int slot, int left);
   void PlaceControls();
   void EndSplash();
 
   Client& client_;
   QtDesktop& desktop_;
+  MainLayout layout_;
   MainMenu* menu_;
   std::unique_ptr<connection_form> connection_form_;
   std::unique_ptr<zastavka> zastavka_;
   QTranslator toolkit_russian_;
+  QTimer Timer5_;  // the focus goes to msg of the tab that has been shown
   bool activated_ = false;
   bool unloaded_ = false;
 };

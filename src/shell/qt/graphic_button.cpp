@@ -1,11 +1,13 @@
 #include "shell/qt/graphic_button.h"
 
 #include <QEnterEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLinearGradient>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <algorithm>
 
 #include "shell/qt/control_names.h"
 
@@ -120,6 +122,18 @@ Look LookOf(bool enabled, bool pressed, bool hover) {
   return {0xFBFCFA, 0xDADED8, 0x8F978E, kLinkColor};
 }
 
+// The width of a line of whole pixels of the screen, about `width` wide.
+qreal CrispWidth(const QPainter& painter, qreal width) {
+  const qreal scale = painter.deviceTransform().m11();
+  return std::max(1, qRound(width * scale)) / scale;
+}
+
+// The same rectangle with its edges between pixels of the screen, whatever the scale.
+QRectF CrispRect(const QPainter& painter, const QRectF& rect) {
+  const QTransform to_screen = painter.deviceTransform();
+  return to_screen.inverted().mapRect(QRectF(to_screen.mapRect(rect).toRect()));
+}
+
 }  // namespace
 
 GraphicButton::GraphicButton(Picture picture, QWidget* parent)
@@ -135,15 +149,19 @@ QSize GraphicButton::sizeHint() const {
 }
 
 void GraphicButton::paintEvent(QPaintEvent*) {
-  const Look look = LookOf(isEnabled(), isDown(), underMouse());
+  // While the button is held down, the pointer belongs to it even outside.
+  const bool held = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
+  const Look look = LookOf(isEnabled(), isDown(), underMouse() && !held);
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
 
-  const QRectF face = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+  const qreal line = CrispWidth(painter, 1);
+  const qreal half = line / 2;
+  const QRectF face = CrispRect(painter, rect()).adjusted(half, half, -half, -half);
   QLinearGradient fill(face.topLeft(), face.bottomLeft());
   fill.setColorAt(0, look.top);
   fill.setColorAt(1, look.bottom);
-  painter.setPen(QPen(look.edge, 1));
+  painter.setPen(QPen(look.edge, line));
   painter.setBrush(fill);
   painter.drawRoundedRect(face, 4, 4);
   if (hasFocus()) {

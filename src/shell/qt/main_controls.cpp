@@ -10,8 +10,6 @@
 
 #include "platform/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
-#include "session/fault_trap.h"
-#include "shell/client_main_layout.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/ground.h"
@@ -19,18 +17,9 @@
 #include "shell/qt/link_label.h"
 #include "shell/qt/msg_box.h"
 #include "shell/qt/ss_tab.h"
-#include "shell/qt/twips.h"
-#include "text/number.h"
 
 namespace parlorwire {
 namespace {
-
-constexpr int kUpperRow = 70;  // twips
-constexpr int kLowerRow = 300;
-constexpr int kLinkGap = 10;  // pixels between two links
-constexpr int kRowGap = 18;   // pixels between the controls of the row under the tab
-constexpr int kRowHeight = 19;
-constexpr int kStripHeight = 26;
 
 LinkLabel* NewLink(QWidget* ground, const char* name, const Text& caption) {
   auto* link = new LinkLabel(ground);
@@ -50,6 +39,15 @@ void NewBrackets(MainControls& c) {
     NameControl(bracket, "Label1", number);
     c.Label1.push_back(bracket);
   }
+}
+
+// A piece of the window's own colour.
+QWidget* NewStrip(QWidget* ground, const char* name) {
+  auto* strip = new QWidget(ground);
+  strip->setPalette(PaletteOn(strip->palette(), kMainBackColor));
+  strip->setAutoFillBackground(true);
+  NameControl(strip, QString::fromLatin1(name));
+  return strip;
 }
 
 void NewPanels(MainControls& c, QStatusBar* bar) {
@@ -90,6 +88,7 @@ MainControls NewMainControls(Client& client, QWidget* ground_owner, QStatusBar* 
   c.letogr = NewLink(c.ground, "letogr", "Летограф"_w);
   c.search_label = NewLink(c.ground, "search_label", "Поиск"_w);
   NewBrackets(c);
+  c.BackColorTab = NewStrip(c.ground, "BackColorTab");
   c.SSTab = new parlorwire::SSTab(c.ground);
   NameControl(c.SSTab, "SSTab");
   c.SayUseOp = new QCheckBox("/op", c.ground);
@@ -98,6 +97,8 @@ MainControls NewMainControls(Client& client, QWidget* ground_owner, QStatusBar* 
   c.perecodirovka_label = NewLink(c.ground, "perecodirovka_label", "Перекодировка"_w);
   for (int slot = 0; slot < kTabCount; ++slot)
     c.tab(slot) = NewTabControls(c.ground, client.tab(slot), slot);
+  c.Pict = NewStrip(c.ground, "Pict");
+  c.Pict->hide();
   NewPanels(c, panels);
   return c;
 }
@@ -129,6 +130,7 @@ void ShowSlot(const MainControls& c, int slot) {
   if (slot >= 0) ShowTabControls(c.tab(slot), true);
   const bool any = slot >= 0;
   c.SSTab->setVisible(any);
+  c.BackColorTab->setVisible(any);
   c.SayUseOp->setVisible(any);
   c.perecodirovka_label->setVisible(any);
   c.ground->ShowHint(!any);
@@ -161,86 +163,6 @@ void ShowPanels(const MainControls& c, const Client& client) {
     visible += c.SSTab->TabVisible(slot) ? 1 : 0;
   const Text label = client.Russian() ? "Табы: "_w : Text("Tabs: ");
   show(c.panels[1], label + std::to_string(visible) + "/" + std::to_string(kTabCount));
-}
-
-namespace {
-
-// Puts the links of a row side by side, each in brackets, so that the row ends at `right`.
-void PlaceLinks(const MainControls& c, std::initializer_list<LinkLabel*> links, int top, int right,
-                std::size_t& bracket) {
-  int width = -kLinkGap;
-  for (LinkLabel* link : links)
-    width += link->sizeHint().width() + 2 * c.Label1[0]->sizeHint().width() + kLinkGap;
-  int left = right - width;
-  const auto put = [&left, top](QWidget* control) {
-    const QSize size = control->sizeHint();
-    control->setGeometry(left, top, size.width(), size.height());
-    left += size.width();
-  };
-  for (LinkLabel* link : links) {
-    put(c.Label1[bracket++]);
-    put(link);
-    put(c.Label1[bracket++]);
-    left += kLinkGap;
-  }
-}
-
-void PlaceTop(const MainControls& c, int width) {
-  const QSize button = c.button_connect_main->sizeHint();
-  c.button_connect_main->setGeometry(Pixels(110), Pixels(100), button.width(), button.height());
-  const QSize add = c.AddTab->sizeHint();
-  c.AddTab->setGeometry(c.button_connect_main->geometry().right() + 12,
-                        Pixels(100) + (button.height() - add.height()) / 2, add.width(),
-                        add.height());
-  std::size_t bracket = 0;
-  const int right = width - Pixels(120);
-  PlaceLinks(c, {c.logout, c.logoff, c.close_tab}, Pixels(kUpperRow), right, bracket);
-  PlaceLinks(c, {c.sp_opers, c.sp_bans, c.hist_topic, c.letogr, c.search_label}, Pixels(kLowerRow),
-             right, bracket);
-}
-
-// The row of a slot under the tab; the controls that the slots share stand where the active slot
-// has them.
-void PlaceRow(const MainControls& c, int slot, int top, bool with_shared) {
-  int left = Pixels(120);
-  const auto put = [&left, top](QWidget* control) {
-    const QSize size = control->sizeHint();
-    control->setGeometry(left, top + (kRowHeight - size.height()) / 2, size.width(), size.height());
-    left += size.width() + kRowGap;
-  };
-  put(c.tab(slot).StopScroll);
-  if (with_shared)
-    put(c.SayUseOp);
-  else
-    left += c.SayUseOp->sizeHint().width() + kRowGap;
-  put(c.tab(slot).pers);
-  if (with_shared) put(c.perecodirovka_label);
-}
-
-}  // namespace
-
-void PlaceMainControls(const MainControls& c, Client& client) {
-  PlaceTop(c, c.ground->width());
-  ClientMainMeasures measures;
-  measures.width = Twips(c.ground->width());
-  measures.height = Twips(c.ground->height());
-  measures.strip_height = Twips(kStripHeight);
-  for (int slot = 0; slot < kTabCount; ++slot) {
-    TabSession& tab = client.tab(slot);
-    measures.split_percent = kDesignedSplitPercent;
-    PassOverFault([&] { measures.split_percent = ToDouble(tab.TabSplitPercent); });
-    const ClientMainPlaces at = LayOutClientMain(measures);
-    if (at.split_percent != measures.split_percent)
-      tab.TabSplitPercent = NumberText(at.split_percent);
-    PlaceTabControls(c.tab(slot), at);
-    tab.Rich.Width(at.Rich.width);
-    PlaceRow(c, slot, Pixels(at.first_row_top), slot == c.SSTab->Tab());
-    if (slot != c.SSTab->Tab()) continue;
-    c.SSTab->setGeometry(Pixels(at.SSTab.left), Pixels(at.SSTab.top), Pixels(at.SSTab.width),
-                         kStripHeight);
-    c.ground->PageAt(QRect(Pixels(at.SSTab.left), Pixels(at.SSTab.top) + kStripHeight,
-                           Pixels(at.SSTab.width), Pixels(at.SSTab.height) - kStripHeight));
-  }
 }
 
 }  // namespace parlorwire

@@ -30,6 +30,8 @@ struct MainControls {
             *search_label = nullptr;
   std::vector<QLabel*> Label1;  // the brackets around the links, "[" and "]" in turn, from 1 on
   parlorwire::SSTab* SSTab = nullptr;
+  QWidget* BackColorTab = nullptr;  // the ground of the strip of tabs
+  QWidget* Pict = nullptr;          // stands where a splitter was, while it is dragged
   std::array<TabControls, kTabCount> tabs;
   QCheckBox* SayUseOp = nullptr;  // one for all tabs
   LinkLabel* perecodirovka_label = nullptr;
@@ -52,9 +54,5 @@ void SetMainLanguage(const MainControls& controls, bool russian);
 
 // What the panels say of the client.
 void ShowPanels(const MainControls& controls, const Client& client);
-
-// Puts everything at its place on the ground. Splitters that stand too far to one side are moved,
-// and the session keeps their new place.
-void PlaceMainControls(const MainControls& controls, Client& client);
 
 }  // namespace parlorwire

@@ -66,6 +66,11 @@ MsgBox::MsgBox(QWidget* parent) : QLineEdit(parent) {
 bool MsgBox::event(QEvent* event) {
   // The box's own keys come before those of the window.
   if (event->type() == QEvent::ShortcutOverride) {
+    // With nothing selected here, the window copies from the pane that was clicked.
+    if (static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy) && !hasSelectedText()) {
+      event->ignore();
+      return true;
+    }
     const MsgKey meaning = Meaning(*static_cast<QKeyEvent*>(event));
     if (meaning == MsgKey::kSelectAll || meaning == MsgKey::kDeleteWord) {
       event->accept();

@@ -87,6 +87,10 @@ void QtDesktop::SetSharedLinksEnabled(bool enabled) {
     link->SetWanted(enabled);
 }
 
+bool QtDesktop::LogoffEnabled() const {
+  return window_ && window_->controls.logoff->isEnabled();
+}
+
 bool QtDesktop::StopScroll(int tab) const {
   return window_ && window_->controls.tab(tab).StopScroll->isChecked();
 }

@@ -28,6 +28,7 @@ class QtDesktop : public Desktop {
   void SetTabControlsEnabled(int tab, bool enabled) override;
   void SetCloseTabEnabled(bool enabled) override;
   void SetSharedLinksEnabled(bool enabled) override;
+  bool LogoffEnabled() const override;
 
   bool StopScroll(int tab) const override;
   void SetStopScroll(int tab, bool ticked) override;

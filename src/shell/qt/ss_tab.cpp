@@ -1,5 +1,6 @@
 #include "shell/qt/ss_tab.h"
 
+#include <QMouseEvent>
 #include <algorithm>
 
 #include "session/app_state.h"
@@ -55,6 +56,14 @@ bool SSTab::AnyVisible() const {
   for (int tab = 0; tab < kTabCount; ++tab)
     if (isTabVisible(tab)) return true;
   return false;
+}
+
+// A click on the active tab is a click, too.
+void SSTab::mousePressEvent(QMouseEvent* event) {
+  const bool again =
+      event->button() == Qt::LeftButton && tabAt(event->position().toPoint()) == tab_;
+  QTabBar::mousePressEvent(event);
+  if (again && Click) Click(tab_);
 }
 
 QSize SSTab::tabSizeHint(int index) const {

@@ -21,10 +21,12 @@ class SSTab : public QTabBar {
   bool TabVisible(int tab) const { return isTabVisible(tab); }
   bool AnyVisible() const;
 
-  // The active slot has changed, by the user or by the program; `previous` is the slot left.
+  // The active slot has changed, by the user or by the program, or was clicked once more;
+  // `previous` is the slot left.
   std::function<void(int previous)> Click;
 
  protected:
+  void mousePressEvent(QMouseEvent* event) override;
   QSize tabSizeHint(int index) const override;
   QSize minimumTabSizeHint(int index) const override;
 

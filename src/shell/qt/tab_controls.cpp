@@ -144,16 +144,16 @@ void SetTabLanguage(const TabControls& c, bool russian) {
   SayControl(c.button_update, choose("Обновить список"_w, "Update the user list"));
 }
 
-void PlaceTabControls(const TabControls& c, const ClientMainPlaces& at) {
-  PutAt(HolderOf(c.Rich), at.Rich);
-  PutAt(HolderOf(c.Rich_Server), at.Rich_Server);
-  PutAt(c.line_razdel, at.line_razdel);
-  PutAt(c.frame_button_update, at.frame_button_update);
-  PutAt(HolderOf(c.Rich_Users), at.Rich_Users);
-  PutAt(c.intonacia, at.intonacia);
-  PutAt(c.msg, at.msg);
-  PutAt(c.button_say, at.button_say);
-  PutAt(c.button_clear, at.button_clear);
+void PlaceTabControls(const TabControls& c, const SharedPlaces& shared, const SlotPlaces& slot) {
+  PutAt(HolderOf(c.Rich), slot.Rich);
+  PutAt(HolderOf(c.Rich_Server), slot.Rich_Server);
+  PutAt(c.line_razdel, slot.line_razdel);
+  PutAt(c.frame_button_update, slot.frame_button_update);
+  PutAt(HolderOf(c.Rich_Users), slot.Rich_Users);
+  PutAt(c.intonacia, shared.intonacia);
+  PutAt(c.msg, shared.msg);
+  PutAt(c.button_say, shared.button_say);
+  PutAt(c.button_clear, shared.button_clear);
 
   const QSize button = c.button_update->sizeHint();
   const int frame_width = c.frame_button_update->width();

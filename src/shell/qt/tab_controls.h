@@ -16,7 +16,8 @@ class LineRazdel;
 class LinkLabel;
 class MsgBox;
 class RichTextView;
-struct ClientMainPlaces;
+struct SharedPlaces;
+struct SlotPlaces;
 struct TabSession;
 
 // All are children of the window's ground and are deleted by it.
@@ -49,6 +50,8 @@ void PaintFrame(const TabControls& controls, PaneColour ground);
 // The texts and spoken names that have a form in each language.
 void SetTabLanguage(const TabControls& controls, bool russian);
 
-void PlaceTabControls(const TabControls& controls, const ClientMainPlaces& places);
+// All but the row under the tab.
+void PlaceTabControls(const TabControls& controls, const SharedPlaces& shared,
+                      const SlotPlaces& slot);
 
 }  // namespace parlorwire

@@ -1,6 +1,7 @@
 // Twips and device-independent pixels.
 #pragma once
 
+#include <QRect>
 #include <QWidget>
 
 #include "shell/client_main_layout.h"
@@ -14,12 +15,17 @@ inline int Twips(int pixels) {
   return pixels * kTwipsPerPixel;
 }
 
+// Edges that two places share stay shared.
+inline QRect PixelsOf(const Place& place) {
+  const int left = Pixels(place.left);
+  const int top = Pixels(place.top);
+  return {left, top, Pixels(place.Right()) - left, Pixels(place.Bottom()) - top};
+}
+
 // Puts a control at its place. One whose size would be negative stays where it is.
 inline void PutAt(QWidget* control, const Place& place) {
   if (place.width < 0 || place.height < 0) return;
-  const int left = Pixels(place.left);
-  const int top = Pixels(place.top);
-  control->setGeometry(left, top, Pixels(place.Right()) - left, Pixels(place.Bottom()) - top);
+  control->setGeometry(PixelsOf(place));
 }
 
 }  // namespace parlorwire

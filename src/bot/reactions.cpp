@@ -1,0 +1,115 @@
+#include "bot/reactions.h"
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "bot/join_highlight.h"
+#include "display/rank_colour.h"
+#include "session/fault_trap.h"
+#include "text/cut.h"
+#include "text/number.h"
+
+namespace parlorwire {
+namespace {
+
+// What a line says of a nick, in lower case and without the address in brackets behind it. With two
+// brackets at the end, what stands ahead of the last two groups.
+Text WithoutAddress(const Text& rest) {
+  if (!rest.ends_with(")")) return rest;
+  Position bracket = InStrRev(rest, "(");
+  if (rest.ends_with("))")) bracket = InStrRev(rest, "(", bracket - 1);
+  return Trim(Left(rest, bracket - 2));
+}
+
+// The first three words; "" if there are fewer.
+Text PhraseOf(std::string_view rest) {
+  const std::vector<std::string_view> words = Split(rest, " ");
+  if (words.size() < 3) return {};
+  return Text(words[0]) + " " + Text(words[1]) + " " + Text(words[2]);
+}
+
+// How the statements of a procedure run: each is guarded for itself.
+using GoOn = std::function<void(const std::function<void()>& statement)>;
+
+void GreetUser(Client& client, const Text& nick, int tab, const GoOn& go_on) {
+  TabSession& session = client.tab(tab);
+  if (client.app.AutoKick && session.IsOperator) {
+    Text reason;
+    go_on([&] { reason = client.hooks.FindAutoKick(nick, session.Channel, true, ""); });
+    if (!reason.empty()) {
+      client.hooks.SayBot("/k " + nick + " " + reason, tab);
+      return;
+    }
+  }
+  go_on([&] { StartJoinHighlight(client, tab, nick); });
+  session.JoinLines += session.JoinLines.empty() ? nick : "\r\n" + nick;
+  client.hooks.UpdateUsersFrame(tab);
+}
+
+void LoseRank(Client& client, int tab) {
+  client.tab(tab).IsOperator = false;
+  client.tab(tab).SayUseOpState = false;
+  Desktop& desktop = client.platform.desktop;
+  if (desktop.ActiveTab() == tab) desktop.SetSayUseOp(false, false);
+}
+
+void ActOn(Client& client, const Text& nick, std::string_view phrase, int tab, const GoOn& go_on) {
+  const bool own = EqualsNoCase(nick, client.tab(tab).Login);
+  if (phrase == W<"приходит на канал"> || phrase == W<"приходит к нам">)
+    GreetUser(client, nick, tab, go_on);
+  else if (phrase == W<"стал оператором канала"> || phrase == W<"стал администратором чата">) {
+    if (own) client.hooks.UpdateUsersFrame(tab);  // the new flag comes with the list
+  } else if (phrase == W<"больше не оператор"> || phrase == W<"больше не администратор">) {
+    if (own) LoseRank(client, tab);
+  }
+}
+
+}  // namespace
+
+void ClientAction(Client& client, const Text& line, int tab) {
+  if (!client.tab(tab).ActionsArmed) return;
+  const GoOn go_on = [&](const std::function<void()>& statement) {
+    GoOnAfterFault(client, ". Function: ClientAction. Dump: " + line, statement);
+  };
+  const Position blank = InStr(line, " ");
+  Text nick;
+  go_on([&] { nick = Left(line, blank - 1); });
+  Text rest = LCase(Mid(line, blank + 1));
+  go_on([&] { rest = WithoutAddress(rest); });
+  if (rest == W<"покидает нас">)
+    go_on([&] { RemoveUser(client, nick, tab); });
+  else
+    ActOn(client, nick, PhraseOf(rest), tab, go_on);
+}
+
+void RemoveUser(Client& client, std::string_view nick, int tab) {
+  if (nick.empty()) return;
+  TabSession& session = client.tab(tab);
+  Desktop& desktop = client.platform.desktop;
+  RichTextBox& list = session.Rich_Users;
+  const Text shown = list.Text();
+  const Position hit = InStrNoCase(shown, nick);
+  if (hit == 0) return;
+  const Position line_end = InStr(hit, shown, "\r\n");
+  if (line_end == 0) return;  // not a user but the note behind the list
+  list.HideSelection(true);
+  list.ExSetSel(hit - 1, line_end + 1);
+  list.ReplaceSel("");
+
+  const Text caption = desktop.UsersNumCaption(tab);
+  if (caption.empty()) return;  // a new list is on its way
+  const Position blank = InStr(caption, " ");
+  const Position slash = InStr(caption, "/");
+  std::int32_t operators = ToLong(Mid(caption, blank + 1, slash - blank - 1));
+  const std::int32_t users = ToLong(Mid(caption, slash + 1)) - 1;
+  const Position record = session.UsersText.Find("\r\n" + Text(nick) + "\n");
+  if (record != 0) {
+    if (HasOperatorFlag(session.UsersText.FlagsOfRecord(record + 2))) --operators;
+  }
+  desktop.SetUsersNumCaption(
+      tab, "Пользователей: "_w + std::to_string(operators) + "/" + std::to_string(users));
+}
+
+}  // namespace parlorwire

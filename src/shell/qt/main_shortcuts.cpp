@@ -1,0 +1,69 @@
+#include "shell/qt/main_shortcuts.h"
+
+#include <QKeySequence>
+#include <QList>
+#include <QShortcut>
+#include <utility>
+
+#include "platform/qt/rich_text_view.h"
+#include "session/event_entry.h"
+#include "shell/hot_keys.h"
+#include "shell/qt/client_main.h"
+#include "shell/tabs.h"
+
+namespace parlorwire {
+namespace {
+
+// A letter's key, and the letter that stands on it in the Russian layout.
+QList<QKeySequence> Control(Qt::Key key, char16_t russian_letter) {
+  return {QKeySequence(Qt::CTRL | key), QKeySequence(Qt::CTRL | Qt::Key(russian_letter))};
+}
+
+void CopyPane(const client_main& window, const Client& client) {
+  const RichTextBox* pane = PaneToCopy(client);
+  for (const TabControls& tab : window.controls.tabs)
+    for (RichTextView* view : {tab.Rich, tab.Rich_Users})
+      if (&view->box() == pane) view->Copy();
+}
+
+}  // namespace
+
+void MakeMainShortcuts(client_main& window, Client& client, std::function<void()> focus_tab) {
+  const auto shortcut = [&](const QList<QKeySequence>& keys, const char* name, auto action) {
+    auto* made = new QShortcut(&window);
+    made->setKeys(keys);
+    made->setAutoRepeat(false);
+    QObject::connect(
+        made, &QShortcut::activated, &window,
+        [&client, name, action = std::move(action)] { OnEvent(client, name, action); });
+  };
+  shortcut(Control(Qt::Key_T, u'\u0415'), "AddTab", [&client] { AddTab(client); });
+  shortcut(Control(Qt::Key_W, u'\u0426'), "close_tab", [&window] { window.CloseTab(); });
+  shortcut({QKeySequence(Qt::CTRL | Qt::Key_Tab), QKeySequence(Qt::CTRL | Qt::Key_PageDown)},
+           "HotkeyPoll", [&client, focus_tab] {
+             ShowNextTab(client);
+             focus_tab();
+           });
+  shortcut(
+      {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab),
+       QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), QKeySequence(Qt::CTRL | Qt::Key_PageUp)},
+      "HotkeyPoll", [&client, focus_tab] {
+        ShowPreviousTab(client);
+        focus_tab();
+      });
+  for (int n = 1; n <= kTabCount; ++n)
+    shortcut({QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_0 + n % 10))}, "HotkeyPoll",
+             [&client, focus_tab, n] {
+               if (ShowNthTab(client, n)) focus_tab();
+             });
+  shortcut(Control(Qt::Key_C, u'\u0421'), "HotkeyPoll",
+           [&window, &client] { CopyPane(window, client); });
+  shortcut({QKeySequence(Qt::Key_F5)}, "HotkeyPoll", [&client] { RefreshTab(client); });
+  shortcut({QKeySequence(Qt::Key_F6)}, "HotkeyPoll", [&client] { LogInAfresh(client); });
+  shortcut({QKeySequence(Qt::Key_F7)}, "HotkeyPoll", [&client] { LogInAnew(client); });
+  shortcut({QKeySequence(Qt::Key_F8)}, "HotkeyPoll", [&client] { LogOff(client); });
+  shortcut(Control(Qt::Key_F, u'\u0410'), "HotkeyPoll",
+           [&client] { client.hooks.ShowSearchDialog(); });
+}
+
+}  // namespace parlorwire

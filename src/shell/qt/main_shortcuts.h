@@ -1,0 +1,16 @@
+// The hot keys of the main window.
+#pragma once
+
+#include <functional>
+
+#include "session/client.h"
+
+namespace parlorwire {
+
+class client_main;
+
+// Makes the shortcuts, which work wherever in the window the focus is, also with a Russian keyboard
+// layout, and once for each press. A tab that a hot key has shown gets the focus by `focus_tab`.
+void MakeMainShortcuts(client_main& window, Client& client, std::function<void()> focus_tab);
+
+}  // namespace parlorwire

@@ -1,0 +1,160 @@
+// The client is killed at random moments while it writes logs and settings: what the next start
+// finds.
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <atomic>
+#include <filesystem>
+#include <random>
+#include <string>
+
+#include "display/chat_log.h"
+#include "platform/posix_files.h"
+#include "session/error_log.h"
+#include "session/ini.h"
+#include "support/simulated_platform.h"
+#include "support/temporary_folder.h"
+
+namespace parlorwire {
+namespace {
+
+// Rounds in which the child got something done, and rounds at most: a child begins late on a busy
+// machine, so later rounds give it more time.
+constexpr int kGoodRounds = 40;
+constexpr int kMostRounds = 400;
+
+int Moment(std::mt19937& random, int round) {
+  return static_cast<int>(300 + random() % static_cast<unsigned>(2000 + 50 * round));
+}
+
+// A number that a child and its parent share.
+class Shared {
+ public:
+  Shared()
+      : number_(static_cast<std::atomic<int>*>(mmap(nullptr, sizeof(std::atomic<int>),
+                                                    PROT_READ | PROT_WRITE,
+                                                    MAP_SHARED | MAP_ANONYMOUS, -1, 0))) {}
+  ~Shared() { munmap(number_, sizeof(std::atomic<int>)); }
+  Shared(const Shared&) = delete;
+  Shared& operator=(const Shared&) = delete;
+
+  std::atomic<int>& operator*() const { return *number_; }
+
+ private:
+  std::atomic<int>* number_;
+};
+
+// A client whose files are real, and nothing else.
+struct OnDisk {
+  explicit OnDisk(const std::filesystem::path& folder) : files(folder) {}
+
+  Platform Ports() {
+    Platform ports = rest.Ports();
+    return {files,         ports.clock,      ports.random,  ports.clipboard,
+            ports.desktop, ports.NewWinsock, ports.NewTimer};
+  }
+
+  SimulatedPlatform rest;
+  PosixFiles files;
+  Client client{Ports()};
+};
+
+// The pieces of a day: of each line the time, the nick and the text.
+Text Piece(int number) {
+  switch (number % 3) {
+    case 0:
+      return "[12:00:00] ";
+    case 1:
+      return "alice: ";
+    default:
+      return " line " + std::to_string(number / 3) + "\r\n";
+  }
+}
+
+constexpr const char* kDayLog = "Logs\\talk\\21.11.2026.log";
+constexpr const char* kDayLogOnDisk = "Logs/talk/21.11.2026.log";
+
+TEST(KilledClient, ADayLogLacksNoPieceButTheLast) {
+  const TemporaryFolder folder;
+  const Shared written;
+  std::mt19937 random(1);
+  SimulatedPlatform expected;
+  Client model(expected.Ports());
+  int good = 0;
+  for (int round = 0; good < kGoodRounds && round < kMostRounds; ++round) {
+    const int before = *written;
+    InChildThatIsKilled(Moment(random, round), [&] {
+      static OnDisk child(folder.path());
+      LogChatLine(child.client, Piece(*written), "talk");
+      ++*written;
+    });
+    for (int number = before; number < *written; ++number)
+      LogChatLine(model, Piece(number), "talk");
+    const Text found =
+        exists(folder.path() / kDayLogOnDisk) ? folder.Content(kDayLogOnDisk) : Text();
+    if (found != expected.files.files[kDayLog]) {
+      // It was killed in the write, of which the system may have done a part, or behind it.
+      LogChatLine(model, Piece((*written)++), "talk");
+      const Text& whole = expected.files.files[kDayLog];
+      ASSERT_TRUE(whole.starts_with(found)) << "round " << round << "\n" << found;
+      folder.Put(kDayLogOnDisk, whole);
+    }
+    if (*written > before) ++good;
+  }
+  EXPECT_EQ(good, kGoodRounds);
+}
+
+TEST(KilledClient, SettingsAreThoseOfBeforeOrAfterAWrite) {
+  const TemporaryFolder folder;
+  Text settings = "; written by hand\r\n[Main]\r\n";
+  for (int i = 0; i < 300; ++i)
+    settings += "Key" + std::to_string(i) + "=value\r\n";
+  folder.Put("config.ini", settings);
+  const Shared written;
+  std::mt19937 random(2);
+  int good = 0;
+  for (int round = 0; good < kGoodRounds && round < kMostRounds; ++round) {
+    const int before = *written;
+    InChildThatIsKilled(Moment(random, round), [&] {
+      static OnDisk child(folder.path());
+      WriteIni(child.client, "Main", "lastIndex", std::to_string(*written + 1));
+      ++*written;
+    });
+    OnDisk restarted(folder.path());
+    const Text index = ReadIni(restarted.client, "Main", "lastIndex");
+    const int found = index.empty() ? 0 : std::stoi(index);
+    ASSERT_TRUE(found == *written || found == *written + 1) << index << " of " << *written;
+    *written = found;
+    Text whole = settings;
+    if (found > 0) whole += "lastIndex=" + index + "\r\n";
+    ASSERT_EQ(folder.Content("config.ini"), whole);
+    if (found > before) ++good;
+  }
+  EXPECT_EQ(good, kGoodRounds);
+}
+
+TEST(KilledClient, AnErrorLogThatStartsAnewLacksNothingButOfItsLastEntry) {
+  const TemporaryFolder folder;
+  std::mt19937 random(3);
+  int good = 0;
+  const Text entry = "[21.11.2026 12:00:00] " + Text(3000, 'e') + "\r\n";
+  for (int round = 0; good < kGoodRounds && round < kMostRounds; ++round) {
+    InChildThatIsKilled(Moment(random, round), [&] {
+      static OnDisk child(folder.path());
+      WriteErrorLog(child.client, Text(3000, 'e'));
+    });
+    if (!exists(folder.path() / "error.log")) continue;
+    const Text found = folder.Content("error.log");
+    Text whole;
+    while (whole.size() < found.size())
+      whole += entry;
+    ASSERT_TRUE(whole.starts_with(found)) << "round " << round << "\n" << found;
+    folder.Put("error.log", whole);
+    ++good;
+  }
+  EXPECT_EQ(good, kGoodRounds);
+}
+
+}  // namespace
+}  // namespace parlorwire
