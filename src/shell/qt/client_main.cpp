@@ -141,6 +141,18 @@ void client_main::WireTab(int slot) {
       BrowseInputHistory(client_, up ? HistoryDirection::kUp : HistoryDirection::kDown, slot);
     });
   };
+  tab.msg->ScrollPane = [view = tab.Rich](PaneStep step) {
+    switch (step) {
+      case PaneStep::kPageUp:
+        return view->ScrollPages(-1);
+      case PaneStep::kPageDown:
+        return view->ScrollPages(1);
+      case PaneStep::kStart:
+        return view->ScrollToStart();
+      case PaneStep::kEnd:
+        return view->ScrollToEnd();
+    }
+  };
   connect(tab.button_say, &QAbstractButton::clicked, this, [this, slot] {
     OnEvent(client_, "button_say", [&] { button_say_MouseUp(client_, slot, 1); });
   });
