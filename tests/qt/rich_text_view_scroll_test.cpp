@@ -189,6 +189,20 @@ class RichTextViewScrollTest : public QObject {
     QCOMPARE(pane.OnScreen(), pane.Picture());
   }
 
+  void WhatWasToBePaintedWhileRedrawWasOffIsPaintedLater() {
+    ShownPane pane(200);
+    AppendMessages(pane.box, 1);
+    pane.box.VScroll(PaneScroll::kBottom);
+    QCoreApplication::sendPostedEvents(&pane.view, QEvent::MetaCall);  // a repaint is asked for
+    pane.box.SetRedraw(false);
+    AppendMessages(pane.box, 1);
+    ShownPane::Settle();
+    pane.box.VScroll(PaneScroll::kBottom);
+    pane.box.SetRedraw(true);
+    ShownPane::Settle();
+    QCOMPARE(pane.OnScreen(), pane.Picture());
+  }
+
   void AHiddenViewLaysOutNothing() {
     ShownPane pane(200);
     pane.box.Visible(false);

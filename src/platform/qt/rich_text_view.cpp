@@ -82,6 +82,8 @@ void RichTextView::SelectionChanged() {
 
 void RichTextView::RedrawChanged(bool on) {
   redraw_ = on;
+  if (on && missed_paint_) painted_valid_ = false;
+  missed_paint_ = false;
   NoteChange();
 }
 
@@ -182,7 +184,10 @@ void RichTextView::Restyle(PaneRange range) {
 }
 
 void RichTextView::paintEvent(QPaintEvent* event) {
-  if (!redraw_ && painted_valid_) return;
+  if (!redraw_ && painted_valid_) {
+    missed_paint_ = true;
+    return;
+  }
   ++paints_;
   QPainter painter(viewport());
   // Where a pixel of the view is not a whole number of the screen's, the edge of what is painted

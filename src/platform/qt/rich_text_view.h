@@ -170,6 +170,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   bool updating_bar_ = false;
   std::vector<PaintedFragment> painted_;
   bool painted_valid_ = false;
+  bool missed_paint_ = false;  // while redraw was off
   PaneColour painted_back_ = 0;
   PaneRange restyled_;
   std::uint64_t paints_ = 0;
