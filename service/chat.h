@@ -55,6 +55,7 @@ struct Frame {
   FrameEnd end = FrameEnd::kNone;
   std::int64_t wrote_ms = 0;
   bool touched = false;
+  std::size_t waiting = 0;  // bytes that the reader has not taken; kept for patient talk only
 };
 
 struct PersonalMessage {

@@ -47,7 +47,7 @@ struct Option {
   Setter set;
 };
 
-constexpr std::array<Option, 19> kOptions = {{
+constexpr std::array<Option, 21> kOptions = {{
     {"--port", true,
      [](ServerOptions& o, std::string_view v) {
        return SetNumber<[](ServerOptions& s) -> auto& { return s.port; }>(o, v, 65535, 1);
@@ -76,6 +76,13 @@ constexpr std::array<Option, 19> kOptions = {{
        return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_frames; }>(
            o, v, 100000, 1);
      }},
+    {"--talk-length", true,
+     [](ServerOptions& o, std::string_view v) {
+       return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_length; }>(
+           o, v, 400, 1);
+     }},
+    {"--patient", false,
+     [](ServerOptions& o, std::string_view) { return o.inhabitants.patient = true; }},
     {"--channels", true,
      [](ServerOptions& o, std::string_view v) {
        o.inhabitants.channels = List(v);
@@ -177,6 +184,8 @@ Prints "listening on ADDRESS:PORT" when it is ready, and ends on SIGTERM or SIGI
   --talk N             inhabitants say N lines a second on each channel that is read
   --talk-lines N       they fall silent after N lines on a channel
   --talk-frames N      they begin when N frames are open
+  --talk-length N      their lines say N characters or somewhat more
+  --patient            they wait for readers that have much to take yet
   --keepalive S        a line that carries nothing after S seconds of silence (30)
   --history N          lines that a newcomer is given, 0 to 200 (20)
   --grace S            a nick stays S seconds after its connection broke (3)

@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::int64_t kTalkPeriodMs = 20;
 constexpr std::int64_t kGreetAfterMs = 1500;
+constexpr std::size_t kMuchWaiting = 256 * 1024;  // bytes
+constexpr std::size_t kBytesInLine = 64;          // at least
 
 struct Persona {
   std::string_view nick;
@@ -155,6 +157,15 @@ std::int64_t LiveOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channe
   return due->second;
 }
 
+// How many lines the slowest reader is still to be given.
+std::int64_t RoomForLines(const Channel& channel) {
+  std::size_t waiting = 0;
+  for (const Member& member : channel.members)
+    if (member.frame != nullptr)
+      waiting = std::max(waiting, member.frame->waiting + member.frame->out.size());
+  return static_cast<std::int64_t>((kMuchWaiting - std::min(waiting, kMuchWaiting)) / kBytesInLine);
+}
+
 // The load of one channel: its lines are numbered, so that a reader can tell whether one is
 // missing.
 void TalkOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channel, const Moment& now) {
@@ -169,11 +180,15 @@ void TalkOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channel, const
   // After a pause the arrears are made up in portions.
   std::int64_t last = std::min(due, load.said + inhabitants.options.talk / 2 + 1);
   if (inhabitants.options.talk_lines > 0) last = std::min(last, inhabitants.options.talk_lines);
+  if (inhabitants.options.patient) last = std::min(last, load.said + RoomForLines(channel));
   for (; load.said < last; ++load.said) {
     Text number = std::to_string(load.said + 1);
     number.insert(0, number.size() < 8 ? 8 - number.size() : 0, '0');
     const Persona& persona = kPersonas[static_cast<std::size_t>(load.said) % kPersonas.size()];
-    Speak(chat, persona, channel.name, "#" + number + " " + Text(Pick(chat, kPhrases)), "", now);
+    Text text = "#" + number + " " + Text(Pick(chat, kPhrases));
+    while (std::ssize(text) < inhabitants.options.talk_length)
+      text.append(" ").append(Pick(chat, kPhrases));
+    Speak(chat, persona, channel.name, text, "", now);
   }
 }
 

@@ -17,6 +17,8 @@ struct InhabitantOptions {
   int talk = 0;  // lines a second on each channel that somebody reads; 0: a line now and then
   std::int64_t talk_lines = 0;  // on each channel; then they fall silent. 0: without an end
   std::size_t talk_frames = 0;  // they begin to talk when so many frames are open
+  int talk_length = 0;          // characters of what a line of talk says at least
+  bool patient = false;  // no talk on a channel while one of its readers has much to take yet
 };
 
 // The lines said on a channel for load.

@@ -115,6 +115,7 @@ void Server::Loop::Run() {
     }
     RunDeadlines();
     Advance(chat_, now_);
+    if (options_.inhabitants.patient) NoteWaiting();
     LiveOn(inhabitants_, chat_, now_);
     SendFrames();
   }

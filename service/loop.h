@@ -54,6 +54,8 @@ class Server::Loop {
   void Drop(Connection& connection);
   void DropWithReset(Connection& connection);
 
+  void NoteWaiting();
+
   // Faults on purpose.
   bool TakesControl(Connection& connection, const Request& request);
   void ChangeFault(const Misbehaviour& wanted);

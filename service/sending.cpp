@@ -57,6 +57,14 @@ void Server::Loop::SendFrames() {
   }
 }
 
+// What the readers of the frames have not taken yet.
+void Server::Loop::NoteWaiting() {
+  for (const auto& [frame, id] : frames_) {
+    const Connection& connection = connections_.at(id);
+    chat_.frames.at(frame).waiting = connection.out.size() - connection.sent;
+  }
+}
+
 bool Server::Loop::Flush(Connection& connection) {
   if (connection.drips_at > now_.ms) return true;
   while (connection.sent < connection.out.size()) {

@@ -27,6 +27,6 @@ int main(int argc, char** argv) {
   LeaveOnSignal leave([&window] { window.close(); });
   QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
                    [&window] { window.close(); });
-  window.ShowAfterSplash();
+  window.show();
   return QApplication::exec();
 }

@@ -61,9 +61,14 @@ class Tour:
     def start_service(self):
         """On the port of the last time, or on a free one at first."""
         self.chat = subprocess.Popen(
-            [self.service, "--port", str(self.port)], stdout=subprocess.PIPE, text=True
+            [self.service, "--port", str(self.port), *self.service_options()],
+            stdout=subprocess.PIPE,
+            text=True,
         )
         self.port = int(self.chat.stdout.readline().rsplit(":", 1)[1])
+
+    def service_options(self):
+        return []
 
     def stop_service(self):
         self.chat.terminate()

@@ -15,7 +15,8 @@ namespace parlorwire {
 // Other names are refused with Fault 52, so no name leads out of the application folder.
 //
 // Every failure is a Fault: 53 file not found, 61 disk full, 70 permission denied, 76 path not
-// found, 75 for the rest. No file stays open between two calls.
+// found, 75 for the rest. What a call has written is with the system when it returns, and no file
+// stays open when the event in which it was written is over.
 class Files {
  public:
   virtual ~Files() = default;

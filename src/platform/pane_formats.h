@@ -31,9 +31,6 @@ struct PaneLook {
   bool operator==(const PaneLook&) const = default;
 };
 
-// The number of a look. Numbers are equal exactly when the looks are.
-using PaneLookId = std::uint32_t;
-
 inline constexpr PaneLookId kPictureLook = 0x80000000U;
 
 constexpr bool IsPicture(PaneLookId id) {

@@ -17,13 +17,6 @@
 
 namespace parlorwire {
 
-// A stretch of one look.
-struct PaneStretch {
-  PanePosition start = 0;
-  PanePosition length = 0;
-  PaneLookId look = 0;
-};
-
 class PaneText {
  public:
   explicit PaneText(PaneBlockSizes sizes = {}) : blocks_(sizes) {}

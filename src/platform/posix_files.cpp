@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <limits>
+#include <optional>
 #include <utility>
 
 #include "text/fault.h"
@@ -19,6 +20,8 @@ using Path = std::filesystem::path;
 
 constexpr mode_t kFileMode = S_IRUSR | S_IWUSR;
 constexpr mode_t kFolderMode = S_IRWXU;
+constexpr int kWriteAt = O_WRONLY | O_CREAT;
+constexpr int kAppend = O_WRONLY | O_CREAT | O_APPEND;
 
 [[noreturn]] void Fail(int error) {
   switch (error) {
@@ -112,6 +115,22 @@ void WriteBeside(const Path& path, const Path& beside, const Text& content) {
 
 }  // namespace
 
+// One file, open to be written at its end, at a place, or both.
+struct PosixFiles::KeptFile {
+  Text name;
+  Path path;
+  std::optional<OpenFile> at_end;
+  std::optional<OpenFile> at_place;
+
+  OpenFile& AtEnd() { return at_end ? *at_end : at_end.emplace(path, kAppend); }
+  OpenFile& AtPlace() { return at_place ? *at_place : at_place.emplace(path, kWriteAt); }
+};
+
+PosixFiles::PosixFiles(Path folder, Later later)
+    : folder_(std::move(folder)), later_(std::move(later)) {}
+
+PosixFiles::~PosixFiles() = default;
+
 Path PosixFiles::PathOf(const Text& name) const {
   if (!IsLegalFileName(name)) throw Fault(fault::kBadFileName);
   std::string utf8;
@@ -127,6 +146,9 @@ bool PosixFiles::Exists(const Text& name) const {
 }
 
 std::int64_t PosixFiles::Size(const Text& name) const {
+  if (kept_ && kept_->name == name)
+    if (const auto& file = kept_->at_end ? kept_->at_end : kept_->at_place)
+      return Status(*file).st_size;
   const Path path = PathOf(name);
   struct stat status{};
   if (stat(path.c_str(), &status) != 0) FailOn(path, errno);
@@ -150,6 +172,7 @@ Text PosixFiles::Read(const Text& name) const {
 }
 
 void PosixFiles::Replace(const Text& name, const Text& content) {
+  kept_.reset();  // it may be the file that goes
   const Path path = PathOf(name);
   if (access(path.c_str(), W_OK) != 0 && errno != ENOENT) Fail(errno);
   Path beside = path;
@@ -163,16 +186,35 @@ void PosixFiles::Replace(const Text& name, const Text& content) {
   }
 }
 
+// The file that is open already, or from now on.
+PosixFiles::KeptFile& PosixFiles::Keep(const Text& name) {
+  if (!kept_ || kept_->name != name)
+    kept_.reset(new KeptFile{name, PathOf(name), {}, {}});
+  if (!closes_later_) {
+    closes_later_ = true;
+    later_([this] {
+      closes_later_ = false;
+      kept_.reset();
+    });
+  }
+  return *kept_;
+}
+
 void PosixFiles::WriteAt(const Text& name, std::int64_t at, const Text& bytes) {
-  OpenFile file(PathOf(name), O_WRONLY | O_CREAT);
-  if (at < 1) throw Fault(fault::kBadRecordNumber);
-  if (lseek(file.descriptor(), at - 1, SEEK_SET) < 0) Fail(errno);
-  file.Write(bytes);
+  const auto write = [&](OpenFile& file) {
+    if (at < 1) throw Fault(fault::kBadRecordNumber);
+    if (lseek(file.descriptor(), at - 1, SEEK_SET) < 0) Fail(errno);
+    file.Write(bytes);
+  };
+  if (later_) return write(Keep(name).AtPlace());
+  OpenFile file(PathOf(name), kWriteAt);
+  write(file);
   file.Close();
 }
 
 void PosixFiles::Append(const Text& name, const Text& bytes) {
-  OpenFile file(PathOf(name), O_WRONLY | O_CREAT | O_APPEND);
+  if (later_) return Keep(name).AtEnd().Write(bytes);
+  OpenFile file(PathOf(name), kAppend);
   file.Write(bytes);
   file.Close();
 }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <memory>
 
 #include "platform/files.h"
 
@@ -13,10 +15,19 @@ namespace parlorwire {
 //   leaves behind. A file that may not be written is not replaced either.
 // - Exists is false for a folder; Read and the writes fail on one with 75.
 // - Read takes files up to 2^31 - 1 bytes; larger ones fail with 75.
+// - With a Later, the file that WriteAt or Append wrote last stays open until the event is over, so
+//   the many small pieces that one event writes into one file open it once. A file that somebody
+//   else removes or renames meanwhile gets what that event still writes; the next event opens what
+//   then has the name. What the system says only when a file is closed is not heard then.
 class PosixFiles : public Files {
  public:
-  // The application folder, an absolute path. It must exist by the first write.
-  explicit PosixFiles(std::filesystem::path folder) : folder_(std::move(folder)) {}
+  // Calls what it is given once the event that runs now is over, and never when the files are gone.
+  using Later = std::function<void(std::function<void()>)>;
+
+  // The application folder, an absolute path. It must exist by the first write. Without a Later every
+  // call closes what it opens.
+  explicit PosixFiles(std::filesystem::path folder, Later later = {});
+  ~PosixFiles() override;
 
   bool Exists(const Text& name) const override;
   std::int64_t Size(const Text& name) const override;
@@ -27,9 +38,15 @@ class PosixFiles : public Files {
   void MakeFolder(const Text& name) override;
 
  private:
+  struct KeptFile;
+
   std::filesystem::path PathOf(const Text& name) const;
+  KeptFile& Keep(const Text& name);
 
   std::filesystem::path folder_;
+  Later later_;
+  std::unique_ptr<KeptFile> kept_;
+  bool closes_later_ = false;
 };
 
 }  // namespace parlorwire

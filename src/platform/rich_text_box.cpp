@@ -39,6 +39,7 @@ struct RichTextBox::Storage {
   PanePointer pointer = PanePointer::kArrow;
   int width = 0;
   int right_margin = 0;
+  std::uint64_t look_epoch = 0;
 
   PaneView* view = nullptr;
 
@@ -144,6 +145,7 @@ void RichTextBox::Text(std::string_view text) {
   const bool moved = s.selection_end != 0;
   s.text.Clear();
   s.formats.ForgetLooks();
+  ++s.look_epoch;
   s.text.Replace(0, 0, text, s.formats.Intern(s.own_look));
   s.pending.reset();
   s.selection_start = s.selection_end = 0;
@@ -351,17 +353,29 @@ std::string RichTextBox::TextBetween(PanePosition start, PanePosition end) const
 }
 
 std::vector<PaneRun> RichTextBox::RunsBetween(PanePosition start, PanePosition end) const {
-  const Storage& s = *storage_;
-  start = s.Clamped(start);
   std::vector<PaneRun> runs;
-  const auto stretches = s.text.Looks(start, std::max(start, s.Clamped(end)));
+  const auto stretches = LooksBetween(start, end);
   runs.reserve(stretches.size());
   for (const PaneStretch& stretch : stretches) {
-    const PaneLook& look = s.formats.Look(stretch.look);
-    runs.push_back(
-        {stretch.start, stretch.length, s.formats.Unpack(look), s.formats.Picture(look)});
+    runs.push_back(LookOf(stretch.look));
+    runs.back().start = stretch.start;
+    runs.back().length = stretch.length;
   }
   return runs;
+}
+
+std::vector<PaneStretch> RichTextBox::LooksBetween(PanePosition start, PanePosition end) const {
+  start = storage_->Clamped(start);
+  return storage_->text.Looks(start, std::max(start, storage_->Clamped(end)));
+}
+
+PaneRun RichTextBox::LookOf(PaneLookId look) const {
+  const PaneLook& found = storage_->formats.Look(look);
+  return {0, 0, storage_->formats.Unpack(found), storage_->formats.Picture(found)};
+}
+
+std::uint64_t RichTextBox::LookEpoch() const {
+  return storage_->look_epoch;
 }
 
 std::vector<PaneRun> RichTextBox::Runs() const {

@@ -54,6 +54,17 @@ struct PaneRun {
   bool operator==(const PaneRun&) const = default;
 };
 
+// A look is a format, and the picture if there is one, by a number. Numbers are equal exactly when
+// the looks are, until the pane gives them anew.
+using PaneLookId = std::uint32_t;
+
+// A stretch of one look. A picture is a stretch of its own, of length 1.
+struct PaneStretch {
+  PanePosition start = 0;
+  PanePosition length = 0;
+  PaneLookId look = 0;
+};
+
 // The vertical scroll bar, in whatever unit the view scrolls by. The pane stands at its end when
 // pos + page >= max. max is 0 when there is nothing to scroll.
 struct PaneScrollInfo {
@@ -186,6 +197,11 @@ class RichTextBox {
   // one.
   std::vector<PaneRun> RunsBetween(PanePosition start, PanePosition end) const;
   std::vector<PaneRun> Runs() const;
+  // The same by numbers, for a view that keeps what it has made of a look; what a number stands
+  // for, as a run of no place; and how often the numbers have been given anew.
+  std::vector<PaneStretch> LooksBetween(PanePosition start, PanePosition end) const;
+  PaneRun LookOf(PaneLookId look) const;
+  std::uint64_t LookEpoch() const;
 
   // Lines end behind CR CR LF, CR LF, a lone CR or a lone LF. The last line has no break; there is
   // always one line. Indices are 0-based.

@@ -4,8 +4,11 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <functional>
 #include <iterator>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "support/temporary_folder.h"
 
@@ -328,6 +331,108 @@ TEST_F(PosixFilesTest, NoFileStaysOpenAfterACallThatWorksOrOneThatFails) {
   FaultOf([&] { files.Replace("folder", "x"); });
   FaultOf([&] { files.Read("folder"); });
   FaultOf([&] { files.Read("none"); });
+  EXPECT_EQ(OpenDescriptors(), before);
+}
+
+// ---- one event that writes much ----
+
+class PosixFilesInAnEvent : public PosixFilesTest {
+ protected:
+  void EndEvent() {
+    for (const auto& action : std::exchange(later, {}))
+      action();
+  }
+
+  std::vector<std::function<void()>> later;
+  PosixFiles kept{folder.path(), [this](std::function<void()> action) {
+                    later.push_back(std::move(action));
+                  }};
+  const int before = OpenDescriptors();
+};
+
+TEST_F(PosixFilesInAnEvent, AFileIsOpenedOnceAndClosedWhenTheEventIsOver) {
+  kept.Append("file", "one ");
+  kept.Append("file", "two ");
+  EXPECT_EQ(OpenDescriptors(), before + 1);
+  EXPECT_EQ(later.size(), 1U);
+  EndEvent();
+  EXPECT_EQ(OpenDescriptors(), before);
+  EXPECT_TRUE(later.empty());
+  kept.Append("file", "three");
+  EXPECT_EQ(later.size(), 1U);
+  EndEvent();
+  EXPECT_EQ(OpenDescriptors(), before);
+  EXPECT_EQ(folder.Content("file"), "one two three");
+}
+
+TEST_F(PosixFilesInAnEvent, EveryByteIsInTheFileWhenTheCallReturns) {
+  kept.Append("file", "[1] ");
+  EXPECT_EQ(folder.Content("file"), "[1] ");
+  EXPECT_EQ(kept.Size("file"), 4);
+  kept.Append("file", "alice: ");
+  EXPECT_EQ(folder.Content("file"), "[1] alice: ");
+  kept.WriteAt("file", kept.Size("file"), " hello\r\n");
+  EXPECT_EQ(folder.Content("file"), "[1] alice: hello\r\n");
+  EXPECT_EQ(kept.Size("file"), 18);
+  kept.Append("file", "[2] ");
+  EXPECT_EQ(folder.Content("file"), "[1] alice: hello\r\n[2] ");
+  EXPECT_EQ(kept.Read("file"), folder.Content("file"));
+}
+
+TEST_F(PosixFilesInAnEvent, WhatAnotherProgramAppendsMeanwhileStays) {
+  kept.Append("file", "ours ");
+  files.Append("file", "theirs ");
+  EXPECT_EQ(kept.Size("file"), 12);
+  kept.Append("file", "ours");
+  EXPECT_EQ(folder.Content("file"), "ours theirs ours");
+}
+
+TEST_F(PosixFilesInAnEvent, TheNextEventOpensWhatThenHasTheName) {
+  kept.Append("file", "old");
+  EndEvent();
+  std::filesystem::rename(folder.path() / "file", folder.path() / "moved");
+  kept.Append("file", "new");
+  EXPECT_EQ(folder.Content("moved"), "old");
+  EXPECT_EQ(folder.Content("file"), "new");
+  EndEvent();
+  std::filesystem::remove(folder.path() / "file");
+  kept.WriteAt("file", 1, "newer");
+  EXPECT_EQ(folder.Content("file"), "newer");
+}
+
+TEST_F(PosixFilesInAnEvent, AReplacedFileIsTheOneThatIsWrittenOn) {
+  kept.Append("file", "old");
+  kept.WriteAt("file", 1, "O");
+  kept.Replace("file", "new");
+  kept.Append("file", "er");
+  kept.WriteAt("file", 1, "N");
+  EXPECT_EQ(folder.Content("file"), "Newer");
+}
+
+TEST_F(PosixFilesInAnEvent, OneFileIsOpenAtATime) {
+  kept.Append("one", "1");
+  kept.WriteAt("two", 1, "2");
+  EXPECT_EQ(OpenDescriptors(), before + 1);
+  kept.Append("one", "1");
+  EXPECT_EQ(later.size(), 1U);
+  EXPECT_EQ(folder.Content("one"), "11");
+  EXPECT_EQ(folder.Content("two"), "2");
+  EndEvent();
+  EXPECT_EQ(OpenDescriptors(), before);
+}
+
+TEST_F(PosixFilesInAnEvent, FailuresAreTheSame) {
+  EXPECT_EQ(FaultOf([&] { kept.Append("none\\file", "x"); }), 76);
+  EXPECT_EQ(FaultOf([&] { kept.Append("..\\file", "x"); }), 52);
+  EXPECT_EQ(FaultOf([&] { kept.WriteAt("file", 0, "x"); }), 63);
+  EXPECT_EQ(folder.Content("file"), "");
+  std::filesystem::create_symlink("/dev/full", folder.path() / "full.log");
+  EXPECT_EQ(FaultOf([&] { kept.Append("full.log", "x"); }), 61);
+  EXPECT_EQ(FaultOf([&] { kept.WriteAt("full.log", 1, "x"); }), 61);
+  kept.MakeFolder("none");
+  kept.Append("none\\file", "x");
+  EXPECT_EQ(folder.Content("none/file"), "x");
+  EndEvent();
   EXPECT_EQ(OpenDescriptors(), before);
 }
 

@@ -58,6 +58,44 @@ class MsgBoxTest : public QObject {
   Q_OBJECT
 
  private slots:
+  // The hands stay on the box while the eyes go through the pane.
+  void PagesAndTheEndsOfThePaneAreKeysOfTheBox() {
+    Box box;
+    RichTextBox& pane = box.windows.tab(0).Rich;
+    for (int line = 0; line < 500; ++line) {
+      pane.ExSetSel(pane.Length(), pane.Length());
+      pane.ReplaceSel("line " + std::to_string(line) + "\r\n");
+    }
+    pane.VScroll(PaneScroll::kBottom);
+    const auto at_end = [&] {
+      const PaneScrollInfo info = pane.GetScrollInfo();
+      return info.pos + info.page >= info.max;
+    };
+    Type(box.msg, QStringLiteral("some words"));
+    QVERIFY(at_end());
+    const PanePosition bottom = pane.CharFromPos(2, 2);
+    box.Key(Qt::Key_PageUp);
+    const PanePosition up = pane.CharFromPos(2, 2);
+    QVERIFY(up < bottom);
+    box.Key(Qt::Key_PageUp);
+    QVERIFY(pane.CharFromPos(2, 2) < up);
+    box.Key(Qt::Key_PageDown);
+    QCOMPARE(pane.CharFromPos(2, 2), up);
+    box.Key(Qt::Key_Home, Qt::ControlModifier);
+    QCOMPARE(pane.CharFromPos(2, 2), PanePosition{0});
+    QVERIFY(!at_end());
+    box.Key(Qt::Key_End, Qt::ControlModifier);
+    QVERIFY(at_end());
+    QCOMPARE(box.msg->text(), QStringLiteral("some words"));
+    QVERIFY(box.msg->hasFocus());
+    // Without Ctrl, Home and End are the box's own; so they are with Shift.
+    box.Key(Qt::Key_Home);
+    QCOMPARE(box.msg->cursorPosition(), 0);
+    box.Key(Qt::Key_End, Qt::ShiftModifier);
+    QCOMPARE(box.msg->selectedText(), QStringLiteral("some words"));
+    QVERIFY(at_end());
+  }
+
   void EnterPostsTheLineAndEmptiesTheBox_data() {
     QTest::addColumn<int>("key");
     QTest::newRow("Return") << int(Qt::Key_Return);

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QTest>
 
@@ -48,6 +49,30 @@ class PlatformTest : public QObject {
     QVERIFY(ports.clock.Now().year >= 2024);
     ports.clipboard.SetText("y");
     QCOMPARE(ports.clipboard.GetText(), Text("y"));
+  }
+
+  void NoFileStaysOpenWhenTheEventIsOver() {
+    TemporaryFolder folder;
+    QtPlatform platform(folder.path());
+    const auto open_files = [] {
+      return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::System | QDir::AllEntries).size();
+    };
+    const auto before = open_files();
+    platform.files.Append("file", "x");
+    QCOMPARE(folder.Content("file"), std::string("x"));
+    QCOMPARE(open_files(), before + 1);
+    QCoreApplication::processEvents();
+    QCOMPARE(open_files(), before);
+  }
+
+  void AFileThatIsOpenGoesWithThePlatform() {
+    TemporaryFolder folder;
+    {
+      QtPlatform platform(folder.path());
+      platform.files.Append("file", "x");
+    }
+    QCoreApplication::processEvents();  // what was to be called then is not
+    QCOMPARE(folder.Content("file"), std::string("x"));
   }
 
   void EachSocketAndTimerIsANewOneThatWorks() {

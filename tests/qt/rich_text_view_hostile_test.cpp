@@ -2,6 +2,7 @@
 // optimisation; what is really asserted is that little is laid out.
 #include <QScrollBar>
 #include <ctime>
+#include <random>
 
 #include "shown_pane.h"
 
@@ -125,6 +126,97 @@ class RichTextViewHostileTest : public QObject {
       QTest::keyClick(&pane.view, Qt::Key_PageDown);
     }
     QCOMPARE(expected, end);
+  }
+
+  // However long a line is, its rows end where the next word or sign does not fit.
+  void RowsOfAVeryLongLineGoToTheEdge() {
+    for (const std::string_view word : {"w", "lorem ", "ipsum-", "."}) {
+      ShownPane pane(1, {333, 300});
+      const PanePosition start = pane.box.Length();
+      std::string text;
+      while (text.size() < 50'000)
+        text += word;
+      Append(pane.box, text, MainFormat(0xFFFFFF));
+      Append(pane.box, "\r\n", MainFormat(0xFFFFFF));
+      const PaneRange first = pane.view.RowAround(start);
+      QVERIFY(first.end - first.start > 10);
+      PanePosition at = start;
+      for (PaneRange row = first; row.end < pane.box.Length(); row = pane.view.RowAround(at)) {
+        QCOMPARE(row.start, at);
+        QCOMPARE(row.end - row.start, first.end - first.start);
+        at = row.end;
+      }
+      QVERIFY(at > start + 49'000);
+    }
+  }
+
+  // The start of each row follows from all that is ahead of it: that is measured once.
+  void AVeryLongLineIsMeasuredOnceForAWidth() {
+    ShownPane pane(20);
+    Append(pane.box, std::string(kMegabyte, 'w') + "\r\n", MainFormat(0xFFFFFF));
+    pane.view.ScrollToEnd();
+    ShownPane::Settle();
+    const auto limit = static_cast<std::uint64_t>(kMegabyte) + 100'000;
+    QVERIFY(pane.view.counters().wrapped < limit);
+    QScrollBar* bar = pane.view.verticalScrollBar();
+    for (int part = 10; part >= 0; --part) {
+      const auto before = pane.view.counters().wrapped;
+      bar->setValue(bar->maximum() / 10 * part);
+      ShownPane::Settle();
+      QVERIFY(pane.view.counters().wrapped - before < 20'000);
+    }
+    const auto before = pane.view.counters().wrapped;
+    pane.view.ScrollToEnd();
+    Append(pane.box, "x", MainFormat(0xFFFFFF));
+    ShownPane::Settle();
+    QVERIFY(pane.view.counters().wrapped - before < 20'000);
+  }
+
+  // What is written into a long line is broken as if it had been there from the start.
+  void AVeryLongLineThatChangesIsBrokenAnew() {
+    std::mt19937 random(5);
+    ShownPane pane(3, {300, 300});
+    for (int i = 0; i < 4'000; ++i)
+      Append(pane.box, std::string(1 + random() % 9, 'x') + " ", MainFormat(0xFFFFFF));
+    const auto rows = [](ShownPane& shown) {
+      std::vector<PanePosition> starts;
+      for (PanePosition at = 0; at < shown.box.Length(); at = shown.view.RowAround(at).end)
+        starts.push_back(at);
+      return starts;
+    };
+    for (int step = 0; step < 30; ++step) {
+      const auto at =
+          static_cast<PanePosition>(random() % static_cast<std::uint64_t>(pane.box.Length() - 10));
+      pane.box.ExSetSel(at, at + static_cast<PanePosition>(random() % 10));
+      if (step % 3 == 0)
+        pane.box.SelBold(true);
+      else
+        pane.box.ReplaceSel(step % 7 == 1 ? "\r\n" : step % 2 == 0 ? "yyyy yy" : "");
+      ShownPane fresh(0, {300, 300});
+      for (const PaneRun& run : pane.box.Runs())
+        Append(fresh.box, pane.box.TextBetween(run.start, run.start + run.length), run.format);
+      QCOMPARE(rows(pane), rows(fresh));
+    }
+  }
+
+  void AStepOverARunForEveryCharacterIsBoundedWork() {
+    ShownPane pane;
+    Append(pane.box, std::string(20'000, 'x') + "\r\n", MainFormat(0xFFFFFF));
+    pane.box.SetRedraw(false);
+    for (PanePosition i = 0; i < 20'000; ++i) {
+      pane.box.ExSetSel(i, i + 1);
+      pane.box.SelColor(static_cast<PaneColour>(i * 997 & 0xFFFFFF));
+    }
+    pane.box.SetRedraw(true);
+    pane.view.ScrollToStart();
+    ShownPane::Settle();
+    for (int step = 0; step < 20; ++step) {
+      const auto before = pane.view.counters();
+      QTest::keyClick(&pane.view, Qt::Key_PageDown);
+      ShownPane::Settle();
+      QVERIFY(pane.view.counters().wrapped - before.wrapped < 20'000);
+      QVERIFY(pane.view.counters().laid_out - before.laid_out <= 3);
+    }
   }
 
   void AViewOfAFewPixelsIsNoTrouble() {

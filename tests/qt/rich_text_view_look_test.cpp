@@ -5,6 +5,7 @@
 #include <QScrollBar>
 
 #include "platform/qt/rich_text_view_fonts.h"
+#include "platform/qt/text_conversion.h"
 #include "shown_pane.h"
 #include "text/text.h"
 
@@ -192,6 +193,30 @@ class RichTextViewLookTest : public QObject {
     ShownPane pane;
     pane.box.PastePicture(drawing);
     QCOMPARE(Count(pane.Picture(), Qt::magenta), 24 * 24);
+  }
+
+  // The marks on capitals reach above what a font calls its height.
+  void NoCharacterIsCutAtTheTopOrTheBottom() {
+    for (const char* name : {"verdana", "times new roman", "courier new"}) {
+      PaneFormat format = MainFormat(0xFFFFFF);
+      format.font_name = name;
+      const std::string text = "\xA8\xC9\xD9\xF4\xF9 Qjg|";
+      ShownPane pane;
+      Append(pane.box, "\r\n" + text + "\r\n\r\n", format);
+      const QRect row = pane.view.CharacterRect(2);
+      QImage alone(pane.view.viewport()->size(), QImage::Format_RGB32);
+      alone.fill(Qt::black);
+      QPainter painter(&alone);
+      painter.setFont(ToQFont(format));
+      painter.setPen(Qt::white);
+      const int base = row.top() + row.height();
+      painter.drawText(QPointF(3, base), ToQString(text));
+      painter.end();
+      const auto ink = [](const QImage& image) {
+        return image.width() * image.height() - Count(image, image.rect(), Qt::black);
+      };
+      QCOMPARE(ink(pane.Picture()), ink(alone));
+    }
   }
 
   void ALoneLineFeedBreaksTheLineAndATabGoesToItsStop() {

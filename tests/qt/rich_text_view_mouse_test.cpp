@@ -1,8 +1,11 @@
 // The mouse in a pane: what lies under it, and selecting.
 #include <QClipboard>
+#include <QDrag>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QTimer>
 #include <random>
 
 #include "shown_pane.h"
@@ -190,6 +193,51 @@ class RichTextViewMouseTest : public QObject {
     const PanePosition still = pane.view.CharFromPos(3, 0);
     QTest::qWait(100);
     QCOMPARE(pane.view.CharFromPos(3, 0), still);
+  }
+
+  void ADragOfTheSelectionTakesItsTextOut() {
+    ShownPane pane(5);
+    const PanePosition from = pane.LineStart(1) + 11;
+    pane.view.Select(from, from + 14);
+    const PaneRange selected = pane.view.Selected();
+    QTest::mousePress(pane.view.viewport(), kLeft, Qt::NoModifier, pane.PointOf(from + 3));
+    QCOMPARE(pane.view.Selected(), selected);
+    QString text;
+    QString html;
+    const auto look = [&] {
+      const auto* drag = pane.view.findChild<QDrag*>();
+      if (drag == nullptr) return;
+      text = drag->mimeData()->text();
+      html = drag->mimeData()->html();
+      QDrag::cancel();
+    };
+    Move(pane.view, pane.PointOf(from + 3) + QPoint(1, 0));
+    QVERIFY(text.isEmpty());
+    // A platform that carries it out waits for the drop; another has done with it at once.
+    QTimer::singleShot(0, &pane.view, look);
+    Move(pane.view, pane.PointOf(from + 3) + QPoint(40, 30));
+    if (text.isEmpty()) look();
+    QCOMPARE(text, QStringLiteral("alice: message"));
+    QVERIFY(html.contains(QStringLiteral("alice")));
+    QCOMPARE(pane.view.Selected(), selected);
+    QTest::mouseRelease(pane.view.viewport(), kLeft, Qt::NoModifier, pane.PointOf(from + 30));
+    QCOMPARE(pane.view.Selected(), selected);
+  }
+
+  void AClickOnTheSelectionClearsItAtItsRelease() {
+    ShownPane pane(5);
+    const PanePosition from = pane.LineStart(1) + 11;
+    pane.view.Select(from, from + 14);
+    QTest::mousePress(pane.view.viewport(), kLeft, Qt::NoModifier, pane.LeftOf(from + 3));
+    QVERIFY(!pane.view.Selected().empty());
+    QTest::mouseRelease(pane.view.viewport(), kLeft, Qt::NoModifier, pane.LeftOf(from + 3));
+    QVERIFY(pane.view.Selected().empty());
+    QCOMPARE(pane.box.SelStart(), from + 3);
+    // Behind the end of a selected line nothing is taken along.
+    pane.view.Select(0, pane.LineStart(3));
+    const QPoint behind(380, pane.PointOf(pane.LineStart(1)).y());
+    Drag(pane.view, behind, pane.LeftOf(pane.LineStart(0) + 4));
+    QCOMPARE(pane.view.Selected(), (PaneRange{pane.LineStart(0) + 4, pane.LineStart(2) - 2}));
   }
 
   void LinesThatComeLeaveTheSelectionAlone() {

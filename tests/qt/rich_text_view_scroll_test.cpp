@@ -1,6 +1,8 @@
 // Where a pane's view stands, what it keeps in place, and how little it does for it.
 #include <QCoreApplication>
 #include <QScrollBar>
+#include <QScroller>
+#include <QSignalSpy>
 #include <QWheelEvent>
 #include <functional>
 #include <random>
@@ -187,6 +189,20 @@ class RichTextViewScrollTest : public QObject {
     QCOMPARE(pane.OnScreen(), pane.Picture());
   }
 
+  void WhatWasToBePaintedWhileRedrawWasOffIsPaintedLater() {
+    ShownPane pane(200);
+    AppendMessages(pane.box, 1);
+    pane.box.VScroll(PaneScroll::kBottom);
+    QCoreApplication::sendPostedEvents(&pane.view, QEvent::MetaCall);  // a repaint is asked for
+    pane.box.SetRedraw(false);
+    AppendMessages(pane.box, 1);
+    ShownPane::Settle();
+    pane.box.VScroll(PaneScroll::kBottom);
+    pane.box.SetRedraw(true);
+    ShownPane::Settle();
+    QCOMPARE(pane.OnScreen(), pane.Picture());
+  }
+
   void AHiddenViewLaysOutNothing() {
     ShownPane pane(200);
     pane.box.Visible(false);
@@ -286,6 +302,44 @@ class RichTextViewScrollTest : public QObject {
     QCOMPARE(pane.Picture(), whole);
   }
 
+  void AFingerTakesTheTextAlong() {
+    auto* screen = QTest::createTouchDevice();
+    ShownPane pane(2000);
+    pane.view.ShowPosition(pane.LineStart(1000));
+    ShownPane::Settle();
+    QWidget* viewport = pane.view.viewport();
+    const PanePosition touched = pane.box.CharFromPos(50, 250);
+    QPoint finger = pane.PointOf(touched);
+    const int start = finger.y();
+    QTest::touchEvent(viewport, screen).press(0, finger, viewport);
+    // The first part of the way tells a drag from a tap.
+    for (int step = 0; step < 20; ++step) {
+      finger.ry() -= 8;
+      QTest::touchEvent(viewport, screen).move(0, finger, viewport);
+    }
+    const int moved = start - pane.PointOf(touched).y();
+    QVERIFY2(moved > 80 && moved <= 160, qPrintable(QString::number(moved)));
+    QTest::touchEvent(viewport, screen).release(0, finger, viewport);
+    QTRY_COMPARE(QScroller::scroller(viewport)->state(), QScroller::Inactive);
+    QVERIFY(pane.view.Selected().empty());
+    ShownPane::Settle();
+    QCOMPARE(pane.OnScreen(), pane.Picture());
+  }
+
+  void ATapIsAClick() {
+    auto* screen = QTest::createTouchDevice();
+    ShownPane pane(50);
+    QSignalSpy pressed(&pane.view, &RichTextView::mousePressedAt);
+    QSignalSpy released(&pane.view, &RichTextView::mouseReleasedAt);
+    QWidget* viewport = pane.view.viewport();
+    const QPoint finger = pane.PointOf(pane.LineStart(48) + 12);
+    QTest::touchEvent(viewport, screen).press(0, finger, viewport);
+    QTest::touchEvent(viewport, screen).release(0, finger, viewport);
+    QTRY_COMPARE(released.count(), 1);
+    QCOMPARE(pressed.count(), 1);
+    QCOMPARE(pressed.at(0).at(0).value<PanePosition>(), pane.LineStart(48) + 12);
+  }
+
   void TheBarGoesFromEndToEnd() {
     ShownPane pane(2000);
     QScrollBar* bar = pane.view.verticalScrollBar();
@@ -362,7 +416,7 @@ class RichTextViewScrollTest : public QObject {
           break;
       }
       if (random() % 2 == 0) continue;
-      QTest::qWait(25);
+      ShownPane::Settle();
       QCOMPARE(pane.OnScreen(), pane.Picture());
     }
   }

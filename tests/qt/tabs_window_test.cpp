@@ -134,6 +134,20 @@ class TabsWindowTest : public QObject {
     QCOMPARE(windows.desktop.ActiveTab(), 4);
   }
 
+  void TheUpdateButtonFetchesTheListOnTheLeftRelease() {
+    Windows windows;
+    ShowTabs(windows, 1);
+    windows.desktop.SetTabControlsEnabled(0, true);
+    QWidget* button = Control(windows, "button_update", 0);
+    SimulatedSocket& socket = Simulated(windows.tab(0).Winsock3);
+    QTest::mouseClick(button, Qt::RightButton);
+    QTest::mousePress(button, Qt::LeftButton);
+    QCOMPARE(socket.connects, 0);
+    QTest::mouseRelease(button, Qt::LeftButton);
+    QCOMPARE(socket.connects, 1);
+    QCOMPARE(windows.tab(0).Rich_Users.Text(), "\r\n\r\n Обновление фрейма..."_w);
+  }
+
   void TheConnectButtonAddsATabWhileConnected() {
     Windows windows;
     ShowTabs(windows, 1);

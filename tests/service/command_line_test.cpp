@@ -42,6 +42,9 @@ TEST(CommandLine, TakesEveryOption) {
                                       "--talk-lines",
                                       "700",
                                       "--talk-frames=3",
+                                      "--talk-length",
+                                      "70",
+                                      "--patient",
                                       "--keepalive",
                                       "5",
                                       "--history=7",
@@ -70,6 +73,8 @@ TEST(CommandLine, TakesEveryOption) {
   EXPECT_EQ(options.inhabitants.talk, 50);
   EXPECT_EQ(options.inhabitants.talk_lines, 700);
   EXPECT_EQ(options.inhabitants.talk_frames, 3U);
+  EXPECT_EQ(options.inhabitants.talk_length, 70);
+  EXPECT_TRUE(options.inhabitants.patient);
   EXPECT_EQ(options.inhabitants.channels, (std::vector<Text>{"Кухня"_w, "hall"}));
   EXPECT_EQ(options.chat.keep_alive_ms, 5000);
   EXPECT_EQ(options.chat.history, 7);
@@ -102,10 +107,11 @@ TEST(CommandLine, HelpNamesEveryOption) {
   const auto line = ReadCommandLine(std::vector<const char*>{"--help"});
   EXPECT_TRUE(std::get<CommandLine>(line).help);
   for (const char* option :
-       {"--port",       "--address",     "--quiet",           "--no-inhabitants", "--talk",
-        "--talk-lines", "--talk-frames", "--keepalive",       "--history",        "--grace",
-        "--kick-time",  "--max-frames",  "--max-connections", "--channels",       "--ban",
-        "--admin",      "--seed",        "--form-b",          "--misbehave",      "--help"})
+       {"--port",       "--address",     "--quiet",       "--no-inhabitants", "--talk",
+        "--talk-lines", "--talk-frames", "--talk-length", "--patient",        "--keepalive",
+        "--history",    "--grace",       "--kick-time",   "--max-frames",     "--max-connections",
+        "--channels",   "--ban",         "--admin",       "--seed",           "--form-b",
+        "--misbehave",  "--help"})
     EXPECT_TRUE(Contains(HelpText(), option)) << option;
 }
 

@@ -114,6 +114,35 @@ TEST_F(InhabitantsTest, TalkWhenEnoughFramesAreOpenAndNoLongerThanAskedFor) {
   EXPECT_EQ(inhabitants.next_ms, kForever);
 }
 
+TEST_F(InhabitantsTest, WaitForAReaderWhoHasMuchToTakeYet) {
+  options.talk = 1000;
+  options.patient = true;
+  Inhabitants inhabitants = MoveIn(chat, options, now);
+  Frame& alice = Come("alice", "attic");
+  Come("bob", "attic");
+  alice.waiting = 256 * 1024;
+  LiveOn(inhabitants, chat, now);
+  Live(inhabitants, 1000);
+  EXPECT_FALSE(Contains(Read(alice), "#"));
+  alice.waiting = 0;
+  Live(inhabitants, 1000);
+  EXPECT_TRUE(Contains(Read(alice), ":() #00000001 "));
+}
+
+TEST_F(InhabitantsTest, SayLinesOfTheWantedLength) {
+  options.talk = 100;
+  options.talk_length = 70;
+  Inhabitants inhabitants = MoveIn(chat, options, now);
+  Frame& alice = Come("alice", "attic");
+  LiveOn(inhabitants, chat, now);
+  Live(inhabitants, 1000);
+  const Text said = Read(alice);
+  const auto lines = Split(said, "\n");
+  ASSERT_EQ(lines.size(), 100U + 1U);
+  for (std::size_t i = 0; i < 100; ++i)
+    EXPECT_GE(lines[i].substr(lines[i].find('#')).size(), 70U) << lines[i];
+}
+
 TEST_F(InhabitantsTest, TheirChannelOutlivesItsPeopleAndForgetsItsOperators) {
   MoveIn(chat, options, now);
   Come("alice");

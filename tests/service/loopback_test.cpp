@@ -264,6 +264,20 @@ TEST_F(LoopbackTest, ALoadOfLinesArrivesWholeAndInOrder) {
   }
 }
 
+TEST_F(LoopbackTest, APatientLoadArrivesWholeHoweverMuchItIs) {
+  options.inhabitants.present = true;
+  options.inhabitants.talk = 1000000;
+  options.inhabitants.patient = true;
+  options.most_waiting = 512 * 1024;  // less than the load
+  Start();
+  const Text alice = LogIn("alice");
+  Say(alice, "/set s 9");
+  Peer frame = OpenFrame(alice);
+  const Text said = frame.ReadUntil("#00020000 ");
+  EXPECT_TRUE(Contains(said, ":() #00019999 "));
+  EXPECT_TRUE(Contains(said, ":() #00000001 "));
+}
+
 TEST_F(LoopbackTest, StoppingClosesEveryConnection) {
   Start();
   Peer frame = Come(LogIn("alice"), "alice");

@@ -344,6 +344,13 @@ TEST_F(UserFrameTest, AScriptBetweenTwoUsersIsTakenOutAndToldOnce) {
   EXPECT_EQ(session.Rich.LineCount(), 3);
 }
 
+TEST_F(UserFrameTest, AScriptIsToldInEnglishToo) {
+  client.app.Language = UiLanguage::kEnglish;
+  Frame("<script></script>ann|[][]''\n");
+  EXPECT_EQ(session.Rich.Text(), "[12:00:00] You have a personal_message!\r\n");
+  EXPECT_EQ(Shown(), "\r\n\r\nann\r\n");
+}
+
 TEST_F(UserFrameTest, OnlyTheFirstScriptIsTakenOut) {
   Frame("ann|[][]''\n<script></script>\n<script></script>\nbob|[][]''\n");
   EXPECT_THAT(ErrorLog(), testing::HasSubstr("Error 5 "));

@@ -5,10 +5,15 @@
 namespace parlorwire {
 
 LocalTime QtClock::Now() const {
-  const QDateTime now = QDateTime::currentDateTime();
+  using std::chrono::seconds, std::chrono::system_clock;
+  const auto second = std::chrono::floor<seconds>(system_clock::now());
+  if (second == second_) return now_;
+  const QDateTime now = QDateTime::fromSecsSinceEpoch(second.time_since_epoch().count());
   const QDate date = now.date();
   const QTime time = now.time();
-  return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
+  second_ = second;
+  now_ = {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
+  return now_;
 }
 
 }  // namespace parlorwire

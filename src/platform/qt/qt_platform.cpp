@@ -18,6 +18,11 @@ std::filesystem::path NativePath(const QString& path) {
 
 }  // namespace
 
+QtPlatform::QtPlatform(std::filesystem::path application_folder)
+    : files(std::move(application_folder), [this](std::function<void()> action) {
+        QMetaObject::invokeMethod(&context, std::move(action), Qt::QueuedConnection);
+      }) {}
+
 Platform QtPlatform::Ports(Desktop& desktop) {
   return {files,
           clock,

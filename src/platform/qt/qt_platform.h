@@ -1,6 +1,7 @@
 // The ports of a real desktop, all but the windows.
 #pragma once
 
+#include <QObject>
 #include <filesystem>
 
 #include "platform/platform.h"
@@ -14,11 +15,11 @@ namespace parlorwire {
 // Owns what it hands out. Needs a QGuiApplication while it is used.
 struct QtPlatform {
   // `application_folder` is what DesktopApplicationFolder gives, or any other that is to be used.
-  explicit QtPlatform(std::filesystem::path application_folder)
-      : files(std::move(application_folder)) {}
+  explicit QtPlatform(std::filesystem::path application_folder);
 
   Platform Ports(Desktop& desktop);
 
+  QObject context;  // of what is called when an event is over
   PosixFiles files;
   QtClock clock;
   SystemRandom random;

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QResizeEvent>
 #include <QScrollBar>
+#include <QScroller>
 #include <algorithm>
 #include <cmath>
 
@@ -31,6 +32,7 @@ RichTextView::RichTextView(RichTextBox& box, QWidget* parent)
   InstallPaneAccessibility();
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setFocusPolicy(Qt::StrongFocus);
+  QScroller::grabGesture(viewport(), QScroller::TouchGesture);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   viewport()->setMouseTracking(true);
   viewport()->setCursor(Qt::ArrowCursor);
@@ -47,7 +49,8 @@ RichTextView::~RichTextView() {
 }
 
 RichTextView::Counters RichTextView::counters() const {
-  return {arrangement_.Tools().laid_out, paints_, fragments_painted_};
+  const LayoutTools& tools = arrangement_.Tools();
+  return {tools.laid_out, tools.wrapped, paints_, fragments_painted_};
 }
 
 // ---- what the pane tells ----
@@ -79,6 +82,8 @@ void RichTextView::SelectionChanged() {
 
 void RichTextView::RedrawChanged(bool on) {
   redraw_ = on;
+  if (on && missed_paint_) painted_valid_ = false;
+  missed_paint_ = false;
   NoteChange();
 }
 
@@ -179,15 +184,21 @@ void RichTextView::Restyle(PaneRange range) {
 }
 
 void RichTextView::paintEvent(QPaintEvent* event) {
-  if (!redraw_ && painted_valid_) return;
+  if (!redraw_ && painted_valid_) {
+    missed_paint_ = true;
+    return;
+  }
   ++paints_;
   QPainter painter(viewport());
-  const QRect clip = event->rect();
+  // Where a pixel of the view is not a whole number of the screen's, the edge of what is painted
+  // takes in a part of a pixel more.
+  const int more = devicePixelRatioF() == std::floor(devicePixelRatioF()) ? 0 : 1;
+  const QRect clip = event->rect().adjusted(-more, -more, more, more);
   painter.fillRect(clip, ToQColor(box_.BackColor()));
   const auto& seen = arrangement_.Seen();
   for (const PlacedFragment& placed : seen) {
     const QRect place(0, placed.top, viewport()->width(), placed.layout->height);
-    if (!event->region().intersects(place)) continue;
+    if (!event->region().intersects(place.adjusted(0, -more, 0, more))) continue;
     ++fragments_painted_;
     Paint(painter, *placed.layout, {qreal(TextLeft()), qreal(placed.top)}, clip,
           viewport()->width(), SelectedIn(placed.fragment, selection_.range()), palette(),
@@ -267,7 +278,7 @@ int RichTextView::TextLeft() const {
 }
 
 PaneRange RichTextView::RowAround(PanePosition position) const {
-  const Fragment fragment = FragmentAt(box_, position);
+  const Fragment fragment = arrangement_.Fragments().At(position);
   const auto layout = arrangement_.LayoutOf(fragment);
   const int number = RowOf(*layout, static_cast<int>(position - fragment.start));
   const auto& row = layout->rows[static_cast<std::size_t>(number)];

@@ -3,7 +3,7 @@
 // Only what is seen is laid out; the rest of the pane costs nothing, however long it is. Changes of
 // the pane are gathered: all that come within one turn of the event loop are one repaint, of what
 // looks different. A hidden view does nothing but note that something changed. There is no timer,
-// except while the mouse drags a selection beyond an edge.
+// except while the mouse drags a selection beyond an edge or a finger's push runs out.
 //
 // The reader's selection belongs to the view: lines that come do not move it, and the program's own
 // writing, done with HideSelection on, does not touch it. When the reader has selected, the pane
@@ -16,11 +16,15 @@
 #include <QBasicTimer>
 #include <QPoint>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "platform/qt/rich_text_view_accessible.h"
 #include "platform/qt/rich_text_view_arrangement.h"
 #include "platform/qt/rich_text_view_selection.h"
+
+class QScrollEvent;
+class QScrollPrepareEvent;
 
 namespace parlorwire {
 
@@ -64,6 +68,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
 
   struct Counters {
     std::uint64_t laid_out = 0;  // fragments, ever
+    std::uint64_t wrapped = 0;   // characters measured
     std::uint64_t paints = 0;    // paint events
     std::uint64_t painted = 0;   // fragments painted
   };
@@ -134,6 +139,8 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void ScrollSideways(int pixels);
   void Reveal(PanePosition position);
   void RevealSideways(PanePosition position);
+  void PrepareTouch(QScrollPrepareEvent* event);
+  void TouchScroll(QScrollEvent* event);
 
   // ---- what the reader does ----
   int TextLeft() const;
@@ -142,6 +149,8 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void ShowSelection(PaneSelection selection);
   QPoint Within(QPoint point) const;
   QPoint Beyond(QPoint point) const;
+  bool OnSelection(QPoint point) const;
+  void DragOut();
   void BeginDrag(PanePosition position, PaneGrain grain);
   void DragTo(PanePosition position);
   void EndDrag();
@@ -161,6 +170,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   bool updating_bar_ = false;
   std::vector<PaintedFragment> painted_;
   bool painted_valid_ = false;
+  bool missed_paint_ = false;  // while redraw was off
   PaneColour painted_back_ = 0;
   PaneRange restyled_;
   std::uint64_t paints_ = 0;
@@ -177,6 +187,9 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
     QPoint point;          // where the mouse is
   };
   Drag drag_;
+  // Pressed on the selection: a move takes it elsewhere, a release clears it.
+  std::optional<QPoint> pressed_selection_;
+  double touch_y_ = 0;  // of the last step of a finger's scrolling
   QBasicTimer drag_scroll_;
   quint64 double_clicked_ = 0;  // milliseconds of the events' clock
   QPoint double_clicked_at_;

@@ -11,12 +11,12 @@ constexpr double kMostUnits = 1e9;  // of the scroll bar
 
 }  // namespace
 
-PaneArrangement::PaneArrangement(const RichTextBox& box) : box_(box) {
+PaneArrangement::PaneArrangement(const RichTextBox& box) : box_(box), finder_(box, tools_) {
   MeasureUnits();
 }
 
 void PaneArrangement::MeasureUnits() {
-  const QFontMetrics metrics(tools_.formats.For(box_.OwnFormat()).font());
+  const QFontMetrics metrics(ToQFont(box_.OwnFormat()));
   row_height_ = std::max(metrics.height(), 1);
   characters_in_row_ = std::max(width_ / double(std::max(metrics.averageCharWidth(), 1)), 1.0);
 }
@@ -25,14 +25,16 @@ void PaneArrangement::Resize(int width, int height) {
   if (width != width_) widest_ = 0;
   width_ = std::max(width, 1);
   height_ = std::max(height, 1);
+  finder_.Resize(width_);
   MeasureUnits();
   stale_ = true;
   overflowing_ = 0;
 }
 
 void PaneArrangement::Forget() {
-  tools_.formats.Clear();
+  tools_.looks.Clear();
   cache_.Clear();
+  finder_.Forget();
   widest_ = 0;
   Resize(width_, height_);
 }
@@ -43,6 +45,7 @@ std::shared_ptr<const FragmentLayout> PaneArrangement::LayoutOf(const Fragment& 
 
 void PaneArrangement::TextChanged(const PaneView::TextChange& change) {
   cache_.TextChanged(box_, change);
+  finder_.TextChanged(change);
   const PanePosition removed_end = change.start + change.removed;
   ForgetWidest(change.start, removed_end);
   widest_line_.TextChanged(change);
@@ -64,6 +67,7 @@ void PaneArrangement::TextChanged(const PaneView::TextChange& change) {
 
 void PaneArrangement::FormatChanged(PanePosition start, PanePosition end) {
   cache_.FormatChanged(box_, start, end);
+  finder_.FormatChanged(start, end);
   ForgetWidest(start, end);
   if (start < overflowing_) overflowing_ = 0;
   stale_ = true;
@@ -104,9 +108,9 @@ void PaneArrangement::Hold(Edge edge, const Fragment& fragment, const FragmentLa
   anchor_.edge = edge;
 }
 
-bool PaneArrangement::HeldAtEnd() const {
+bool PaneArrangement::HeldAtEnd() {
   if (anchor_.edge != Edge::kBottom) return false;
-  const Fragment fragment = FragmentAt(box_, anchor_.position);
+  const Fragment fragment = finder_.At(anchor_.position);
   if (!fragment.LastOf(box_)) return false;
   return fragment.EmptyEndOf(box_) ||
          (anchor_.whole_row && anchor_.position == fragment.start + fragment.length);
@@ -136,14 +140,14 @@ void PaneArrangement::Arrange() {
 
 void PaneArrangement::ArrangeDownwards() {
   seen_.clear();
-  Fragment fragment = FragmentAt(box_, anchor_.position);
+  Fragment fragment = finder_.At(anchor_.position);
   auto layout = LayoutOf(fragment);
   int top = -AnchorOffset(fragment, *layout);
   for (;;) {
     seen_.push_back({fragment, layout, top});
     top += layout->height;
     if (top > height_ || fragment.LastOf(box_)) return;
-    const Fragment next = FragmentAfter(box_, fragment);
+    const Fragment next = finder_.After(fragment);
     if (top == height_ && !next.EmptyEndOf(box_)) return;
     fragment = next;
     layout = LayoutOf(fragment);
@@ -153,14 +157,14 @@ void PaneArrangement::ArrangeDownwards() {
 // False if the text ends before the view is filled.
 bool PaneArrangement::ArrangeUpwards() {
   seen_.clear();
-  Fragment fragment = FragmentAt(box_, anchor_.position);
+  Fragment fragment = finder_.At(anchor_.position);
   auto layout = LayoutOf(fragment);
   int top = height_ - AnchorOffset(fragment, *layout);
   for (;;) {
     seen_.push_back({fragment, layout, top});
     if (top <= 0) break;
     if (fragment.start == 0) return false;
-    fragment = FragmentBefore(box_, fragment);
+    fragment = finder_.Before(fragment);
     layout = LayoutOf(fragment);
     top -= layout->height;
   }
@@ -179,7 +183,7 @@ bool PaneArrangement::AtEnd() {
 bool PaneArrangement::Overflows() {
   if (overflowing_ > 0 || box_.LineCount() - 1 > height_) return true;
   int height = 0;
-  for (Fragment fragment = FragmentAt(box_, 0);; fragment = FragmentAfter(box_, fragment)) {
+  for (Fragment fragment = finder_.At(0);; fragment = finder_.After(fragment)) {
     height += LayoutOf(fragment)->height;
     if (height > height_) {
       overflowing_ = fragment.next;
@@ -197,13 +201,13 @@ void PaneArrangement::ScrollBy(int pixels) {
   auto layout = seen_.front().layout;
   int offset = pixels - seen_.front().top;
   while (offset < 0 && fragment.start > 0) {
-    fragment = FragmentBefore(box_, fragment);
+    fragment = finder_.Before(fragment);
     layout = LayoutOf(fragment);
     offset += layout->height;
   }
   while (offset >= layout->height && !fragment.LastOf(box_)) {
     offset -= layout->height;
-    fragment = FragmentAfter(box_, fragment);
+    fragment = finder_.After(fragment);
     layout = LayoutOf(fragment);
   }
   Hold(Edge::kTop, fragment, *layout, std::clamp(offset, 0, layout->height));
@@ -218,13 +222,13 @@ void PaneArrangement::ScrollToStart() {
 void PaneArrangement::ScrollToEnd() {
   if (HeldAtEnd()) return;
   const PanePosition end = box_.Length();
-  anchor_ = {end, 0, !FragmentAt(box_, end).EmptyEndOf(box_), Edge::kBottom};
+  anchor_ = {end, 0, !finder_.At(end).EmptyEndOf(box_), Edge::kBottom};
   stale_ = true;
 }
 
 void PaneArrangement::Show(PanePosition position) {
   Arrange();
-  const Fragment fragment = FragmentAt(box_, position);
+  const Fragment fragment = finder_.At(position);
   const auto layout = LayoutOf(fragment);
   const auto& row = layout->rows[static_cast<std::size_t>(
       RowOf(*layout, static_cast<int>(position - fragment.start)))];
@@ -305,7 +309,7 @@ void PaneArrangement::ScrollToUnit(int unit) {
   const PanePosition position =
       found.start +
       std::clamp(character, PanePosition{0}, std::max(found.length - 1, PanePosition{0}));
-  PlacedFragment placed{FragmentAt(box_, position), nullptr, 0};
+  PlacedFragment placed{finder_.At(position), nullptr, 0};
   placed.layout = LayoutOf(placed.fragment);
   const auto [start, end] = UnitsOf(placed.fragment);
   const double share = end > start ? std::clamp((wanted - start) / (end - start), 0.0, 1.0) : 0.0;

@@ -64,6 +64,7 @@ class PaneArrangement {
   int RowHeight() const { return row_height_; }
   int Height() const { return height_; }
   LayoutTools& Tools() { return tools_; }
+  FragmentFinder& Fragments() { return finder_; }
   // Of a fragment anywhere, seen or not.
   std::shared_ptr<const FragmentLayout> LayoutOf(const Fragment& fragment);
 
@@ -87,7 +88,7 @@ class PaneArrangement {
   bool ArrangeUpwards();
   void ArrangeDownwards();
   bool Overflows();
-  bool HeldAtEnd() const;
+  bool HeldAtEnd();
   void MeasureUnits();
   void ForgetWidest(PanePosition start, PanePosition end);
   double UnitsAt(std::int64_t line, PanePosition position) const;
@@ -98,6 +99,7 @@ class PaneArrangement {
 
   const RichTextBox& box_;
   LayoutTools tools_;
+  FragmentFinder finder_;
   LayoutCache cache_;
   int width_ = 1;
   int height_ = 1;

@@ -6,7 +6,7 @@ namespace parlorwire {
 namespace {
 
 constexpr std::size_t kLayoutsKept = 1024;  // more than any view shows at once
-constexpr int kCharactersKept = 128 * 1024;
+constexpr int kCharactersKept = 256 * 1024;
 
 }  // namespace
 

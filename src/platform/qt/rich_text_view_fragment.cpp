@@ -5,68 +5,120 @@
 namespace parlorwire {
 namespace {
 
-constexpr PanePosition kBlankSought = 256;  // characters ahead of a cut
-
-// The start of the nth fragment of a line.
-PanePosition Cut(const RichTextBox& box, const RichTextBox::Line& line, PanePosition n) {
-  if (n == 0) return line.start;
-  const PanePosition latest = line.start + n * kFragmentLimit;
-  const std::string near = box.TextBetween(latest - kBlankSought, latest);
-  const auto blank = near.find_last_of(" \t");
-  return blank == std::string::npos ? latest
-                                    : latest - kBlankSought + static_cast<PanePosition>(blank) + 1;
-}
-
-Fragment NthFragment(const RichTextBox& box, std::int64_t index, const RichTextBox::Line& line,
-                     PanePosition n) {
-  Fragment fragment;
-  fragment.line = index;
-  fragment.line_start = line.start;
-  fragment.line_next = line.next;
-  const PanePosition last = line.length == 0 ? 0 : (line.length - 1) / kFragmentLimit;
-  fragment.start = Cut(box, line, n);
-  const PanePosition end = n == last ? line.start + line.length : Cut(box, line, n + 1);
-  fragment.length = end - fragment.start;
-  fragment.next = n == last ? line.next : end;
-  return fragment;
-}
-
-Fragment FragmentInLine(const RichTextBox& box, std::int64_t index, const RichTextBox::Line& line,
-                        PanePosition position) {
-  if (line.length <= kFragmentLimit)
-    return {line.start, line.length, line.next, line.start, line.next, index};
-  const PanePosition last = (line.length - 1) / kFragmentLimit;
-  PanePosition n = std::clamp((position - line.start) / kFragmentLimit, PanePosition{0}, last);
-  if (n < last && Cut(box, line, n + 1) <= position) ++n;
-  return NthFragment(box, index, line, n);
-}
+constexpr std::size_t kCutLinesKept = 16;
 
 }  // namespace
 
-Fragment FragmentAt(const RichTextBox& box, PanePosition position) {
-  const std::int64_t index = box.LineAt(position);
-  return FragmentInLine(box, index, box.LineByIndex(index), position);
+void FragmentFinder::Resize(int width) {
+  if (width == width_) return;
+  width_ = width;
+  Forget();
 }
 
-Fragment FirstFragmentOfLine(const RichTextBox& box, std::int64_t index) {
-  const RichTextBox::Line line = box.LineByIndex(index);
-  return FragmentInLine(box, index, line, line.start);
+// ---- where the rows of a long line begin ----
+
+void FragmentFinder::ForgetFrom(CutLine& line, PanePosition position) {
+  line.complete = false;
+  while (line.cuts.size() > 1 && line.cuts.back() > position - line.start)
+    line.cuts.pop_back();
+  // What changes in a row may move that row's start.
+  if (line.cuts.size() > 1) line.cuts.pop_back();
 }
 
-Fragment FragmentAfter(const RichTextBox& box, const Fragment& fragment) {
-  if (fragment.LastOfLine()) return FirstFragmentOfLine(box, fragment.line + 1);
-  const RichTextBox::Line line = box.LineByIndex(fragment.line);
-  return FragmentInLine(box, fragment.line, line, fragment.next);
+void FragmentFinder::TextChanged(const PaneView::TextChange& change) {
+  const PanePosition removed_end = change.start + change.removed;
+  const PanePosition shift = change.inserted - change.removed;
+  std::erase_if(cut_lines_, [&](const CutLine& line) {
+    return change.start <= line.start && removed_end >= line.start &&
+           !(removed_end == line.start && change.start < line.start);
+  });
+  for (CutLine& line : cut_lines_) {
+    if (removed_end <= line.start) {
+      line.start += shift;
+      line.next += shift;
+    } else if (change.start <= line.next) {
+      ForgetFrom(line, change.start);
+    }
+  }
 }
 
-Fragment FragmentBefore(const RichTextBox& box, const Fragment& fragment) {
-  const std::int64_t index =
-      fragment.start == fragment.line_start ? fragment.line - 1 : fragment.line;
-  const RichTextBox::Line line = box.LineByIndex(index);
-  const PanePosition within = fragment.start == fragment.line_start
-                                  ? line.start + std::max(line.length, PanePosition{1}) - 1
-                                  : fragment.start - 1;
-  return FragmentInLine(box, index, line, within);
+void FragmentFinder::FormatChanged(PanePosition start, PanePosition end) {
+  for (CutLine& line : cut_lines_)
+    if (start < line.next && end > line.start) ForgetFrom(line, start);
+}
+
+FragmentFinder::CutLine& FragmentFinder::CutLineAt(PanePosition start, PanePosition end) {
+  const auto known = std::find_if(cut_lines_.begin(), cut_lines_.end(),
+                                  [&](const CutLine& line) { return line.start == start; });
+  if (known != cut_lines_.end()) {
+    if (known->next != end) ForgetFrom(*known, std::min(known->next, end));
+    known->next = end;
+    return *known;
+  }
+  if (cut_lines_.size() >= kCutLinesKept) cut_lines_.erase(cut_lines_.begin());
+  cut_lines_.push_back({start, end, {0}, false});
+  return cut_lines_.back();
+}
+
+// Finds the end of the last fragment that has none yet: as many rows as there are in the limit.
+void FragmentFinder::CutOn(CutLine& line, PanePosition end) {
+  const PanePosition start = line.start + line.cuts.back();
+  const ShownText text =
+      ReadShown(box_, start, std::min(start + kFragmentLimit + kRowLimit, end), tools_);
+  int at = 0;
+  for (;;) {
+    const int row_end = WrapRow(text, at, static_cast<float>(width_), nullptr).end;
+    tools_.wrapped += static_cast<std::uint64_t>(row_end - at);
+    if (row_end > kFragmentLimit) break;
+    at = row_end;
+    if (start + at == end) {
+      line.complete = true;
+      return;
+    }
+  }
+  line.cuts.push_back(line.cuts.back() + at);
+}
+
+// ---- the fragments ----
+
+Fragment FragmentFinder::InLine(std::int64_t index, const RichTextBox::Line& line,
+                                PanePosition position) {
+  Fragment fragment{line.start, line.length, line.next, line.start, line.next, index};
+  if (line.length <= kFragmentLimit) return fragment;
+  const PanePosition line_end = line.start + line.length;
+  const PanePosition last = (line.length - 1) / kMeasuredLimit;
+  const PanePosition measured =
+      std::clamp((position - line.start) / kMeasuredLimit, PanePosition{0}, last);
+  const PanePosition start = line.start + measured * kMeasuredLimit;
+  const PanePosition end = std::min(start + kMeasuredLimit, line_end);
+  CutLine& known = CutLineAt(start, end);
+  while (!known.complete && known.cuts.back() <= position - start)
+    CutOn(known, end);
+  const auto behind = std::upper_bound(known.cuts.begin(), known.cuts.end(), position - start);
+  fragment.start = start + *(behind - 1);
+  const PanePosition fragment_end = behind == known.cuts.end() ? end : start + *behind;
+  fragment.length = fragment_end - fragment.start;
+  fragment.next = fragment_end == line_end ? line.next : fragment_end;
+  return fragment;
+}
+
+Fragment FragmentFinder::At(PanePosition position) {
+  const std::int64_t index = box_.LineAt(position);
+  return InLine(index, box_.LineByIndex(index), position);
+}
+
+Fragment FragmentFinder::After(const Fragment& fragment) {
+  if (!fragment.LastOfLine())
+    return InLine(fragment.line, box_.LineByIndex(fragment.line), fragment.next);
+  const RichTextBox::Line line = box_.LineByIndex(fragment.line + 1);
+  return InLine(fragment.line + 1, line, line.start);
+}
+
+Fragment FragmentFinder::Before(const Fragment& fragment) {
+  if (fragment.start != fragment.line_start)
+    return InLine(fragment.line, box_.LineByIndex(fragment.line), fragment.start - 1);
+  const RichTextBox::Line line = box_.LineByIndex(fragment.line - 1);
+  return InLine(fragment.line - 1, line, line.start + std::max<PanePosition>(line.length, 1) - 1);
 }
 
 }  // namespace parlorwire

@@ -1,16 +1,22 @@
-// What a pane is laid out by: a line, or a stretch of a very long one.
+// What a pane is laid out by: a line, or some rows of a very long one.
 //
 // A line of a megabyte must cost no more to show than what of it is seen. So a line longer than
-// kFragmentLimit is cut into stretches of about that length, behind a blank where there is one.
-// Where the cuts lie follows from the text near them alone, so any of them is found without the
-// others.
+// kFragmentLimit is cut into fragments of whole rows. Where a row begins follows from all that is
+// ahead of it in its line, which is measured once for a width and remembered as the fragments'
+// starts. Measuring is adding up; but a line beyond all reason is measured anew at each
+// kMeasuredLimit, where a row may end early.
 #pragma once
 
+#include <cstdint>
+#include <vector>
+
+#include "platform/qt/rich_text_view_wrap.h"
 #include "platform/rich_text_box.h"
 
 namespace parlorwire {
 
 inline constexpr PanePosition kFragmentLimit = 4096;
+inline constexpr PanePosition kMeasuredLimit = 1 << 20;
 
 struct Fragment {
   PanePosition start = 0;
@@ -26,12 +32,40 @@ struct Fragment {
   bool EmptyEndOf(const RichTextBox& box) const { return length == 0 && line > 0 && LastOf(box); }
 };
 
-// The fragment in which the position lies; the one behind it at a border of two.
-Fragment FragmentAt(const RichTextBox& box, PanePosition position);
-Fragment FirstFragmentOfLine(const RichTextBox& box, std::int64_t line);
+// Finds the fragments of a pane at a width.
+class FragmentFinder {
+ public:
+  FragmentFinder(const RichTextBox& box, LayoutTools& tools) : box_(box), tools_(tools) {}
 
-// Must not be called on the last and on the first one.
-Fragment FragmentAfter(const RichTextBox& box, const Fragment& fragment);
-Fragment FragmentBefore(const RichTextBox& box, const Fragment& fragment);
+  void Resize(int width);
+  void Forget() { cut_lines_.clear(); }
+  void TextChanged(const PaneView::TextChange& change);
+  void FormatChanged(PanePosition start, PanePosition end);
+
+  // The fragment in which the position lies; the one behind it at a border of two.
+  Fragment At(PanePosition position);
+  // Must not be called on the last and on the first one.
+  Fragment After(const Fragment& fragment);
+  Fragment Before(const Fragment& fragment);
+
+ private:
+  // The starts of the fragments of a measured stretch of a line, as far as they are known.
+  struct CutLine {
+    PanePosition start = 0;          // of the stretch
+    PanePosition next = 0;           // behind it
+    std::vector<PanePosition> cuts;  // from `start` on; the first is 0
+    bool complete = false;
+  };
+
+  Fragment InLine(std::int64_t index, const RichTextBox::Line& line, PanePosition position);
+  CutLine& CutLineAt(PanePosition start, PanePosition end);
+  void CutOn(CutLine& line, PanePosition end);
+  void ForgetFrom(CutLine& line, PanePosition position);
+
+  const RichTextBox& box_;
+  LayoutTools& tools_;
+  int width_ = 1;
+  std::vector<CutLine> cut_lines_;  // those used last, a bounded number
+};
 
 }  // namespace parlorwire

@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScrollBar>
+#include <QScrollEvent>
+#include <QScrollPrepareEvent>
 #include <algorithm>
 
 #include "platform/qt/rich_text_view.h"
@@ -18,6 +20,14 @@ bool RichTextView::event(QEvent* event) {
       key->accept();
       return true;
     }
+  }
+  if (event->type() == QEvent::ScrollPrepare) {
+    PrepareTouch(static_cast<QScrollPrepareEvent*>(event));
+    return true;
+  }
+  if (event->type() == QEvent::Scroll) {
+    TouchScroll(static_cast<QScrollEvent*>(event));
+    return true;
   }
   return QAbstractScrollArea::event(event);
 }
@@ -121,21 +131,21 @@ PanePosition RichTextView::MovedCaret(QKeyEvent* event) {
 // That many pixels below the caret's row (above it, if negative), as far to the right as the caret
 // was when it began to go up and down.
 PanePosition RichTextView::BelowCaret(int pixels) {
-  Fragment fragment = FragmentAt(box_, Caret());
+  Fragment fragment = arrangement_.Fragments().At(Caret());
   auto layout = arrangement_.LayoutOf(fragment);
   const int index = static_cast<int>(Caret() - fragment.start);
   const auto& row = layout->rows[static_cast<std::size_t>(RowOf(*layout, index))];
   if (goal_x_ < 0) goal_x_ = static_cast<int>(XOf(*layout, index));
   int y = pixels < 0 ? row.top + pixels : row.top + row.height - 1 + pixels;
   while (y < 0 && fragment.start > 0) {
-    fragment = FragmentBefore(box_, fragment);
+    fragment = arrangement_.Fragments().Before(fragment);
     layout = arrangement_.LayoutOf(fragment);
     y += layout->height;
   }
   if (y < 0) return 0;
   while (y >= layout->height && !fragment.LastOf(box_)) {
     y -= layout->height;
-    fragment = FragmentAfter(box_, fragment);
+    fragment = arrangement_.Fragments().After(fragment);
     layout = arrangement_.LayoutOf(fragment);
   }
   if (y >= layout->height) return box_.Length();
@@ -144,7 +154,7 @@ PanePosition RichTextView::BelowCaret(int pixels) {
 
 // The border of a wrapped row belongs to the row below, so its end is ahead of its last character.
 PanePosition RichTextView::RowEdge(bool end) const {
-  const Fragment fragment = FragmentAt(box_, Caret());
+  const Fragment fragment = arrangement_.Fragments().At(Caret());
   const auto layout = arrangement_.LayoutOf(fragment);
   const int number = RowOf(*layout, static_cast<int>(Caret() - fragment.start));
   const auto& row = layout->rows[static_cast<std::size_t>(number)];

@@ -5,18 +5,16 @@
 // fragment's start.
 #pragma once
 
-#include <QColor>
 #include <QPainter>
 #include <QPalette>
 #include <QRectF>
-#include <QTextLayout>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
-#include "platform/qt/rich_text_view_fonts.h"
 #include "platform/qt/rich_text_view_fragment.h"
-#include "platform/qt/rich_text_view_pictures.h"
+#include "platform/qt/rich_text_view_wrap.h"
 
 namespace parlorwire {
 
@@ -27,16 +25,9 @@ struct FragmentLayout {
     int end = 0;    // one behind the last; the next row's start
     int top = 0;
     int height = 0;
-  };
-  struct Back {
-    int start = 0;
-    int end = 0;
-    QColor colour;
-  };
-  struct Picture {
-    int index = 0;
-    QSize size;
-    std::shared_ptr<const PanePicture> picture;
+    int base = 0;     // the base line, below the top
+    float left = 0;   // where its first character begins
+    float right = 0;  // where its last one ends
   };
 
   std::uint64_t serial = 0;  // no other layout has it
@@ -45,17 +36,14 @@ struct FragmentLayout {
   int widest = 0;       // where the row that goes furthest to the right ends, blanks left out
   int length = 0;       // characters
   bool breaks = false;  // a line break follows
-  QTextLayout text;
-  std::vector<Row> rows;  // at least one
-  std::vector<Back> backs;
-  std::vector<Picture> pictures;
-};
+  ShownText text;
+  std::vector<float> edges;  // the left edge of each character, from its row's left edge
+  std::vector<Row> rows;     // at least one
 
-// What a layout is made with.
-struct LayoutTools {
-  ToolkitFormats formats;
-  ToolkitPictures pictures;
-  std::uint64_t laid_out = 0;  // layouts made so far
+  const Row& RowNumber(int number) const { return rows[static_cast<std::size_t>(number)]; }
+  float EdgeOf(const Row& row, int index) const {
+    return index >= row.end ? row.right : row.left + edges[static_cast<std::size_t>(index)];
+  }
 };
 
 std::shared_ptr<const FragmentLayout> LayOut(const RichTextBox& box, const Fragment& fragment,
@@ -66,6 +54,12 @@ int RowOf(const FragmentLayout& layout, int index);
 // The row at that height; the first above all, the last below all.
 int RowAt(const FragmentLayout& layout, int y);
 
+// The colour of a row of nothing but blanks on one back colour: it is a bar from edge to edge of
+// the view.
+std::optional<QColor> BarColour(const FragmentLayout& layout, const FragmentLayout::Row& row);
+
+// Of the row, the index ahead of the character at `x`; the row's end behind its end.
+int CharacterIn(const FragmentLayout& layout, const FragmentLayout::Row& row, qreal x);
 // Of what lies under the point: the index ahead of the character, the row's end behind its end.
 int CharacterAt(const FragmentLayout& layout, int x, int y);
 // The border between two characters that is nearest to the point.

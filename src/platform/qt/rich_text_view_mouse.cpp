@@ -1,8 +1,10 @@
 // The mouse in a pane.
 #include <QClipboard>
+#include <QDrag>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QScroller>
 #include <QStyleHints>
 #include <QTimerEvent>
 #include <algorithm>
@@ -15,6 +17,10 @@ namespace {
 
 constexpr int kDragScrollMilliseconds = 30;
 
+bool ByFinger(const QMouseEvent& event) {
+  return event.source() != Qt::MouseEventNotSynthesized;
+}
+
 }  // namespace
 
 bool RichTextView::viewportEvent(QEvent* event) {
@@ -24,7 +30,9 @@ bool RichTextView::viewportEvent(QEvent* event) {
 
 // ---- selecting ----
 
+// A finger's move scrolls, so its press waits: lifted without a move it was a click.
 void RichTextView::mousePressEvent(QMouseEvent* event) {
+  if (ByFinger(*event)) return;
   const QPoint point = event->position().toPoint();
   const PanePosition character = CharFromPos(point.x(), point.y());
   if (event->button() == Qt::LeftButton) {
@@ -37,6 +45,8 @@ void RichTextView::mousePressEvent(QMouseEvent* event) {
     drag_.point = point;
     if (third) {
       BeginDrag(character, PaneGrain::kLine);
+    } else if (OnSelection(point) && event->modifiers() == Qt::NoModifier) {
+      pressed_selection_ = point;
     } else if (event->modifiers() & Qt::ShiftModifier) {
       drag_ = {true, PaneGrain::kCharacter, {selection_.anchor, selection_.anchor}, point};
       DragTo(BorderFromPos(point));
@@ -51,15 +61,21 @@ void RichTextView::mousePressEvent(QMouseEvent* event) {
 
 void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
+  pressed_selection_.reset();
   const QPoint point = event->position().toPoint();
   double_clicked_ = event->timestamp();
   double_clicked_at_ = point;
   drag_.point = point;
   BeginDrag(CharFromPos(point.x(), point.y()), PaneGrain::kWord);
+  if (ByFinger(*event)) EndDrag();
 }
 
 void RichTextView::mouseMoveEvent(QMouseEvent* event) {
+  if (ByFinger(*event)) return;
   const QPoint point = event->position().toPoint();
+  if (pressed_selection_ && (point - *pressed_selection_).manhattanLength() >=
+                                QGuiApplication::styleHints()->startDragDistance())
+    return DragOut();
   if (drag_.active && (event->buttons() & Qt::LeftButton)) {
     drag_.point = point;
     if (Beyond(point).isNull())
@@ -73,6 +89,15 @@ void RichTextView::mouseMoveEvent(QMouseEvent* event) {
 
 void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
   const QPoint point = event->position().toPoint();
+  if (ByFinger(*event)) {
+    const QScroller::State scrolling = QScroller::scroller(viewport())->state();
+    if (scrolling == QScroller::Dragging || scrolling == QScroller::Scrolling) return;
+    emit mousePressedAt(CharFromPos(point.x(), point.y()), event->button());
+  }
+  if (event->button() == Qt::LeftButton && pressed_selection_) {
+    BeginDrag(BorderFromPos(*pressed_selection_), PaneGrain::kCharacter);
+    pressed_selection_.reset();
+  }
   if (event->button() == Qt::LeftButton && drag_.active) EndDrag();
   emit mouseReleasedAt(CharFromPos(point.x(), point.y()), event->button());
 }
@@ -87,17 +112,33 @@ void RichTextView::timerEvent(QTimerEvent* event) {
   DragTo(BorderFromPos(Within(drag_.point)));
 }
 
-// The nearest point of the view; to the sides only where the text goes on there.
+// The nearest point of the view; to a side only if the text goes on there.
 QPoint RichTextView::Within(QPoint point) const {
   const QRect seen = viewport()->rect();
-  if (horizontalScrollBar()->maximum() > 0)
-    point.setX(std::clamp(point.x(), seen.left(), std::max(seen.right(), 0)));
-  point.setY(std::clamp(point.y(), seen.top(), std::max(seen.bottom(), 0)));
+  const QScrollBar* bar = horizontalScrollBar();
+  if (bar->value() > 0) point.setX(std::max(point.x(), 0));
+  if (bar->value() < bar->maximum()) point.setX(std::min(point.x(), seen.right()));
+  point.setY(std::clamp(point.y(), 0, std::max(seen.bottom(), 0)));
   return point;
 }
 
 QPoint RichTextView::Beyond(QPoint point) const {
   return point - Within(point);
+}
+
+// Whether the point lies on a character that is selected.
+bool RichTextView::OnSelection(QPoint point) const {
+  const PanePosition at = CharFromPos(point.x(), point.y());
+  const PaneRange selected = Selected();
+  return at >= selected.start && at < selected.end && CharacterRect(at).contains(point);
+}
+
+// Takes the selected text elsewhere; here it stays.
+void RichTextView::DragOut() {
+  pressed_selection_.reset();
+  auto* drag = new QDrag(this);
+  drag->setMimeData(Copied(box_, Selected()).release());
+  drag->exec(Qt::CopyAction);
 }
 
 void RichTextView::BeginDrag(PanePosition position, PaneGrain grain) {

@@ -1,6 +1,9 @@
 // Scrolling a pane: the wheel, the bars, and what the program and the keys ask for.
 #include <QApplication>
 #include <QScrollBar>
+#include <QScrollEvent>
+#include <QScrollPrepareEvent>
+#include <QScroller>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
@@ -11,6 +14,7 @@ namespace parlorwire {
 namespace {
 
 constexpr int kEighthsPerNotch = 120;
+constexpr double kTouchRange = 1e6;  // pixels; more than one fling goes
 
 }  // namespace
 
@@ -37,6 +41,30 @@ void RichTextView::wheelEvent(QWheelEvent* event) {
   if (sideways) ScrollSideways(-WheelPixels(pixels.x(), angle.x(), wheel_rest_.rx()));
   const int down = -WheelPixels(pixels.y(), angle.y(), wheel_rest_.ry());
   if (down != 0) ScrollBy(down);
+  event->accept();
+}
+
+// ---- a finger ----
+
+// By true pixels, not by the bar's estimated ones; where the text ends is seen when it is reached.
+void RichTextView::PrepareTouch(QScrollPrepareEvent* event) {
+  touch_y_ = kTouchRange / 2;
+  event->setViewportSize(viewport()->size());
+  event->setContentPosRange(QRectF(0, 0, horizontalScrollBar()->maximum(),
+                                   arrangement_.ScrollInfo().max > 0 ? kTouchRange : 0));
+  event->setContentPos(QPointF(horizontalScrollBar()->value(), touch_y_));
+  event->accept();
+}
+
+void RichTextView::TouchScroll(QScrollEvent* event) {
+  horizontalScrollBar()->setValue(static_cast<int>(std::lround(event->contentPos().x())));
+  const int pixels = static_cast<int>(std::lround(event->contentPos().y() - touch_y_));
+  touch_y_ += pixels;
+  if (pixels != 0) ScrollBy(pixels);
+  const PaneScrollInfo info = arrangement_.ScrollInfo();
+  const bool ended = pixels > 0 ? arrangement_.AtEnd() : pixels < 0 && info.pos == 0;
+  if (ended && QScroller::scroller(viewport())->state() == QScroller::Scrolling)
+    QScroller::scroller(viewport())->stop();
   event->accept();
 }
 
@@ -165,7 +193,7 @@ void RichTextView::Reveal(PanePosition position) {
 
 void RichTextView::RevealSideways(PanePosition position) {
   UpdateSidewaysBar();
-  const Fragment fragment = FragmentAt(box_, position);
+  const Fragment fragment = arrangement_.Fragments().At(position);
   const int index = static_cast<int>(position - fragment.start);
   const QRectF place = BoxOf(*arrangement_.LayoutOf(fragment), index, index + 1);
   const int left = static_cast<int>(std::floor(place.left()));

@@ -44,7 +44,6 @@ namespace {
 
 constexpr int kTimer4Interval = 100;  // ms
 constexpr int kTimer5Interval = 10;
-constexpr int kSplashTime = 500;           // ms
 constexpr int kSplashWithoutFocus = 3000;  // ms; a window that the desktop never activates
 
 int ClampedPixels(double twips, int least, int most) {
@@ -142,6 +141,18 @@ void client_main::WireTab(int slot) {
       BrowseInputHistory(client_, up ? HistoryDirection::kUp : HistoryDirection::kDown, slot);
     });
   };
+  tab.msg->ScrollPane = [view = tab.Rich](PaneStep step) {
+    switch (step) {
+      case PaneStep::kPageUp:
+        return view->ScrollPages(-1);
+      case PaneStep::kPageDown:
+        return view->ScrollPages(1);
+      case PaneStep::kStart:
+        return view->ScrollToStart();
+      case PaneStep::kEnd:
+        return view->ScrollToEnd();
+    }
+  };
   connect(tab.button_say, &QAbstractButton::clicked, this, [this, slot] {
     OnEvent(client_, "button_say", [&] { button_say_MouseUp(client_, slot, 1); });
   });
@@ -203,12 +214,6 @@ void client_main::Load() {
   move(ClampedPixels(place.Left, -kFarthest, kFarthest),
        ClampedPixels(place.Top, -kFarthest, kFarthest));
   QTimer::singleShot(kSplashWithoutFocus, this, [this] { EndSplash(); });
-}
-
-void client_main::ShowAfterSplash() {
-  QTimer::singleShot(kSplashTime, this, [this] {
-    if (!unloaded_) show();
-  });
 }
 
 void client_main::Unload() {

@@ -32,9 +32,6 @@ class client_main : public QMainWindow {
   // splash goes with the window's first activation.
   void Load();
 
-  // Shows the window, once there was time to see the splash.
-  void ShowAfterSplash();
-
   // The unload step, once; the program is over then. A second call does nothing.
   void Unload();
 

@@ -1,6 +1,7 @@
 #include "shell/qt/msg_box.h"
 
 #include <QKeyEvent>
+#include <optional>
 
 #include "platform/qt/text_conversion.h"
 #include "users/input_history.h"
@@ -27,6 +28,24 @@ MsgKey Meaning(const QKeyEvent& event) {
       return control ? msg_KeyPress(20) : MsgKey::kOther;
     default:
       return MsgKey::kOther;
+  }
+}
+
+std::optional<PaneStep> StepOf(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+  const bool control = modifiers == Qt::ControlModifier;
+  if (modifiers != Qt::NoModifier && !control) return std::nullopt;
+  switch (event.key()) {
+    case Qt::Key_PageUp:
+      return control ? std::nullopt : std::optional(PaneStep::kPageUp);
+    case Qt::Key_PageDown:
+      return control ? std::nullopt : std::optional(PaneStep::kPageDown);
+    case Qt::Key_Home:
+      return control ? std::optional(PaneStep::kStart) : std::nullopt;
+    case Qt::Key_End:
+      return control ? std::optional(PaneStep::kEnd) : std::nullopt;
+    default:
+      return std::nullopt;
   }
 }
 
@@ -62,6 +81,10 @@ bool MsgBox::event(QEvent* event) {
 }
 
 void MsgBox::keyPressEvent(QKeyEvent* event) {
+  if (const auto step = StepOf(*event)) {
+    if (ScrollPane) ScrollPane(*step);
+    return;
+  }
   switch (Meaning(*event)) {
     case MsgKey::kSend:
       if (!isReadOnly() && Send) Send();

@@ -6,7 +6,10 @@
 
 namespace parlorwire {
 
-// One line. What its keys mean is decided elsewhere.
+// What the keys Page Up, Page Down, Ctrl+Home and Ctrl+End do to the pane above the box.
+enum class PaneStep { kPageUp, kPageDown, kStart, kEnd };
+
+// One line. What its other keys mean is decided elsewhere.
 class MsgBox : public QLineEdit {
   Q_OBJECT
 
@@ -15,6 +18,7 @@ class MsgBox : public QLineEdit {
 
   std::function<void()> Send;           // Enter in a box that is not locked
   std::function<void(bool up)> Browse;  // Up or Down through the input history
+  std::function<void(PaneStep)> ScrollPane;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
