@@ -4,7 +4,11 @@
 #include <utility>
 
 #include "service/personal.h"
+#include "session/channel_list.h"
 #include "session/connect.h"
+#include "session/leaving.h"
+#include "shell/hot_keys.h"
+#include "shell/tabs.h"
 #include "text/cut.h"
 #include "users/posting.h"
 
@@ -40,6 +44,8 @@ RoughEvening::RoughEvening(std::uint32_t seed) : engine_(seed) {
                                &session.Winsock4, &session.Winsock5})
       lines_[&Simulated(*socket)] = {i, ++number};
     guest().platform.desktop.SetTabVisible(i, true);
+    watches_.at(static_cast<std::size_t>(i)) =
+        std::make_unique<PaneWatch>(session.Rich, ExpectedOf(i));
     ConnectToChat(guest().client, i);
   }
   Settle();
@@ -96,7 +102,7 @@ bool RoughEvening::Accept(SimulatedSocket& socket) {
 // One chunk; the witness sees it first.
 void RoughEvening::DeliverChunk(Line& line, SimulatedSocket& socket, std::string_view bytes) {
   if (bytes.empty()) return;
-  Expected& expected = expected_.at(static_cast<std::size_t>(line.tab));
+  Expected& expected = ExpectedOf(line.tab);
   if (IsFrame(line, socket)) {
     if (std::exchange(expected.connects, socket.connects) != socket.connects)
       expected.witness.Begin();
@@ -211,7 +217,6 @@ void RoughEvening::Talk() {
 void RoughEvening::MakeTrouble() {
   if (!running_ || Dice(10) != 0) return;  // each two seconds
   const int at = Dice(kTabCount);
-  Guest& user = guest();
   SimulatedSocket& frame = Winsock1(at);
   Line& line = lines_.at(&frame);
   const auto account = chat.accounts.find(NickOf(at));
@@ -252,11 +257,7 @@ void RoughEvening::MakeTrouble() {
         service::PartMember(chat, *channel, NickOf(at), service::FrameEnd::kClose, now);
       break;
     case 9:
-      if (reads && Note("F5")) {
-        tab(at).ClearPanesOnConnect = true;
-        ConnectToChat(user.client, at);
-        expected_.at(static_cast<std::size_t>(at)).pane.clear();
-      }
+      PressKeys(at);
       break;
     case 10:
       if (account != chat.accounts.end() && Note("personal message"))
@@ -271,25 +272,67 @@ void RoughEvening::MakeTrouble() {
   Settle();
 }
 
+// The user leaves, refreshes, logs off or closes a tab.
+void RoughEvening::PressKeys(int index) {
+  Client& client = guest().client;
+  client.platform.desktop.SetActiveTab(index);
+  if (!tab(index).Connected) return;
+  ++ExpectedOf(index).clears_allowed;
+  switch (Dice(5)) {
+    case 0:
+      Note("F5");
+      return RefreshTab(client);
+    case 1:
+      Note("F6");
+      return LogInAfresh(client);
+    case 2:
+      Note("F8");
+      return LogoffChat(client, index);
+    case 3:
+      Note("left");
+      return LeaveChannel(client, index);
+    default:
+      Note("tab closed");
+      close_tab(client);
+  }
+}
+
+void RoughEvening::ConnectAsUser(int index) {
+  TabSession& session = tab(index);
+  ++ExpectedOf(index).clears_allowed;
+  guest().platform.desktop.SetTabVisible(index, true);
+  if (session.IsChannelList) return EnterListedChannel(guest().client, index, ChannelOf(index));
+  session.Login = NickOf(index);
+  session.Password = "secret";
+  session.Channel = ChannelOf(index);
+  ConnectToChat(guest().client, index);
+}
+
 // A user looks after tabs that have stood idle for minutes, and logs in again there.
 void RoughEvening::TakeCare() {
   for (int i = 0; i < kTabCount; ++i) {
-    Expected& expected = expected_.at(static_cast<std::size_t>(i));
+    Expected& expected = ExpectedOf(i);
     if (tab(i).Connected) expected.idle_since = now.ms;
     if (now.ms - expected.idle_since < kPatienceMs) continue;
     expected.idle_since = now.ms;
     Note("idle tab");
-    tab(i).Channel = ChannelOf(i);
-    ConnectToChat(guest().client, i);
+    ConnectAsUser(i);
     Settle();
   }
 }
 
 // ---- what came of it ----
 
+void RoughEvening::PaneWatch::TextChanged(const TextChange& change) {
+  if (change.start != 0 || change.removed == 0 || change.inserted != 0) return;
+  ++expected_.clears;
+  expected_.pane.clear();
+}
+
 Text RoughEvening::WrongInPane(int tab) {
-  return Difference(expected_.at(static_cast<std::size_t>(tab)).pane,
-                    CountNumbered(guest().Pane(tab)));
+  const Expected& expected = ExpectedOf(tab);
+  if (expected.clears > expected.clears_allowed) return "emptied unasked";
+  return Difference(expected.pane, CountNumbered(guest().Pane(tab)));
 }
 
 Text RoughEvening::WrongInLog(int tab) {
@@ -297,12 +340,13 @@ Text RoughEvening::WrongInLog(int tab) {
   const Text folder = "Logs\\" + ChannelOf(tab) + "\\";
   for (const auto& [name, content] : guest().platform.files.files)
     if (name.starts_with(folder)) found.merge(CountNumbered(content));
-  return Difference(expected_.at(static_cast<std::size_t>(tab)).log, found);
+  return Difference(ExpectedOf(tab).log, found);
 }
 
 void RoughEvening::ClearAll() {
   for (int i = 0; i < kTabCount; ++i) {
     TabSession& session = tab(i);
+    ++ExpectedOf(i).clears_allowed;
     session.Rich.Text("");
     // What a text has once grown to is no leak.
     for (Text* text : {&session.ChannelListPage, &session.LoginAnswer, &session.LineCarry,
@@ -311,7 +355,7 @@ void RoughEvening::ClearAll() {
     for (const auto* socket : {&session.Winsock1, &session.Winsock2, &session.Winsock3,
                                &session.Winsock4, &session.Winsock5})
       Simulated(*socket).sent.shrink_to_fit();
-    expected_.at(static_cast<std::size_t>(i)) = Expected{};
+    ExpectedOf(i) = Expected{};
   }
   guest().platform.files.files.clear();
 }
@@ -322,9 +366,12 @@ std::string RoughEvening::WrongState(int index) {
   const bool open = frame == SocketState::kConnecting || frame == SocketState::kConnected;
   const bool waits = session.Timer1->Enabled();
   const bool watched = session.Timer3->Enabled();
+  if (!guest().platform.desktop.TabVisible(index) && (open || waits || watched))
+    return "a closed tab that does something";
   if (session.Connected) {
     if (!session.Authorized || session.Connecting || session.IgnoreStream) return "flags";
-    if (!session.EverConnected || session.IsChannelList) return "more flags";
+    if (!session.EverConnected || (session.IsChannelList && !session.LeavePending))
+      return "more flags";
     // An error leaves the tab Connected until it connects again.
     if (frame == SocketState::kConnected ? !watched || waits : open || watched || !waits)
       return "a channel without a watchdog, or an error without a retry";

@@ -6,11 +6,13 @@
 #include <array>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <random>
 #include <string>
 
 #include "conversation/evening.h"
 #include "support/frame_witness.h"
+#include "support/scripted_view.h"
 
 namespace parlorwire {
 
@@ -50,6 +52,7 @@ class RoughEvening : public Evening {
   bool Carry(SimulatedSocket& socket, std::string_view bytes) override;
 
  private:
+  struct Expected;
   struct Line {  // a line of the network: one of the client's sockets
     int tab = 0;
     int number = 0;    // 1 to 5, of the Winsock
@@ -57,9 +60,21 @@ class RoughEvening : public Evening {
     int decided = -1;  // the connection whose beginning is decided
     std::int64_t hangs_until = 0;
   };
+  // Sees a pane being emptied.
+  class PaneWatch : public ScriptedView {
+   public:
+    PaneWatch(RichTextBox& pane, Expected& expected) : ScriptedView(pane), expected_(expected) {}
+    void TextChanged(const TextChange& change) override;
+    void Scroll(PaneScroll) override {}
+
+   private:
+    Expected& expected_;
+  };
   struct Expected {
     LineCounts pane;
     LineCounts log;
+    int clears = 0;          // how often the pane was emptied
+    int clears_allowed = 0;  // and may have been
     FrameWitness witness;
     int connects = 0;  // the connection that the witness sees
     std::int64_t idle_since = 0;
@@ -72,7 +87,10 @@ class RoughEvening : public Evening {
   void Step();
   void Talk();
   void MakeTrouble();
+  void PressKeys(int index);
   void TakeCare();
+  void ConnectAsUser(int index);
+  Expected& ExpectedOf(int index) { return expected_.at(static_cast<std::size_t>(index)); }
   bool IsFrame(const Line& line, const SimulatedSocket& socket) const;
   void DeliverChunk(Line& line, SimulatedSocket& socket, std::string_view bytes);
   void DeliverPart(Line& line, SimulatedSocket& socket, std::string_view bytes);
@@ -85,6 +103,7 @@ class RoughEvening : public Evening {
   std::int64_t back_at_ = 0;
   std::map<SimulatedSocket*, Line> lines_;
   std::array<Expected, kTabCount> expected_;
+  std::array<std::unique_ptr<PaneWatch>, kTabCount> watches_;
 };
 
 }  // namespace parlorwire

@@ -49,9 +49,11 @@ TEST_P(Soak, AnHourOfFaultsLosesNoLineThatCame) {
   std::cout << "\n";
   EXPECT_GT(evening.shown, 5000);
   for (const char* mishap :
-       {"closed", "reset", "timed out", "stalled", "garbage", "wrong style", "flag +R", "ejected",
-        "kicked", "F5", "personal message", "service gone", "cut within", "reset within",
-        "stalled within", "garbage within", "refused", "connect hangs"})
+       {"closed",       "reset",        "timed out",    "stalled",        "garbage",
+        "wrong style",  "flag +R",      "ejected",      "kicked",         "F5",
+        "F6",           "F8",           "left",         "tab closed",     "personal message",
+        "service gone", "cut within",   "reset within", "stalled within", "garbage within",
+        "refused",      "connect hangs"})
     EXPECT_GT(evening.mishaps[mishap], 0) << mishap;
 
   // When it is over every tab is on its channel again.

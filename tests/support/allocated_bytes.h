@@ -14,7 +14,8 @@
 #endif
 
 #ifdef PARLORWIRE_OWN_ALLOCATOR
-#include <sanitizer/allocator_interface.h>
+// Of the sanitizer's library, whose header is not everywhere.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 namespace parlorwire {

@@ -3,6 +3,7 @@
 #include <QDrag>
 #include <QGuiApplication>
 #include <QMouseEvent>
+#include <QPointingDevice>
 #include <QScrollBar>
 #include <QScroller>
 #include <QStyleHints>
@@ -18,7 +19,7 @@ namespace {
 constexpr int kDragScrollMilliseconds = 30;
 
 bool ByFinger(const QMouseEvent& event) {
-  return event.source() != Qt::MouseEventNotSynthesized;
+  return event.pointingDevice()->type() == QInputDevice::DeviceType::TouchScreen;
 }
 
 }  // namespace
