@@ -54,8 +54,8 @@ def activate(title):
 
 
 class Load:
-    def __init__(self, folder, service, seconds, rate):
-        self.folder = folder
+    def __init__(self, program, service, turns, seconds, rate):
+        folder = self.folder = os.path.dirname(program)
         self.seconds = seconds
         self.rate = rate
         self.lines = seconds * rate
@@ -72,8 +72,9 @@ class Load:
         self.set_style()
         self.turns_file = os.path.join(folder, "turns")
         environment = dict(os.environ, TURNS_FILE=self.turns_file)
-        environment["LD_PRELOAD"] = os.path.join(folder, "turns.so")
-        self.client = subprocess.Popen([os.path.join(folder, "parlorwire")], env=environment)
+        environment["LD_PRELOAD"] = turns
+        environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", None)
+        self.client = subprocess.Popen([program], env=environment)
 
     def post(self, path, **fields):
         body = urllib.parse.urlencode(fields).encode("ascii")
@@ -90,10 +91,13 @@ class Load:
 
     # ---- the client, from outside ----
 
-    def log(self, tab):
+    def log(self, tab, last=None):
+        """The day logs of a tab's channel; their last bytes if only so many are wanted."""
         content = b""
         for name in sorted(glob.glob(os.path.join(self.folder, "Logs", f"room{tab}", "*.log"))):
             with open(name, "rb") as file:
+                if last is not None:
+                    file.seek(max(0, os.path.getsize(name) - last))
                 content += file.read()
         return content
 
@@ -133,7 +137,7 @@ class Load:
     # ---- the run ----
 
     def has_last_line(self, tab):
-        return b"#%08d " % self.lines in self.log(tab)[-4096:]
+        return b"#%08d " % self.lines in self.log(tab, last=4096)
 
     def measure_load(self):
         start, cpu = time.monotonic(), self.stat()
@@ -207,7 +211,7 @@ class Load:
 
 
 def main():
-    load = Load(sys.argv[1], sys.argv[2], int(sys.argv[3]), int(sys.argv[4]))
+    load = Load(*sys.argv[1:4], int(sys.argv[4]), int(sys.argv[5]))
     try:
         sys.exit(1 if load.run() else 0)
     except SystemExit as end:
