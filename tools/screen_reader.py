@@ -1,5 +1,5 @@
-"""Uses a pane as a screen reader does: reads its last lines, finds a nick, its colour and its place on
-the screen, moves the caret, selects, and follows the new lines as they come."""
+"""Uses a pane as a screen reader does: reads its last lines, finds a nick, its colour and its place
+on the screen, moves the caret, selects, and follows the new lines as they come."""
 
 import os
 import struct
@@ -154,7 +154,8 @@ class ScreenReader(Tour):
             )
             for box in boxes
         ]
-        check("the character under a point is the one there", under == [*range(nick, nick + len(NICK))])
+        there = [*range(nick, nick + len(NICK))]
+        check("the character under a point is the one there", under == there)
         box = Atspi.Text.get_range_extents(pane, nick, nick + len(NICK) - 1, Atspi.CoordType.SCREEN)
         check("the box of the nick is around its characters", box.x <= boxes[0].x and box.width > 0)
         check("the nick is painted there in its colour", NICK_COLOUR in self.pixels(boxes[0]))
@@ -173,7 +174,8 @@ class ScreenReader(Tour):
         self.stop_service()
         wait_for("a new line", lambda: Atspi.Text.get_character_count(pane) > self.count)
         chosen = Atspi.Text.get_selection(pane, 0)
-        check("it stays where it is while lines come", (chosen.start_offset, chosen.end_offset) == (nick, end))
+        still = (chosen.start_offset, chosen.end_offset) == (nick, end)
+        check("it stays where it is while lines come", still)
         Atspi.Text.remove_selection(pane, 0)
         check("it goes", Atspi.Text.get_n_selections(pane) == 0)
 

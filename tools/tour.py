@@ -146,7 +146,6 @@ class Tour:
     # ---- the stops ----
 
     def play(self):
-        self.picture("start", settle=0.4)
         self.control("button_connect_main")
         self.picture("main-window")
         self.press("button_connect_main")

@@ -1,10 +1,10 @@
 // A library that is loaded ahead of the others (LD_PRELOAD) into a program of the toolkit, and
-// watches its event thread from outside: how long each turn of the event loop takes, from the moment
-// when the system has told what is ready until it is asked again, and how often a window is shown
-// anew. The program itself is the same, byte for byte.
+// watches its event thread from outside: how long each turn of the event loop takes, from the
+// moment when the system has told what is ready until it is asked again, and how often a window is
+// shown anew. The program itself is the same, byte for byte.
 //
-// The figures stand in the file that EVENT_PROBE names, as the record below, and can be read and set
-// back to zero at any time.
+// The figures stand in the file that EVENT_PROBE names, as the record below, and can be read and
+// set back to zero at any time.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <poll.h>

@@ -16,7 +16,7 @@ PATIENCE = 60  # seconds for anything to happen
 STARTED = "s9.".encode("cp1251")
 NUMBER = re.compile(rb": #(\d{8}) ")
 SETTINGS = "[Main]\r\nChatHostByName=localhost\r\nChatPort={port}\r\nLanguage=English\r\n"
-TURNS = struct.Struct("6Q")
+PROBE = struct.Struct("4Q64Q64Q")  # the record of event_probe.cpp
 
 
 def wait_for(what, probe, patience=PATIENCE):
@@ -54,7 +54,7 @@ def activate(title):
 
 
 class Load:
-    def __init__(self, program, service, turns, seconds, rate):
+    def __init__(self, program, service, probe, seconds, rate):
         folder = self.folder = os.path.dirname(program)
         self.seconds = seconds
         self.rate = rate
@@ -70,9 +70,9 @@ class Load:
         with open(os.path.join(folder, "config.ini"), "w", encoding="cp1251", newline="") as file:
             file.write(SETTINGS.format(port=self.port))
         self.set_style()
-        self.turns_file = os.path.join(folder, "turns")
-        environment = dict(os.environ, TURNS_FILE=self.turns_file)
-        environment["LD_PRELOAD"] = turns
+        self.probe_file = os.path.join(folder, "event_probe")
+        environment = dict(os.environ, EVENT_PROBE=self.probe_file)
+        environment["LD_PRELOAD"] = probe
         environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", None)
         self.client = subprocess.Popen([program], env=environment)
 
@@ -127,12 +127,15 @@ class Load:
             return int(re.search(r"^VmRSS:\s+(\d+)", file.read(), re.M)[1]) / 1024
 
     def turns(self):
-        with open(self.turns_file, "rb") as file:
-            return TURNS.unpack(file.read(TURNS.size))
+        """How many, the longest in nanoseconds, and how many above 50 ms: by the clock, by the thread."""
+        with open(self.probe_file, "rb") as file:
+            record = PROBE.unpack(file.read(PROBE.size))
+        by_ms, by_cpu_ms = record[4:68], record[68:132]
+        return record[0], record[2], record[3], sum(by_ms[50:]), sum(by_cpu_ms[50:])
 
     def reset_turns(self):
-        with open(self.turns_file, "r+b") as file:
-            file.write(bytes(TURNS.size))
+        with open(self.probe_file, "r+b") as file:
+            file.write(bytes(PROBE.size))
 
     # ---- the run ----
 
@@ -148,7 +151,7 @@ class Load:
         )
         took, cpu = time.monotonic() - start, self.stat() - cpu
         time.sleep(0.5)
-        turns, worst_wall, worst_cpu, wall_over, cpu_over, _ = self.turns()
+        turns, worst_wall, worst_cpu, wall_over, cpu_over = self.turns()
         print(f"{TABS} tabs x {self.rate} lines/s for {self.seconds} s: took {took:.1f} s")
         print(f"CPU: {cpu / took * 100:.0f} %, {cpu / (TABS * self.lines) * 1e6:.1f} us a line")
         print(f"turns of the event loop: {turns}")

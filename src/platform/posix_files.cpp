@@ -8,7 +8,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <limits>
-#include <optional>
 #include <utility>
 
 #include "text/fault.h"
@@ -115,15 +114,20 @@ void WriteBeside(const Path& path, const Path& beside, const Text& content) {
 
 }  // namespace
 
-// One file, open to be written at its end, at a place, or both.
 struct PosixFiles::KeptFile {
-  Text name;
-  Path path;
-  std::optional<OpenFile> at_end;
-  std::optional<OpenFile> at_place;
+  KeptFile(Text its_name, const Path& path, int its_flags)
+      : name(std::move(its_name)), flags(its_flags), file(path, its_flags) {}
 
-  OpenFile& AtEnd() { return at_end ? *at_end : at_end.emplace(path, kAppend); }
-  OpenFile& AtPlace() { return at_place ? *at_place : at_place.emplace(path, kWriteAt); }
+  // As if it had been opened with these flags.
+  OpenFile& With(int wanted) {
+    if (wanted != flags && fcntl(file.descriptor(), F_SETFL, wanted & O_APPEND) != 0) Fail(errno);
+    flags = wanted;
+    return file;
+  }
+
+  Text name;
+  int flags;
+  OpenFile file;
 };
 
 PosixFiles::PosixFiles(Path folder, Later later)
@@ -146,9 +150,7 @@ bool PosixFiles::Exists(const Text& name) const {
 }
 
 std::int64_t PosixFiles::Size(const Text& name) const {
-  if (kept_ && kept_->name == name)
-    if (const auto& file = kept_->at_end ? kept_->at_end : kept_->at_place)
-      return Status(*file).st_size;
+  if (kept_ && kept_->name == name) return Status(kept_->file).st_size;
   const Path path = PathOf(name);
   struct stat status{};
   if (stat(path.c_str(), &status) != 0) FailOn(path, errno);
@@ -186,10 +188,11 @@ void PosixFiles::Replace(const Text& name, const Text& content) {
   }
 }
 
-// The file that is open already, or from now on.
-PosixFiles::KeptFile& PosixFiles::Keep(const Text& name) {
-  if (!kept_ || kept_->name != name)
-    kept_.reset(new KeptFile{name, PathOf(name), {}, {}});
+// The file, opened unless it is open already.
+PosixFiles::KeptFile& PosixFiles::Keep(const Text& name, int flags) {
+  if (kept_ && kept_->name == name) return *kept_;
+  kept_.reset();
+  kept_ = std::make_unique<KeptFile>(name, PathOf(name), flags);
   if (!closes_later_) {
     closes_later_ = true;
     later_([this] {
@@ -206,14 +209,14 @@ void PosixFiles::WriteAt(const Text& name, std::int64_t at, const Text& bytes) {
     if (lseek(file.descriptor(), at - 1, SEEK_SET) < 0) Fail(errno);
     file.Write(bytes);
   };
-  if (later_) return write(Keep(name).AtPlace());
+  if (later_) return write(Keep(name, kWriteAt).With(kWriteAt));
   OpenFile file(PathOf(name), kWriteAt);
   write(file);
   file.Close();
 }
 
 void PosixFiles::Append(const Text& name, const Text& bytes) {
-  if (later_) return Keep(name).AtEnd().Write(bytes);
+  if (later_) return Keep(name, kAppend).With(kAppend).Write(bytes);
   OpenFile file(PathOf(name), kAppend);
   file.Write(bytes);
   file.Close();

@@ -24,8 +24,8 @@ class PosixFiles : public Files {
   // Calls what it is given once the event that runs now is over, and never when the files are gone.
   using Later = std::function<void(std::function<void()>)>;
 
-  // The application folder, an absolute path. It must exist by the first write. Without a Later every
-  // call closes what it opens.
+  // The application folder, an absolute path. It must exist by the first write. Without a Later
+  // every call closes what it opens.
   explicit PosixFiles(std::filesystem::path folder, Later later = {});
   ~PosixFiles() override;
 
@@ -41,7 +41,7 @@ class PosixFiles : public Files {
   struct KeptFile;
 
   std::filesystem::path PathOf(const Text& name) const;
-  KeptFile& Keep(const Text& name);
+  KeptFile& Keep(const Text& name, int flags);
 
   std::filesystem::path folder_;
   Later later_;

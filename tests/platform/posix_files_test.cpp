@@ -344,9 +344,8 @@ class PosixFilesInAnEvent : public PosixFilesTest {
   }
 
   std::vector<std::function<void()>> later;
-  PosixFiles kept{folder.path(), [this](std::function<void()> action) {
-                    later.push_back(std::move(action));
-                  }};
+  PosixFiles kept{folder.path(),
+                  [this](std::function<void()> action) { later.push_back(std::move(action)); }};
   const int before = OpenDescriptors();
 };
 

@@ -55,7 +55,9 @@ class PlatformTest : public QObject {
     TemporaryFolder folder;
     QtPlatform platform(folder.path());
     const auto open_files = [] {
-      return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::System | QDir::AllEntries).size();
+      return QDir(QStringLiteral("/proc/self/fd"))
+          .entryList(QDir::System | QDir::AllEntries)
+          .size();
     };
     const auto before = open_files();
     platform.files.Append("file", "x");
