@@ -127,7 +127,7 @@ class Load:
             return int(re.search(r"^VmRSS:\s+(\d+)", file.read(), re.M)[1]) / 1024
 
     def turns(self):
-        """How many, the longest in nanoseconds, and how many above 50 ms: by the clock, by the thread."""
+        """How many, the longest in ns, how many above 50 ms: by the clock and by the thread."""
         with open(self.probe_file, "rb") as file:
             record = PROBE.unpack(file.read(PROBE.size))
         by_ms, by_cpu_ms = record[4:68], record[68:132]
@@ -160,7 +160,7 @@ class Load:
         print(f"memory: {self.memory():.0f} MB")
 
     def measure_idle(self, what):
-        time.sleep(2)
+        time.sleep(4)  # the last timer that a line starts runs for three seconds
         cpu, count = self.stat(), self.wake_ups()
         time.sleep(10)
         cpu, count = self.stat() - cpu, self.wake_ups() - count
