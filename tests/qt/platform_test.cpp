@@ -37,6 +37,12 @@ class PlatformTest : public QObject {
     QVERIFY(std::abs(there.secsTo(read)) <= 1);
   }
 
+  void AClockThatHasBeenAskedGoesOn() {
+    const QtClock clock;
+    const int second = clock.Now().second;
+    QTRY_VERIFY(clock.Now().second != second);
+  }
+
   void ThePortsAreThoseOfThePlatformAndTheDesktopIsTheGivenOne() {
     TemporaryFolder folder;
     QtPlatform platform(folder.path());
