@@ -15,6 +15,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/pane_search.h"
 #include "platform/rich_text_box.h"
 
 namespace parlorwire {
@@ -196,6 +197,33 @@ void BM_DeleteLineAnywhereAndAppendOne(benchmark::State& state) {
   ReportMemory(state, PaneOf(state.range(0)));
 }
 
+// All is selected and let go again; what is written with it is another thing.
+void BM_SelectAll(benchmark::State& state) {
+  RichTextBox& pane = PaneOf(state.range(0));
+  for (auto _ : state) {
+    pane.ExSetSel(0, -1);
+    benchmark::DoNotOptimize(pane.SelLength());
+    pane.ExSetSel(0, 0);
+  }
+}
+
+// Through the whole pane for what is not in it.
+void Search(benchmark::State& state, std::string_view wanted, LetterCase letter_case) {
+  RichTextBox& pane = PaneOf(state.range(0));
+  for (auto _ : state)
+    benchmark::DoNotOptimize(FindForwards(pane, wanted, 0, letter_case));
+  state.SetBytesProcessed(state.iterations() * pane.Length());
+}
+void BM_SearchForwards(benchmark::State& state) {
+  Search(state, "another text", LetterCase::kCounts);
+}
+void BM_SearchForwardsIgnoringCase(benchmark::State& state) {
+  Search(state, "another text", LetterCase::kIgnored);
+}
+void BM_SearchForwardsForThreeLetters(benchmark::State& state) {
+  Search(state, "xyz", LetterCase::kIgnored);
+}
+
 void Sizes(benchmark::internal::Benchmark* benchmark) {
   for (const std::int64_t lines : {1'000, 100'000, 1'000'000})
     benchmark->Arg(lines);
@@ -208,6 +236,10 @@ BENCHMARK(BM_TintNickAnywhere)->Apply(Sizes);
 BENCHMARK(BM_LineAtAnywhere)->Apply(Sizes);
 BENCHMARK(BM_ReadLineAnywhere)->Apply(Sizes);
 BENCHMARK(BM_DeleteLineAnywhereAndAppendOne)->Apply(Sizes);
+BENCHMARK(BM_SelectAll)->Apply(Sizes);
+BENCHMARK(BM_SearchForwards)->Apply(Sizes)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_SearchForwardsIgnoringCase)->Apply(Sizes)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_SearchForwardsForThreeLetters)->Apply(Sizes)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace parlorwire

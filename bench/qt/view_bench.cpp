@@ -3,11 +3,13 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QScrollBar>
+#include <QWheelEvent>
+#include <cstdlib>
 #include <memory>
 
 #include "platform/qt/rich_text_view.h"
+#include "platform/qt/rich_text_view_selection.h"
 #include "support/pane_samples.h"
 
 namespace parlorwire {
@@ -95,24 +97,52 @@ void Resize(benchmark::State& state) {
   shown.view.resize(800, 600);
 }
 
-void ScrollJump(benchmark::State& state) {
+// The bar dragged from end to end and back, a hundredth at a time, each step painted.
+void DragBar(benchmark::State& state) {
   Shown& shown = ShownOf(static_cast<int>(state.range(0)));
   QScrollBar* bar = shown.view.verticalScrollBar();
   int step = 0;
+  bar->setSliderDown(true);
   for (auto _ : state) {
-    bar->setValue(static_cast<int>(bar->maximum() * (0.37 * (++step % 100) / 37.0)));
+    const int part = std::abs(++step % 200 - 100);
+    bar->setSliderPosition(static_cast<int>(std::int64_t{bar->maximum()} * part / 100));
+    Shown::Paint();
+  }
+  bar->setSliderDown(false);
+}
+
+void JumpToPosition(benchmark::State& state) {
+  Shown& shown = ShownOf(static_cast<int>(state.range(0)));
+  int step = 0;
+  for (auto _ : state) {
+    shown.view.ShowPosition(shown.box.Length() / 100 * (++step * 37 % 100));
     Shown::Paint();
   }
 }
 
-void ScrollByWheelRows(benchmark::State& state) {
+void ScrollByWheel(benchmark::State& state) {
   Shown& shown = ShownOf(static_cast<int>(state.range(0)));
   shown.view.ShowPosition(shown.box.Length() / 2);
   Shown::Paint();
+  QWidget* viewport = shown.view.viewport();
+  const QPointF at = viewport->rect().center();
+  int step = 0;
   for (auto _ : state) {
-    QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier);
-    QCoreApplication::sendEvent(&shown.view, &up);
+    const int angle = ++step % 400 < 200 ? 120 : -120;
+    QWheelEvent event(at, viewport->mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(viewport, &event);
     Shown::Paint();
+  }
+}
+
+void WordAndLineAtPosition(benchmark::State& state) {
+  Shown& shown = ShownOf(static_cast<int>(state.range(0)));
+  int step = 0;
+  for (auto _ : state) {
+    const PanePosition at = shown.box.Length() / 100 * (++step * 37 % 100);
+    benchmark::DoNotOptimize(RangeAround(shown.box, at, PaneGrain::kWord));
+    benchmark::DoNotOptimize(RangeAround(shown.box, at, PaneGrain::kLine));
   }
 }
 
@@ -152,9 +182,11 @@ void RegisterAll() {
       benchmark::RegisterBenchmark(name, run)->Arg(lines)->Unit(benchmark::kMicrosecond);
     };
     add("Resize", Resize);
-    add("ScrollJump", ScrollJump);
-    add("ScrollByWheelRows", ScrollByWheelRows);
+    add("DragBar", DragBar);
+    add("JumpToPosition", JumpToPosition);
+    add("ScrollByWheel", ScrollByWheel);
     add("PositionUnderPoint", PositionUnderPoint);
+    add("WordAndLineAtPosition", WordAndLineAtPosition);
     add("Tint", Tint);
     add("SelectEverything", SelectEverything);
     add("AppendOneLine", AppendOneLine);

@@ -122,18 +122,23 @@ TEST(CompanyTest, F6LogsOffAndComesBackWithAFreshPane) {
   Guest& alice = evening.Come("alice", "hall");
   evening.Pass(kArmed);
   evening.Say(alice, "old words");
+  const int connects = Simulated(alice.tab().Winsock1).connects;
   LogInAfresh(alice.client);
   evening.Settle();
   EXPECT_TRUE(alice.tab().Connected) << alice.Pane();
+  EXPECT_EQ(Simulated(alice.tab().Winsock1).connects, connects + 2);  // login and frame
+  EXPECT_TRUE(alice.Pane().starts_with("[12:00:04] Подключение к чату... Ok."_w)) << alice.Pane();
   EXPECT_FALSE(alice.tab().ReconnectRequested);
 }
 
 TEST(CompanyTest, F5ReadsTheChannelOrTheListFromTheStart) {
   Evening evening;
   Guest& alice = evening.Come("alice", "hall");
+  const int connects = Simulated(alice.tab().Winsock1).connects;
   RefreshTab(alice.client);
   evening.Settle();
   EXPECT_TRUE(alice.tab().Connected);
+  EXPECT_EQ(Simulated(alice.tab().Winsock1).connects, connects + 2);
   LeaveChannel(alice.client, 0);
   evening.Settle();
   evening.Come("bob", "attic");

@@ -339,7 +339,7 @@ Text RoughEvening::WrongInLog(int tab) {
   LineCounts found;
   const Text folder = "Logs\\" + ChannelOf(tab) + "\\";
   for (const auto& [name, content] : guest().platform.files.files)
-    if (name.starts_with(folder)) found.merge(CountNumbered(content));
+    if (name.starts_with(folder)) Add(CountNumbered(content), found);
   return Difference(ExpectedOf(tab).log, found);
 }
 
@@ -383,6 +383,9 @@ std::string RoughEvening::WrongState(int index) {
   if (watched && session.Timer3->Interval() != guest().client.app.ReconnectDelayValue)
     return "another period of the watchdog";
   if (session.WatchdogTicks > 1) return "ticks";
+  if (session.ActionsArmed && session.Timer6->Enabled()) return "Timer6 beyond its tick";
+  if (session.LinesArmed == session.Timer26->Enabled()) return "LinesArmed and Timer26";
+  if (!session.Timer2->Enabled() && session.PersRed) return "pers red without a blink";
   if (session.BotQueue.empty() || !session.BotQueue[0].empty()) return "queue";
   return {};
 }

@@ -2,6 +2,8 @@
 #include <QLineEdit>
 #include <QObject>
 #include <QShortcut>
+#include <QShortcutEvent>
+#include <QWheelEvent>
 
 #include "platform/qt/rich_text_view.h"
 #include "session/connect.h"
@@ -78,6 +80,46 @@ class HotKeysWindowTest : public QObject {
     QCOMPARE(windows.desktop.ActiveTab(), 1);
     for (const QShortcut* shortcut : windows.window->findChildren<QShortcut*>())
       QVERIFY(!shortcut->autoRepeat());
+  }
+
+  // A key of a Russian layout beside a Latin one stands for both letters.
+  void AKeyThatStandsForBothLettersActsOnce() {
+    Windows windows;
+    ShowTabs(windows, 1);
+    windows.client.hooks.ShowLoginDialog = [](int) {};
+    for (QShortcut* shortcut : windows.window->findChildren<QShortcut*>()) {
+      if (shortcut->key() != QKeySequence(Qt::CTRL | Qt::Key_T)) continue;
+      QT_WARNING_PUSH
+      QT_WARNING_DISABLE_DEPRECATED
+      QShortcutEvent both(shortcut->key(), shortcut->id(), true);
+      QT_WARNING_POP
+      QCoreApplication::sendEvent(shortcut, &both);
+    }
+    QVERIFY(windows.desktop.TabVisible(1));
+    QVERIFY(!windows.desktop.TabVisible(2));
+  }
+
+  void TheWheelOverTheStripSwitchesNoTab() {
+    Windows windows;
+    ShowTabs(windows, 3);
+    auto* strip = windows.Find<SSTab>("SSTab");
+    const QPointF at = strip->tabRect(0).center();
+    QWheelEvent notch(at, strip->mapToGlobal(at), QPoint(), QPoint(0, -120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(strip, &notch);
+    QCOMPARE(windows.desktop.ActiveTab(), 0);
+  }
+
+  void AHotKeyPressedOnTheStripGivesTheInputBoxTheFocus() {
+    Windows windows;
+    ShowTabs(windows, 2);
+    Enter(windows, 0);
+    Enter(windows, 1);
+    auto* strip = windows.Find<SSTab>("SSTab");
+    QTRY_VERIFY(windows.Find("msg_0")->hasFocus());
+    strip->setFocus();
+    Press(windows, Qt::Key_W, Qt::ControlModifier);
+    QTRY_VERIFY(windows.Find("msg_1")->hasFocus());
   }
 
   void ControlTabAndDigitsSwitchAndGiveTheInputBoxTheFocus() {
@@ -234,9 +276,14 @@ class HotKeysWindowTest : public QObject {
     Press(windows, key, Qt::ControlModifier);
     QCOMPARE(clipboard->text(), QString("the list"));
 
-    // Elsewhere, and with nothing selected, the clipboard stays.
+    // After a click elsewhere, and with nothing selected, the clipboard stays.
     QTest::mouseClick(msg, Qt::LeftButton);
     rich->Select(0, 5);
+    Press(windows, key, Qt::ControlModifier);
+    QCOMPARE(clipboard->text(), QString("the list"));
+    QTest::mouseClick(rich->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+    rich->Select(3, 3);
+    msg->setFocus();
     Press(windows, key, Qt::ControlModifier);
     QCOMPARE(clipboard->text(), QString("the list"));
   }

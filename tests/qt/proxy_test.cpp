@@ -4,6 +4,9 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+#include <csignal>
+
+#include <sys/prctl.h>
 
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/qt_winsock.h"
@@ -32,6 +35,7 @@ class Tinyproxy {
                    "\nListen 127.0.0.1\nTimeout 60\nAllow 127.0.0.1\nLogLevel Info\nLogFile \"" +
                    folder_.filePath("log").toUtf8() + "\"\n" + more);
     settings.close();
+    process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
     process_.start("tinyproxy", {"-d", "-c", settings.fileName()});
     if (!process_.waitForStarted()) qFatal("tinyproxy can't be started");
     const bool listens = QTest::qWaitFor([&] {

@@ -200,6 +200,8 @@ class RichTextViewMouseTest : public QObject {
     const PanePosition from = pane.LineStart(1) + 11;
     pane.view.Select(from, from + 14);
     const PaneRange selected = pane.view.Selected();
+    QSignalSpy moved(&pane.view, &RichTextView::mouseMovedOver);
+    QSignalSpy released(&pane.view, &RichTextView::mouseReleasedAt);
     QTest::mousePress(pane.view.viewport(), kLeft, Qt::NoModifier, pane.PointOf(from + 3));
     QCOMPARE(pane.view.Selected(), selected);
     QString text;
@@ -219,6 +221,10 @@ class RichTextViewMouseTest : public QObject {
     if (text.isEmpty()) look();
     QCOMPARE(text, QStringLiteral("alice: message"));
     QVERIFY(html.contains(QStringLiteral("alice")));
+    // The press is over, and was on nothing.
+    QCOMPARE(released.count(), 1);
+    QCOMPARE(released.at(0).at(0).value<PanePosition>(), PanePosition{0});
+    QCOMPARE(moved.last().at(0).value<PanePosition>(), PanePosition{0});
     QCOMPARE(pane.view.Selected(), selected);
     QTest::mouseRelease(pane.view.viewport(), kLeft, Qt::NoModifier, pane.PointOf(from + 30));
     QCOMPARE(pane.view.Selected(), selected);

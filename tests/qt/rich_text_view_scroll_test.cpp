@@ -329,6 +329,7 @@ class RichTextViewScrollTest : public QObject {
   void ATapIsAClick() {
     auto* screen = QTest::createTouchDevice();
     ShownPane pane(50);
+    QSignalSpy moved(&pane.view, &RichTextView::mouseMovedOver);
     QSignalSpy pressed(&pane.view, &RichTextView::mousePressedAt);
     QSignalSpy released(&pane.view, &RichTextView::mouseReleasedAt);
     QWidget* viewport = pane.view.viewport();
@@ -338,6 +339,7 @@ class RichTextViewScrollTest : public QObject {
     QTRY_COMPARE(released.count(), 1);
     QCOMPARE(pressed.count(), 1);
     QCOMPARE(pressed.at(0).at(0).value<PanePosition>(), pane.LineStart(48) + 12);
+    QCOMPARE(moved.last().at(0).value<PanePosition>(), pane.LineStart(48) + 12);
   }
 
   void TheBarGoesFromEndToEnd() {

@@ -136,7 +136,7 @@ struct Talker {
     for (const QString& name : logs.entryList({"*.log"})) {
       QFile log(logs.filePath(name));
       if (!log.open(QIODevice::ReadOnly)) return "unreadable";
-      found.merge(CountNumbered(log.readAll().toStdString()));
+      Add(CountNumbered(log.readAll().toStdString()), found);
     }
     return QByteArray::fromStdString(Difference(expected.at(Slot(tab)), found));
   }

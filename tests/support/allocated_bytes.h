@@ -24,7 +24,8 @@ inline std::size_t AllocatedBytes() {
 #ifdef PARLORWIRE_OWN_ALLOCATOR
   return __sanitizer_get_current_allocated_bytes();
 #else
-  return mallinfo2().uordblks;
+  const struct mallinfo2 all = mallinfo2();
+  return all.uordblks + all.hblkhd;
 #endif
 }
 

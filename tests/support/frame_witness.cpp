@@ -64,6 +64,11 @@ LineCounts CountNumbered(std::string_view text) {
   return counts;
 }
 
+void Add(const LineCounts& counts, LineCounts& sum) {
+  for (const auto& [line, count] : counts)
+    sum[line] += count;
+}
+
 Text Difference(const LineCounts& expected, const LineCounts& found) {
   Text difference;
   for (const auto& [line, count] : expected) {

@@ -19,6 +19,9 @@ using LineCounts = std::map<Text, int>;
 // The numbered lines that stand in a pane or a day log.
 LineCounts CountNumbered(std::string_view text);
 
+// Adds the counts of one to those of the other.
+void Add(const LineCounts& counts, LineCounts& sum);
+
 // What is missing and what is too much, a line each; "" if the two are the same.
 Text Difference(const LineCounts& expected, const LineCounts& found);
 

@@ -3,6 +3,7 @@
 #include <sched.h>
 #include <signal.h>
 #include <sys/mount.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -93,9 +94,15 @@ int InChildOnSmallDisk(const std::filesystem::path& mount_point, int bytes,
 
 void InChildThatIsKilled(int microseconds, const std::function<void()>& action) {
   const pid_t child = Fork();
-  if (child == 0)
-    for (;;)
-      action();
+  if (child == 0) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);  // it never outlives the test
+    try {
+      for (;;)
+        action();
+    } catch (...) {
+      _exit(1);
+    }
+  }
   usleep(static_cast<useconds_t>(microseconds));
   kill(child, SIGKILL);
   int status = 0;

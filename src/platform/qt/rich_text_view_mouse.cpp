@@ -2,8 +2,9 @@
 #include <QClipboard>
 #include <QDrag>
 #include <QGuiApplication>
+#include <QInputDevice>
 #include <QMouseEvent>
-#include <QPointingDevice>
+#include <QPointer>
 #include <QScrollBar>
 #include <QScroller>
 #include <QStyleHints>
@@ -19,7 +20,7 @@ namespace {
 constexpr int kDragScrollMilliseconds = 30;
 
 bool ByFinger(const QMouseEvent& event) {
-  return event.pointingDevice()->type() == QInputDevice::DeviceType::TouchScreen;
+  return event.device()->type() == QInputDevice::DeviceType::TouchScreen;
 }
 
 }  // namespace
@@ -93,7 +94,9 @@ void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
   if (ByFinger(*event)) {
     const QScroller::State scrolling = QScroller::scroller(viewport())->state();
     if (scrolling == QScroller::Dragging || scrolling == QScroller::Scrolling) return;
-    emit mousePressedAt(CharFromPos(point.x(), point.y()), event->button());
+    const PanePosition character = CharFromPos(point.x(), point.y());
+    emit mouseMovedOver(character);
+    emit mousePressedAt(character, event->button());
   }
   if (event->button() == Qt::LeftButton && pressed_selection_) {
     BeginDrag(BorderFromPos(*pressed_selection_), PaneGrain::kCharacter);
@@ -139,7 +142,12 @@ void RichTextView::DragOut() {
   pressed_selection_.reset();
   auto* drag = new QDrag(this);
   drag->setMimeData(Copied(box_, Selected()).release());
+  const QPointer<RichTextView> self(this);
   drag->exec(Qt::CopyAction);
+  if (self == nullptr) return;
+  // Whoever heard of the press hears that it is over; it was no click on anything.
+  emit mouseMovedOver(0);
+  emit mouseReleasedAt(0, Qt::LeftButton);
 }
 
 void RichTextView::BeginDrag(PanePosition position, PaneGrain grain) {

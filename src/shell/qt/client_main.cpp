@@ -108,7 +108,7 @@ void client_main::WireShared() {
       ShowActiveSlot();
       SSTab_Click(client_, previous);
       // Who walks along the strip with the arrow keys stays on it.
-      if (!controls.SSTab->hasFocus()) Timer5_.start();
+      if (!controls.SSTab->WalkedAlong()) Timer5_.start();
     });
   };
   connect(controls.SayUseOp, &QCheckBox::clicked, this, [this](bool ticked) {

@@ -66,6 +66,7 @@ void MainLayout::PlaceAll() {
   client_.tab(active).Rich_Users.RightMargin(slot_places(active).Rich_Users_right_margin);
   PlaceTabControls(c.tab(active), shared_, slot_places(active));
   PlaceRow(c.tab(active));
+  if (c.Pict->isVisible()) c.Pict->setGeometry(c.tab(active).line_razdel->geometry());
 }
 
 SlotPlaces MainLayout::PlacesOf(int slot) {

@@ -33,9 +33,10 @@ void MakeMainShortcuts(client_main& window, Client& client, std::function<void()
     auto* made = new QShortcut(&window);
     made->setKeys(keys);
     made->setAutoRepeat(false);
-    QObject::connect(
-        made, &QShortcut::activated, &window,
-        [&client, name, action = std::move(action)] { OnEvent(client, name, action); });
+    const auto act = [&client, name, action = std::move(action)] { OnEvent(client, name, action); };
+    QObject::connect(made, &QShortcut::activated, &window, act);
+    // With both layouts at hand one press stands for both of a shortcut's keys.
+    QObject::connect(made, &QShortcut::activatedAmbiguously, &window, act);
   };
   shortcut(Control(Qt::Key_T, u'\u0415'), "AddTab", [&client] { AddTab(client); });
   shortcut(Control(Qt::Key_W, u'\u0426'), "close_tab", [&window] { window.CloseTab(); });

@@ -1,6 +1,8 @@
 #include "shell/qt/ss_tab.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWheelEvent>
 #include <algorithm>
 
 #include "session/app_state.h"
@@ -56,6 +58,17 @@ bool SSTab::AnyVisible() const {
   for (int tab = 0; tab < kTabCount; ++tab)
     if (isTabVisible(tab)) return true;
   return false;
+}
+
+void SSTab::keyPressEvent(QKeyEvent* event) {
+  walked_along_ = true;
+  QTabBar::keyPressEvent(event);
+  walked_along_ = false;
+}
+
+// A notch on the way to a pane is not meant for the tabs.
+void SSTab::wheelEvent(QWheelEvent* event) {
+  event->ignore();
 }
 
 // A click on the active tab is a click, too.

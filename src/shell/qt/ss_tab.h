@@ -25,13 +25,19 @@ class SSTab : public QTabBar {
   // `previous` is the slot left.
   std::function<void(int previous)> Click;
 
+  // Whether the arrow keys are changing the tab at this moment.
+  bool WalkedAlong() const { return walked_along_; }
+
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   QSize tabSizeHint(int index) const override;
   QSize minimumTabSizeHint(int index) const override;
 
  private:
   int tab_ = 0;
+  bool walked_along_ = false;
   bool settling_ = false;  // the toolkit moves its own mark while a tab appears or goes
 };
 
