@@ -1,5 +1,6 @@
 #include <QClipboard>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QObject>
 #include <QShortcut>
 #include <QShortcutEvent>
@@ -314,9 +315,36 @@ class HotKeysWindowTest : public QObject {
     const QPoint name = rich->CharacterRect(8).center();
     QTest::mouseMove(rich->viewport(), name);
     QTRY_COMPARE(rich->viewport()->cursor().shape(), Qt::PointingHandCursor);
-    QTest::mouseClick(rich->viewport(), Qt::LeftButton, Qt::NoModifier, name);
+    // The hand trembles in the click.
+    QTest::mousePress(rich->viewport(), Qt::LeftButton, Qt::NoModifier, name);
+    const QPointF beside = name + QPoint(2, 1);
+    QMouseEvent tremble(QEvent::MouseMove, beside, rich->viewport()->mapToGlobal(beside),
+                        Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(rich->viewport(), &tremble);
+    QTest::mouseRelease(rich->viewport(), Qt::LeftButton, Qt::NoModifier, name);
     QCOMPARE(tab.Channel, Text("home"));
     QCOMPARE(windows.Winsock1().connects, 1);
+  }
+
+  void ADragAcrossTheListOfChannelsSelectsAndEntersNone() {
+    Windows windows;
+    ShowTabs(windows, 1);
+    TabSession& tab = windows.tab(0);
+    tab.Rich.ReplaceSel("Канал: homestead\r\n\r\n"_w);
+    tab.IsChannelList = true;
+    auto* rich = windows.Find<RichTextView>("Rich_0");
+    QCoreApplication::processEvents();
+    const QPoint from = rich->CharacterRect(7).center();
+    const QPoint to = rich->CharacterRect(14).center();
+    QTest::mouseMove(rich->viewport(), from);
+    QTRY_COMPARE(windows.client.app.HoverChannel, Text("homestead"));
+    QTest::mousePress(rich->viewport(), Qt::LeftButton, Qt::NoModifier, from);
+    QMouseEvent drag(QEvent::MouseMove, to, rich->viewport()->mapToGlobal(to), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(rich->viewport(), &drag);
+    QTest::mouseRelease(rich->viewport(), Qt::LeftButton, Qt::NoModifier, to);
+    QCOMPARE(windows.Winsock1().connects, 0);
+    QVERIFY(!rich->Selected().empty());
   }
 
   void AClickOnTheActiveTabRaisesTheDialogAgain() {

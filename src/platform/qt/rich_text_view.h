@@ -91,6 +91,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
 
  signals:
   // `position` is that of CharFromPos. Sent after the view has done its own part.
+  // A hand that trembles in a click is no move.
   void mouseMovedOver(parlorwire::PanePosition position);
   void mousePressedAt(parlorwire::PanePosition position, Qt::MouseButton button);
   void mouseReleasedAt(parlorwire::PanePosition position, Qt::MouseButton button);
@@ -187,6 +188,8 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
     QPoint point;          // where the mouse is
   };
   Drag drag_;
+  // Where the left button went down: nobody is told of moves so small that it still is a click.
+  std::optional<QPoint> click_;
   // Pressed on the selection: a move takes it elsewhere, a release clears it.
   std::optional<QPoint> pressed_selection_;
   double touch_y_ = 0;  // of the last step of a finger's scrolling

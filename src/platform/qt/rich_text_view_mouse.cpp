@@ -45,6 +45,7 @@ void RichTextView::mousePressEvent(QMouseEvent* event) {
                            QGuiApplication::styleHints()->startDragDistance();
     double_clicked_ = 0;
     drag_.point = point;
+    click_ = point;
     if (third) {
       BeginDrag(character, PaneGrain::kLine);
     } else if (OnSelection(point) && event->modifiers() == Qt::NoModifier) {
@@ -86,6 +87,10 @@ void RichTextView::mouseMoveEvent(QMouseEvent* event) {
       drag_scroll_.start(kDragScrollMilliseconds, this);
     DragTo(BorderFromPos(Within(point)));
   }
+  if (click_ &&
+      (point - *click_).manhattanLength() < QGuiApplication::styleHints()->startDragDistance())
+    return;
+  click_.reset();
   emit mouseMovedOver(CharFromPos(point.x(), point.y()));
 }
 
@@ -102,6 +107,7 @@ void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
     BeginDrag(BorderFromPos(*pressed_selection_), PaneGrain::kCharacter);
     pressed_selection_.reset();
   }
+  if (event->button() == Qt::LeftButton) click_.reset();
   if (event->button() == Qt::LeftButton && drag_.active) EndDrag();
   emit mouseReleasedAt(CharFromPos(point.x(), point.y()), event->button());
 }
