@@ -1,10 +1,12 @@
 // Where a pane's view stands, what it keeps in place, and how little it does for it.
 #include <QCoreApplication>
+#include <QPointingDevice>
 #include <QScrollBar>
 #include <QScroller>
 #include <QSignalSpy>
 #include <QWheelEvent>
 #include <functional>
+#include <memory>
 #include <random>
 
 #include "shown_pane.h"
@@ -303,7 +305,7 @@ class RichTextViewScrollTest : public QObject {
   }
 
   void AFingerTakesTheTextAlong() {
-    auto* screen = QTest::createTouchDevice();
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
     ShownPane pane(2000);
     pane.view.ShowPosition(pane.LineStart(1000));
     ShownPane::Settle();
@@ -311,15 +313,15 @@ class RichTextViewScrollTest : public QObject {
     const PanePosition touched = pane.box.CharFromPos(50, 250);
     QPoint finger = pane.PointOf(touched);
     const int start = finger.y();
-    QTest::touchEvent(viewport, screen).press(0, finger, viewport);
+    QTest::touchEvent(viewport, screen.get()).press(0, finger, viewport);
     // The first part of the way tells a drag from a tap.
     for (int step = 0; step < 20; ++step) {
       finger.ry() -= 8;
-      QTest::touchEvent(viewport, screen).move(0, finger, viewport);
+      QTest::touchEvent(viewport, screen.get()).move(0, finger, viewport);
     }
     const int moved = start - pane.PointOf(touched).y();
     QVERIFY2(moved > 80 && moved <= 160, qPrintable(QString::number(moved)));
-    QTest::touchEvent(viewport, screen).release(0, finger, viewport);
+    QTest::touchEvent(viewport, screen.get()).release(0, finger, viewport);
     QTRY_COMPARE(QScroller::scroller(viewport)->state(), QScroller::Inactive);
     QVERIFY(pane.view.Selected().empty());
     ShownPane::Settle();
@@ -327,15 +329,15 @@ class RichTextViewScrollTest : public QObject {
   }
 
   void ATapIsAClick() {
-    auto* screen = QTest::createTouchDevice();
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
     ShownPane pane(50);
     QSignalSpy moved(&pane.view, &RichTextView::mouseMovedOver);
     QSignalSpy pressed(&pane.view, &RichTextView::mousePressedAt);
     QSignalSpy released(&pane.view, &RichTextView::mouseReleasedAt);
     QWidget* viewport = pane.view.viewport();
     const QPoint finger = pane.PointOf(pane.LineStart(48) + 12);
-    QTest::touchEvent(viewport, screen).press(0, finger, viewport);
-    QTest::touchEvent(viewport, screen).release(0, finger, viewport);
+    QTest::touchEvent(viewport, screen.get()).press(0, finger, viewport);
+    QTest::touchEvent(viewport, screen.get()).release(0, finger, viewport);
     QTRY_COMPARE(released.count(), 1);
     QCOMPARE(pressed.count(), 1);
     QCOMPARE(pressed.at(0).at(0).value<PanePosition>(), pane.LineStart(48) + 12);

@@ -6,7 +6,6 @@
 #include <QPainter>
 #include <QResizeEvent>
 #include <QScrollBar>
-#include <QScroller>
 #include <algorithm>
 #include <cmath>
 
@@ -32,7 +31,7 @@ RichTextView::RichTextView(RichTextBox& box, QWidget* parent)
   InstallPaneAccessibility();
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setFocusPolicy(Qt::StrongFocus);
-  QScroller::grabGesture(viewport(), QScroller::TouchGesture);
+  viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   viewport()->setMouseTracking(true);
   viewport()->setCursor(Qt::ArrowCursor);

@@ -2,13 +2,13 @@
 #include <QClipboard>
 #include <QDrag>
 #include <QGuiApplication>
-#include <QInputDevice>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScrollBar>
 #include <QScroller>
 #include <QStyleHints>
 #include <QTimerEvent>
+#include <QTouchEvent>
 #include <algorithm>
 
 #include "platform/qt/rich_text_view.h"
@@ -19,22 +19,40 @@ namespace {
 
 constexpr int kDragScrollMilliseconds = 30;
 
-bool ByFinger(const QMouseEvent& event) {
-  return event.device()->type() == QInputDevice::DeviceType::TouchScreen;
-}
-
 }  // namespace
 
+// A finger's move scrolls, so its press waits: lifted without a move it was a click.
 bool RichTextView::viewportEvent(QEvent* event) {
+  const QEvent::Type type = event->type();
+  if (type == QEvent::TouchBegin || type == QEvent::TouchUpdate || type == QEvent::TouchEnd ||
+      type == QEvent::TouchCancel) {
+    const auto* touch = static_cast<QTouchEvent*>(event);
+    QScroller* scroller = QScroller::scroller(viewport());
+    if (touch->points().isEmpty()) {
+      scroller->stop();
+      return true;
+    }
+    const QPointF at = touch->points().first().position();
+    const bool pressed = scroller->state() == QScroller::Pressed;
+    scroller->handleInput(type == QEvent::TouchBegin    ? QScroller::InputPress
+                          : type == QEvent::TouchUpdate ? QScroller::InputMove
+                                                        : QScroller::InputRelease,
+                          at, static_cast<qint64>(touch->timestamp()));
+    if (type != QEvent::TouchEnd || !pressed) return true;
+    const QPoint point = at.toPoint();
+    const PanePosition character = CharFromPos(point.x(), point.y());
+    emit mouseMovedOver(character);
+    emit mousePressedAt(character, Qt::LeftButton);
+    emit mouseReleasedAt(character, Qt::LeftButton);
+    return true;
+  }
   if (event->type() == QEvent::Leave) emit mouseLeft();
   return QAbstractScrollArea::viewportEvent(event);
 }
 
 // ---- selecting ----
 
-// A finger's move scrolls, so its press waits: lifted without a move it was a click.
 void RichTextView::mousePressEvent(QMouseEvent* event) {
-  if (ByFinger(*event)) return;
   const QPoint point = event->position().toPoint();
   const PanePosition character = CharFromPos(point.x(), point.y());
   if (event->button() == Qt::LeftButton) {
@@ -70,11 +88,9 @@ void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) {
   double_clicked_at_ = point;
   drag_.point = point;
   BeginDrag(CharFromPos(point.x(), point.y()), PaneGrain::kWord);
-  if (ByFinger(*event)) EndDrag();
 }
 
 void RichTextView::mouseMoveEvent(QMouseEvent* event) {
-  if (ByFinger(*event)) return;
   const QPoint point = event->position().toPoint();
   if (pressed_selection_ && (point - *pressed_selection_).manhattanLength() >=
                                 QGuiApplication::styleHints()->startDragDistance())
@@ -96,13 +112,6 @@ void RichTextView::mouseMoveEvent(QMouseEvent* event) {
 
 void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
   const QPoint point = event->position().toPoint();
-  if (ByFinger(*event)) {
-    const QScroller::State scrolling = QScroller::scroller(viewport())->state();
-    if (scrolling == QScroller::Dragging || scrolling == QScroller::Scrolling) return;
-    const PanePosition character = CharFromPos(point.x(), point.y());
-    emit mouseMovedOver(character);
-    emit mousePressedAt(character, event->button());
-  }
   if (event->button() == Qt::LeftButton && pressed_selection_) {
     BeginDrag(BorderFromPos(*pressed_selection_), PaneGrain::kCharacter);
     pressed_selection_.reset();
