@@ -1,9 +1,11 @@
 // Where a pane's view stands, what it keeps in place, and how little it does for it.
 #include <QCoreApplication>
+#include <QMouseEvent>
 #include <QPointingDevice>
 #include <QScrollBar>
 #include <QScroller>
 #include <QSignalSpy>
+#include <QStyleOptionSlider>
 #include <QWheelEvent>
 #include <functional>
 #include <memory>
@@ -189,6 +191,63 @@ class RichTextViewScrollTest : public QObject {
     ShownPane::Settle();
     QVERIFY(pane.OnScreen() != before);
     QCOMPARE(pane.OnScreen(), pane.Picture());
+  }
+
+  void ALongPaneFollowsTheThumbThatTheMouseDrags() {
+    // Most of the lines came while the bar had nothing to show of it.
+    ShownPane pane(2'000);
+    for (int i = 0; i < 98; ++i) {
+      AppendMessages(pane.box, 1'000);
+      pane.box.VScroll(PaneScroll::kBottom);
+      QTest::qWait(2);
+    }
+    ShownPane::Settle();
+    QScrollBar* bar = pane.view.verticalScrollBar();
+    const auto move = [&](int y, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
+      const QPointF at(bar->width() / 2.0, y);
+      QMouseEvent event(type, at, bar->mapToGlobal(at), button, held, Qt::NoModifier);
+      QCoreApplication::sendEvent(bar, &event);
+      QCoreApplication::processEvents();
+    };
+    QStyleOptionSlider option;
+    option.initFrom(bar);
+    option.orientation = Qt::Vertical;
+    option.minimum = bar->minimum();
+    option.maximum = bar->maximum();
+    option.sliderPosition = bar->sliderPosition();
+    option.pageStep = bar->pageStep();
+    const QRect thumb = bar->style()->subControlRect(QStyle::CC_ScrollBar, &option,
+                                                     QStyle::SC_ScrollBarSlider, bar);
+    const int from = thumb.center().y();
+    const int to = bar->height() / 2;
+    move(from, QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton);
+    for (int y = from; y > to; y -= 6)
+      move(y, QEvent::MouseMove, Qt::NoButton, Qt::LeftButton);
+    move(to, QEvent::MouseMove, Qt::NoButton, Qt::LeftButton);
+    const auto middle = pane.box.LineAt(pane.view.box().CharFromPos(5, 5));
+    QVERIFY2(middle > 40'000 && middle < 60'000, QByteArray::number(qlonglong(middle)));
+    move(to, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
+    QCOMPARE(pane.box.LineAt(pane.view.box().CharFromPos(5, 5)), middle);
+    ShownPane::Settle();
+    QCOMPARE(pane.box.LineAt(pane.view.box().CharFromPos(5, 5)), middle);
+  }
+
+  void AWheelOverTheBarScrollsAsOverThePane() {
+    ShownPane pane(2'000);
+    for (int i = 0; i < 98; ++i) {
+      AppendMessages(pane.box, 1'000);
+      pane.box.VScroll(PaneScroll::kBottom);
+      QTest::qWait(2);
+    }
+    const auto last = pane.box.LineAt(pane.box.CharFromPos(5, 5));
+    QScrollBar* bar = pane.view.verticalScrollBar();
+    const QPointF at = bar->rect().center();
+    QWheelEvent notch(at, bar->mapToGlobal(at), QPoint(), QPoint(0, 120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(bar, &notch);
+    ShownPane::Settle();
+    const auto now = pane.box.LineAt(pane.box.CharFromPos(5, 5));
+    QVERIFY2(now < last && now > last - 6, QByteArray::number(qlonglong(last - now)));
   }
 
   void WhatWasToBePaintedWhileRedrawWasOffIsPaintedLater() {

@@ -35,6 +35,7 @@ RichTextView::RichTextView(RichTextBox& box, QWidget* parent)
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   viewport()->setMouseTracking(true);
   viewport()->setCursor(Qt::ArrowCursor);
+  verticalScrollBar()->installEventFilter(this);
   connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, &RichTextView::BarActed);
   connect(verticalScrollBar(), &QScrollBar::sliderReleased, this, &RichTextView::NoteChange);
   box_.Attach(this);

@@ -106,6 +106,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void focusOutEvent(QFocusEvent* event) override;
   bool event(QEvent* event) override;
   bool viewportEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void wheelEvent(QWheelEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;

@@ -112,13 +112,25 @@ void RichTextView::scrollContentsBy(int dx, int) {
   }
   if (updating_bar_) return;
   const QScrollBar* bar = verticalScrollBar();
-  if (bar->value() >= bar->maximum())
+  if (bar->value() >= bar->maximum()) {
     arrangement_.ScrollToEnd();
-  else if (bar->value() <= 0)
+  } else if (bar->value() <= 0) {
     arrangement_.ScrollToStart();
-  else
-    arrangement_.ScrollToUnit(bar->value());
+  } else {
+    // By its share: the bar may still have the range of a shorter pane.
+    const PaneScrollInfo info = arrangement_.ScrollInfo();
+    const double share = bar->value() / double(bar->maximum());
+    arrangement_.ScrollToUnit(static_cast<int>(share * (info.max - info.page)));
+  }
   NoteChange();
+}
+
+// The wheel scrolls by true pixels over the bar, too.
+bool RichTextView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != verticalScrollBar() || event->type() != QEvent::Wheel)
+    return QAbstractScrollArea::eventFilter(watched, event);
+  wheelEvent(static_cast<QWheelEvent*>(event));
+  return true;
 }
 
 // Rows and pages are steps of true pixels, not of the bar's estimated ones.
