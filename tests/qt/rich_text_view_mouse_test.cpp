@@ -320,6 +320,48 @@ class RichTextViewMouseTest : public QObject {
     QCOMPARE(pane.box.SelLength(), PanePosition{20});
   }
 
+  void WhileTheSelectionIsPressedTheProgramsSelectionDoesNotDisturb() {
+    ShownPane pane(20);
+    pane.view.ScrollToStart();
+    ShownPane::Settle();
+    Drag(pane.view, pane.LeftOf(3), pane.LeftOf(9));
+    const PaneRange selected = pane.view.Selected();
+    QVERIFY(!selected.empty());
+    QTest::mousePress(pane.view.viewport(), kLeft, Qt::NoModifier, pane.PointOf(5));
+    pane.box.HideSelection(false);
+    pane.box.ExSetSel(pane.box.Length(), pane.box.Length());
+    pane.box.ReplaceSel("a line\r\n");
+    QCOMPARE(pane.view.Selected(), selected);
+    QTest::mouseRelease(pane.view.viewport(), kLeft, Qt::NoModifier, pane.PointOf(5));
+    QVERIFY(pane.view.Selected().empty());
+  }
+
+  void AButtonThatGoesUpUnseenEndsTheDrag_data() {
+    QTest::addColumn<bool>("hidden");
+    QTest::newRow("the view is hidden") << true;
+    QTest::newRow("the mouse moves with the button up") << false;
+  }
+  void AButtonThatGoesUpUnseenEndsTheDrag() {
+    QFETCH(bool, hidden);
+    ShownPane pane(200);
+    pane.view.ScrollToStart();
+    ShownPane::Settle();
+    QSignalSpy released(&pane.view, &RichTextView::mouseReleasedAt);
+    const QPoint from = pane.LeftOf(3);
+    QTest::mousePress(pane.view.viewport(), kLeft, Qt::NoModifier, from);
+    Move(pane.view, {from.x() + 60, pane.view.viewport()->height() + 30});  // it scrolls by itself
+    if (hidden)
+      pane.view.hide();
+    else
+      Move(pane.view, from, Qt::NoButton);
+    QCOMPARE(released.size(), 1);
+    const PaneRange selected = pane.view.Selected();
+    const PaneScrollInfo before = pane.box.GetScrollInfo();
+    QTest::qWait(100);
+    QCOMPARE(pane.view.Selected(), selected);
+    QCOMPARE(pane.box.GetScrollInfo().pos, before.pos);
+  }
+
   void ARightPressGivesTheSelectionToThePaneFirst() {
     ShownPane pane(5);
     pane.view.Select(5, 20);

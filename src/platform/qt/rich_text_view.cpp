@@ -73,7 +73,7 @@ void RichTextView::FormatChanged(PanePosition start, PanePosition end) {
 }
 
 void RichTextView::SelectionChanged() {
-  if (giving_selection_ || drag_.active || box_.HideSelection()) return;
+  if (giving_selection_ || ReaderHoldsSelection() || box_.HideSelection()) return;
   const PanePosition start = box_.SelStart();
   ShowSelection({start, start + box_.SelLength()});
   show_caret_ = start < box_.Length();
@@ -234,9 +234,17 @@ void RichTextView::changeEvent(QEvent* event) {
   QAbstractScrollArea::changeEvent(event);
   const QEvent::Type type = event->type();
   if (type == QEvent::FontChange || type == QEvent::StyleChange) arrangement_.Forget();
-  if (type == QEvent::ActivationChange) return Restyle(selection_.range());
+  if (type == QEvent::ActivationChange) {
+    if (!isActiveWindow()) ReleaseUnseen();
+    return Restyle(selection_.range());
+  }
   painted_valid_ = false;
   NoteChange();
+}
+
+void RichTextView::hideEvent(QHideEvent* event) {
+  ReleaseUnseen();
+  QAbstractScrollArea::hideEvent(event);
 }
 
 void RichTextView::focusInEvent(QFocusEvent* event) {

@@ -101,6 +101,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void changeEvent(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -156,6 +157,8 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void BeginDrag(PanePosition position, PaneGrain grain);
   void DragTo(PanePosition position);
   void EndDrag();
+  bool ReaderHoldsSelection() const;
+  void ReleaseUnseen();
   bool ScrollKey(QKeyEvent* event);
   bool SidewaysKey(int pixels);
   bool SelectKey(QKeyEvent* event);
@@ -193,6 +196,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   std::optional<QPoint> click_;
   // Pressed on the selection: a move takes it elsewhere, a release clears it.
   std::optional<QPoint> pressed_selection_;
+  bool dragging_out_ = false;
   double touch_y_ = 0;  // of the last step of a finger's scrolling
   QBasicTimer drag_scroll_;
   quint64 double_clicked_ = 0;  // milliseconds of the events' clock

@@ -92,6 +92,7 @@ void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void RichTextView::mouseMoveEvent(QMouseEvent* event) {
   const QPoint point = event->position().toPoint();
+  if (!(event->buttons() & Qt::LeftButton)) ReleaseUnseen();
   if (pressed_selection_ && (point - *pressed_selection_).manhattanLength() >=
                                 QGuiApplication::styleHints()->startDragDistance())
     return DragOut();
@@ -155,14 +156,30 @@ bool RichTextView::OnSelection(QPoint point) const {
 // Takes the selected text elsewhere; here it stays.
 void RichTextView::DragOut() {
   pressed_selection_.reset();
+  dragging_out_ = true;
   auto* drag = new QDrag(this);
   drag->setMimeData(Copied(box_, Selected()).release());
   const QPointer<RichTextView> self(this);
   drag->exec(Qt::CopyAction);
   if (self == nullptr) return;
-  // Whoever heard of the press hears that it is over; it was no click on anything.
+  ReleaseUnseen();
+}
+
+// While the mouse has the selection in hand, nothing that the program does takes it away.
+bool RichTextView::ReaderHoldsSelection() const {
+  return drag_.active || pressed_selection_ || dragging_out_;
+}
+
+// The button went up where the view could not see it. Whoever heard of the press hears that it is
+// over; it was no click on anything.
+void RichTextView::ReleaseUnseen() {
+  if (!ReaderHoldsSelection()) return;
+  if (drag_.active) EndDrag();
   emit mouseMovedOver(0);
   emit mouseReleasedAt(0, Qt::LeftButton);
+  click_.reset();
+  pressed_selection_.reset();
+  dragging_out_ = false;
 }
 
 void RichTextView::BeginDrag(PanePosition position, PaneGrain grain) {
