@@ -151,6 +151,7 @@ class SplitterTest : public QObject {
     QFETCH(QString, focus);
     SplitWindow split;
     QWidget* control = split.Find(focus.toLatin1().constData());
+    QTRY_VERIFY(split.Find("msg_0")->hasFocus());  // as after every switch of tabs
     control->setFocus();
     split.Press();
     split.MoveBy(-60);
@@ -260,6 +261,7 @@ class SplitterTest : public QObject {
 
   void KeysMoveTheFocusedSplitter() {
     SplitWindow split;
+    QTRY_VERIFY(split.Find("msg_0")->hasFocus());
     split.line->setFocus();
     const int at = split.line->x();
     split.Key(Qt::Key_Left);
