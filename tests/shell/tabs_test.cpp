@@ -266,6 +266,16 @@ TEST_F(CloseTab, ClosingTheLastTabInUseAsksAndNoKeepsIt) {
   EXPECT_EQ(desktop.TabCaption(0), "Отключено"_w);
 }
 
+TEST_F(CloseTab, ClosingTheOnlyTabWithNoConnectionAsksAndNoKeepsIt) {
+  Show({0});
+  EXPECT_FALSE(close_tab(chat.client));
+  EXPECT_EQ(desktop.boxes.size(), 1U);
+  EXPECT_EQ(Visible(), std::vector<int>{0});
+  chat.platform.time.Advance(300000);
+  EXPECT_EQ(chat.Winsock1().connects, 0);
+  EXPECT_FALSE(chat.tab().Connecting);
+}
+
 TEST_F(CloseTab, TheQuestionInEnglishAndYesEndsTheProgram) {
   chat.client.app.Language = UiLanguage::kEnglish;
   desktop.answers = {true};
