@@ -326,6 +326,25 @@ class HotKeysWindowTest : public QObject {
     QCOMPARE(windows.Winsock1().connects, 1);
   }
 
+  void AClickActsOnWhatStandsThereNow() {
+    Windows windows;
+    ShowTabs(windows, 1);
+    TabSession& tab = windows.tab(0);
+    tab.Rich.ReplaceSel("Канал: home\r\n\r\n"_w);
+    tab.IsChannelList = true;
+    auto* rich = windows.Find<RichTextView>("Rich_0");
+    QCoreApplication::processEvents();
+    const QPoint name = rich->CharacterRect(8).center();
+    QMouseEvent move(QEvent::MouseMove, name, rich->viewport()->mapToGlobal(name), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(rich->viewport(), &move);
+    QCOMPARE(windows.client.app.HoverChannel, Text("home"));
+    tab.Rich.Text("nothing to enter here");
+    QCoreApplication::processEvents();
+    QTest::mouseClick(rich->viewport(), Qt::LeftButton, Qt::NoModifier, name);
+    QCOMPARE(windows.Winsock1().connects, 0);
+  }
+
   void ADragAcrossTheListOfChannelsSelectsAndEntersNone() {
     Windows windows;
     ShowTabs(windows, 1);

@@ -178,7 +178,11 @@ void client_main::WirePane(int slot) {
   };
   connect(view, &RichTextView::mousePressedAt, this, [=, this](PanePosition at, auto pressed) {
     if (!wanted(pressed)) return;
-    OnEvent(client_, "Rich_MouseDown", [&] { Rich_MouseDown(client_, slot, at, button(pressed)); });
+    OnEvent(client_, "Rich_MouseDown", [&] {
+      // The pane may have changed under a pointer that rests.
+      Rich_MouseMove(client_, slot, at);
+      Rich_MouseDown(client_, slot, at, button(pressed));
+    });
   });
   connect(view, &RichTextView::mouseMovedOver, this, [=, this](PanePosition at) {
     OnEvent(client_, "Rich_MouseMove", [&] { Rich_MouseMove(client_, slot, at); });
