@@ -41,6 +41,17 @@ void GoThrough(ShownPane& pane) {
   QVERIFY(after.wrapped - before.wrapped < 2 * length + 400'000);
 }
 
+// A line of 20,000 characters, each of another colour.
+void AppendManyColours(RichTextBox& box) {
+  Append(box, std::string(20'000, 'x') + "\r\n", MainFormat(0xFFFFFF));
+  box.SetRedraw(false);
+  for (PanePosition i = 0; i < 20'000; ++i) {
+    box.ExSetSel(i, i + 1);
+    box.SelColor(static_cast<PaneColour>(i * 997 & 0xFFFFFF));
+  }
+  box.SetRedraw(true);
+}
+
 }  // namespace
 
 class RichTextViewHostileTest : public QObject {
@@ -92,13 +103,7 @@ class RichTextViewHostileTest : public QObject {
 
   void ARunForEveryCharacter() {
     ShownPane pane;
-    Append(pane.box, std::string(20'000, 'x') + "\r\n", MainFormat(0xFFFFFF));
-    pane.box.SetRedraw(false);
-    for (PanePosition i = 0; i < 20'000; ++i) {
-      pane.box.ExSetSel(i, i + 1);
-      pane.box.SelColor(static_cast<PaneColour>(i * 997 & 0xFFFFFF));
-    }
-    pane.box.SetRedraw(true);
+    AppendManyColours(pane.box);
     GoThrough(pane);
   }
 
@@ -236,13 +241,7 @@ class RichTextViewHostileTest : public QObject {
 
   void AStepOverARunForEveryCharacterIsBoundedWork() {
     ShownPane pane;
-    Append(pane.box, std::string(20'000, 'x') + "\r\n", MainFormat(0xFFFFFF));
-    pane.box.SetRedraw(false);
-    for (PanePosition i = 0; i < 20'000; ++i) {
-      pane.box.ExSetSel(i, i + 1);
-      pane.box.SelColor(static_cast<PaneColour>(i * 997 & 0xFFFFFF));
-    }
-    pane.box.SetRedraw(true);
+    AppendManyColours(pane.box);
     pane.view.ScrollToStart();
     ShownPane::Settle();
     for (int step = 0; step < 20; ++step) {
