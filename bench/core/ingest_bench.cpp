@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "display/chat_log.h"
-#include "platform/posix_files.h"
+#include "platform/posix/posix_files.h"
 #include "shell/assembly.h"
 #include "support/simulated_platform.h"
 #include "text/charset.h"

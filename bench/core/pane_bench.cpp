@@ -15,8 +15,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/pane_search.h"
-#include "platform/rich_text_box.h"
+#include "pane/rich_text_box.h"
+#include "pane/search.h"
 
 namespace parlorwire {
 namespace {

@@ -8,8 +8,8 @@
 #include <cstdlib>
 #include <memory>
 
-#include "platform/qt/rich_text_view.h"
-#include "platform/qt/rich_text_view_selection.h"
+#include "pane/qt/reader_selection.h"
+#include "pane/qt/rich_text_view.h"
 #include "support/pane_samples.h"
 
 namespace parlorwire {

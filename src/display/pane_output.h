@@ -3,9 +3,9 @@
 
 #include <string_view>
 
-#include "platform/rich_text_box.h"
+#include "pane/rich_text_box.h"
 #include "session/client.h"
-#include "session/pane_selection.h"
+#include "session/writer_selection.h"
 
 namespace parlorwire {
 

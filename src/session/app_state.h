@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/rich_text_box.h"
+#include "pane/rich_text_box.h"
 #include "session/nick_colours.h"
 #include "text/text.h"
 

@@ -5,7 +5,7 @@
 #include "session/connect.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
-#include "session/pane_selection.h"
+#include "session/writer_selection.h"
 #include "text/cut.h"
 #include "text/fault.h"
 #include "text/number.h"

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string_view>
 
-#include "platform/rich_text_box.h"
+#include "pane/rich_text_box.h"
 #include "text/text.h"
 
 namespace parlorwire {

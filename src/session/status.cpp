@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "session/pane_selection.h"
 #include "session/personal_notice.h"
+#include "session/writer_selection.h"
 #include "text/cut.h"
 
 namespace parlorwire {

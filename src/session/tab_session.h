@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/rich_text_box.h"
+#include "pane/rich_text_box.h"
 #include "platform/timer.h"
 #include "platform/winsock.h"
 #include "session/user_records.h"

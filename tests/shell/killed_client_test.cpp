@@ -10,7 +10,7 @@
 #include <string>
 
 #include "display/chat_log.h"
-#include "platform/posix_files.h"
+#include "platform/posix/posix_files.h"
 #include "session/error_log.h"
 #include "session/ini.h"
 #include "support/simulated_platform.h"

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/rich_text_box.h"
+#include "pane/rich_text_box.h"
 
 namespace parlorwire {
 

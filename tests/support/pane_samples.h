@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "platform/rich_text_box.h"
+#include "pane/rich_text_box.h"
 
 namespace parlorwire {
 

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "platform/rich_text_box.h"
+#include "pane/rich_text_box.h"
 
 namespace parlorwire {
 

@@ -5,7 +5,7 @@
 #include <QStandardPaths>
 #include <QString>
 
-#include "platform/application_folder.h"
+#include "platform/posix/application_folder.h"
 #include "platform/qt/qt_timer.h"
 #include "platform/qt/qt_winsock.h"
 

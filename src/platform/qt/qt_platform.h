@@ -5,10 +5,10 @@
 #include <filesystem>
 
 #include "platform/platform.h"
-#include "platform/posix_files.h"
+#include "platform/posix/posix_files.h"
+#include "platform/posix/system_random.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_clock.h"
-#include "platform/system_random.h"
 
 namespace parlorwire {
 

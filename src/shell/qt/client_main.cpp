@@ -13,7 +13,7 @@
 #include <optional>
 
 #include "display/pane_mouse.h"
-#include "platform/qt/rich_text_view.h"
+#include "pane/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
 #include "session/event_entry.h"
 #include "session/leaving.h"

@@ -8,7 +8,7 @@
 #include <initializer_list>
 #include <string>
 
-#include "platform/qt/rich_text_view.h"
+#include "pane/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/graphic_button.h"

@@ -5,7 +5,7 @@
 #include <QShortcut>
 #include <utility>
 
-#include "platform/qt/rich_text_view.h"
+#include "pane/qt/rich_text_view.h"
 #include "session/event_entry.h"
 #include "shell/hot_keys.h"
 #include "shell/qt/client_main.h"

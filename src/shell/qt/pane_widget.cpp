@@ -2,7 +2,7 @@
 
 #include <QVBoxLayout>
 
-#include "platform/qt/rich_text_view.h"
+#include "pane/qt/rich_text_view.h"
 
 namespace parlorwire {
 

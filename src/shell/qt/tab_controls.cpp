@@ -6,7 +6,7 @@
 #include <QLabel>
 #include <QRect>
 
-#include "platform/qt/rich_text_view.h"
+#include "pane/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
 #include "session/tab_session.h"
 #include "shell/client_main_layout.h"

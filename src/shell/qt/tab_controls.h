@@ -7,7 +7,7 @@ class QFrame;
 class QLabel;
 class QWidget;
 
-#include "platform/rich_text_box.h"
+#include "pane/rich_text_box.h"
 
 namespace parlorwire {
 

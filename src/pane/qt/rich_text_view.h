@@ -1,0 +1,208 @@
+// Paints a pane: the view of one RichTextBox.
+//
+// Only what is seen is laid out; the rest of the pane costs nothing, however long it is. Changes of
+// the pane are gathered: all that come within one turn of the event loop are one repaint, of what
+// looks different. A hidden view does nothing but note that something changed. There is no timer,
+// except while the mouse drags a selection beyond an edge or a finger's push runs out.
+//
+// The reader's selection belongs to the view: lines that come do not move it, and the program's own
+// writing, done with HideSelection on, does not touch it. When the reader has selected, the pane
+// gets the selection too (ExSetSel, and HideSelection off), so that SelText is what is seen
+// selected. A selection that the program makes with HideSelection off becomes the one that is
+// shown, and is scrolled into view.
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QBasicTimer>
+#include <QPoint>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "pane/qt/accessible.h"
+#include "pane/qt/arrangement.h"
+#include "pane/qt/reader_selection.h"
+
+class QScrollEvent;
+class QScrollPrepareEvent;
+
+namespace parlorwire {
+
+class RichTextView : public QAbstractScrollArea, public PaneView {
+  Q_OBJECT
+
+ public:
+  // Attaches itself to the pane, which must live longer than the view.
+  explicit RichTextView(RichTextBox& box, QWidget* parent = nullptr);
+  ~RichTextView() override;
+
+  RichTextBox& box() const { return box_; }
+
+  // The language of the context menu; Russian at first. The menu is that of the widget's default
+  // context menu policy: a window with a menu of its own sets another policy.
+  void SetRussian(bool russian) { russian_ = russian; }
+
+  // What the reader has selected.
+  PaneRange Selected() const { return selection_.range(); }
+  PanePosition Caret() const { return selection_.caret; }
+  // As the reader would: the pane gets the selection too.
+  void Select(PanePosition anchor, PanePosition caret);
+  void SelectAll();
+  // The selection to the clipboard as text and HTML; nothing selected leaves the clipboard alone.
+  void Copy();
+  // Gives the reader's selection to the pane once more, if the program's writing has changed it.
+  void GiveSelection();
+
+  // For keys that are pressed elsewhere, such as Page Up in the input box.
+  void ScrollPages(double pages);
+  void ScrollToStart();
+  void ScrollToEnd();
+  // Brings the character into the view.
+  void ShowPosition(PanePosition position);
+
+  // Where the character is painted, in the view's pixels; empty if it is not in the view.
+  QRect CharacterRect(PanePosition position) const;
+
+  // The characters of the row in which the position lies.
+  PaneRange RowAround(PanePosition position) const;
+
+  struct Counters {
+    std::uint64_t laid_out = 0;  // fragments, ever
+    std::uint64_t wrapped = 0;   // characters measured
+    std::uint64_t paints = 0;    // paint events
+    std::uint64_t painted = 0;   // fragments painted
+  };
+  Counters counters() const;
+
+  // ---- PaneView ----
+  void TextChanged(const TextChange& change) override;
+  void FormatChanged(PanePosition start, PanePosition end) override;
+  void SelectionChanged() override;
+  void RedrawChanged(bool on) override;
+  void VisibleChanged(bool visible) override;
+  void RightMarginChanged(int twips) override;
+  void PointerChanged(PanePointer pointer) override;
+  void Refresh() override;
+  void Scroll(PaneScroll command) override;
+  PaneScrollInfo GetScrollInfo() const override;
+  PanePosition CharFromPos(int x, int y) const override;
+
+  QSize sizeHint() const override { return {480, 320}; }
+
+ signals:
+  // `position` is that of CharFromPos. Sent after the view has done its own part.
+  // A hand that trembles in a click is no move.
+  void mouseMovedOver(parlorwire::PanePosition position);
+  void mousePressedAt(parlorwire::PanePosition position, Qt::MouseButton button);
+  void mouseReleasedAt(parlorwire::PanePosition position, Qt::MouseButton button);
+  void mouseLeft();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  bool event(QEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  static constexpr int kMargin = 3;  // pixels beside the text
+
+  // ---- what is seen ----
+  struct PaintedFragment {
+    std::uint64_t serial = 0;
+    int top = 0;
+    int height = 0;
+  };
+  void NoteChange();
+  void Settle();
+  void RepaintDifferences(const std::vector<PlacedFragment>& seen);
+  void RememberPainted(const std::vector<PlacedFragment>& seen);
+  void Restyle(PaneRange range);
+  void ResizeText();
+  enum class BarUpdate { kIfSeen, kExact };
+  void UpdateScrollBar(BarUpdate update);
+  void UpdateSidewaysBar();
+  void BarActed(int action);
+  int WheelPixels(int pixels, int angle, int& rest) const;
+  void ScrollBy(int pixels);
+  void ScrollSideways(int pixels);
+  void Reveal(PanePosition position);
+  void RevealSideways(PanePosition position);
+  void PrepareTouch(QScrollPrepareEvent* event);
+  void TouchScroll(QScrollEvent* event);
+
+  // ---- what the reader does ----
+  int TextLeft() const;
+  const PlacedFragment& PlacedAt(int y) const;
+  PanePosition BorderFromPos(QPoint point) const;
+  void ShowSelection(PaneSelection selection);
+  QPoint Within(QPoint point) const;
+  QPoint Beyond(QPoint point) const;
+  bool OnSelection(QPoint point) const;
+  void DragOut();
+  void BeginDrag(PanePosition position, PaneGrain grain);
+  void DragTo(PanePosition position);
+  void EndDrag();
+  bool ReaderHoldsSelection() const;
+  void ReleaseUnseen();
+  bool ScrollKey(QKeyEvent* event);
+  bool SidewaysKey(int pixels);
+  bool SelectKey(QKeyEvent* event);
+  PanePosition MovedCaret(QKeyEvent* event);
+  PanePosition BelowCaret(int pixels);
+  PanePosition RowEdge(bool end) const;
+
+  RichTextBox& box_;
+  mutable PaneArrangement arrangement_;
+  bool russian_ = true;
+
+  bool settle_posted_ = false;
+  bool redraw_ = true;
+  bool updating_bar_ = false;
+  std::vector<PaintedFragment> painted_;
+  bool painted_valid_ = false;
+  bool missed_paint_ = false;  // while redraw was off
+  PaneColour painted_back_ = 0;
+  PaneRange restyled_;
+  std::uint64_t paints_ = 0;
+  std::uint64_t fragments_painted_ = 0;
+
+  PaneSelection selection_;
+  PaneAnnouncer announcer_;
+  bool giving_selection_ = false;
+  bool show_caret_ = false;  // at the next repaint
+  struct Drag {
+    bool active = false;
+    PaneGrain grain = PaneGrain::kCharacter;
+    PaneSelection origin;  // what the press selected
+    QPoint point;          // where the mouse is
+  };
+  Drag drag_;
+  // Where the left button went down: nobody is told of moves so small that it still is a click.
+  std::optional<QPoint> click_;
+  // Pressed on the selection: a move takes it elsewhere, a release clears it.
+  std::optional<QPoint> pressed_selection_;
+  bool dragging_out_ = false;
+  double touch_y_ = 0;  // of the last step of a finger's scrolling
+  QBasicTimer drag_scroll_;
+  quint64 double_clicked_ = 0;  // milliseconds of the events' clock
+  QPoint double_clicked_at_;
+  int goal_x_ = -1;    // where the caret goes up and down; -1: where it is
+  QPoint wheel_rest_;  // eighths of a degree times pixels that have not moved a pixel yet
+};
+
+}  // namespace parlorwire

@@ -1,0 +1,21 @@
+// Finding a text in a pane without reading the whole pane at once.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "pane/rich_text_box.h"
+
+namespace parlorwire {
+
+enum class LetterCase { kCounts, kIgnored };
+
+// Where the first occurrence begins that begins at `from` or behind it; where the last one begins
+// that begins at `from` or ahead of it. Line breaks and pictures are characters as in Text. Nothing
+// contains the empty text.
+std::optional<PanePosition> FindForwards(const RichTextBox& pane, std::string_view wanted,
+                                         PanePosition from, LetterCase letter_case);
+std::optional<PanePosition> FindBackwards(const RichTextBox& pane, std::string_view wanted,
+                                          PanePosition from, LetterCase letter_case);
+
+}  // namespace parlorwire

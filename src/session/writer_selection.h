@@ -1,0 +1,27 @@
+// The selection by which all output of the logic is made.
+#pragma once
+
+#include "pane/rich_text_box.h"
+#include "session/client.h"
+
+namespace parlorwire {
+
+// Selects [start, end) in a pane, 0-based, out of the user's sight unless he is selecting with the
+// mouse.
+void SelectPaneEnd(Client& client, PanePosition start, PanePosition end, int tab);  // Rich
+void SelectUsersPaneEnd(Client& client, PanePosition start, PanePosition end,
+                        int tab);  // Rich_Users
+
+// While it lives, changes of the pane are not painted; then they are, as one.
+struct PaintOnce {
+  explicit PaintOnce(RichTextBox& changing) : pane(changing) { pane.SetRedraw(false); }
+  ~PaintOnce() {
+    pane.SetRedraw(true);
+    pane.Refresh();
+  }
+  PaintOnce(const PaintOnce&) = delete;
+  PaintOnce& operator=(const PaintOnce&) = delete;
+  RichTextBox& pane;
+};
+
+}  // namespace parlorwire
