@@ -5,6 +5,8 @@
 
 namespace parlorwire {
 
+enum class UiLanguage { kRussian = 1, kEnglish = 2 };
+
 enum class BoxIcon { kStop, kQuestion, kExclamation, kInformation };
 
 // Tabs are slots 0..9. Nothing here throws.
@@ -57,8 +59,8 @@ class Desktop {
   // The same with the answers yes and no, no preselected. True on yes.
   virtual bool AskYesNo(const Text& text, BoxIcon icon) = 0;
 
-  // The language of the fixed texts, 1 Russian or 2 English.
-  virtual void ShowLanguage(int language) = 0;
+  // The language of the fixed texts.
+  virtual void ShowLanguage(UiLanguage language) = 0;
 };
 
 }  // namespace parlorwire

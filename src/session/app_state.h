@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "pane/rich_text_box.h"
+#include "platform/desktop.h"
 #include "session/nick_colours.h"
 #include "text/text.h"
 
@@ -12,8 +13,6 @@ namespace parlorwire {
 
 inline constexpr int kTabCount = 10;
 inline constexpr int kMaxLogins = 100;
-
-enum class UiLanguage : std::int32_t { kRussian = 1, kEnglish = 2 };
 
 constexpr PaneColour Rgb(unsigned red, unsigned green, unsigned blue) {
   return red + 256 * green + 65536 * blue;
@@ -78,8 +77,6 @@ struct ClickedPane {
 };
 
 struct AppState {
-  // The language of messages. A text with two forms asks either "is it Russian" or "is it English";
-  // both questions occur.
   UiLanguage Language = UiLanguage::kRussian;
 
   // The endpoint of the chat service, used for every connect without a proxy and in every Host

@@ -24,9 +24,6 @@ struct Client {
   }
   const TabSession& tab(int index) const { return const_cast<Client*>(this)->tab(index); }
 
-  bool Russian() const { return app.Language == UiLanguage::kRussian; }
-  bool English() const { return app.Language == UiLanguage::kEnglish; }
-
   AppState app;
   std::array<TabSession, kTabCount> tabs;
   Platform platform;

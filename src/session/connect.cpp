@@ -1,5 +1,6 @@
 #include "session/connect.h"
 
+#include "session/both_languages.h"
 #include "session/fault_trap.h"
 #include "session/frame_end.h"
 #include "session/frame_stream.h"
@@ -47,9 +48,9 @@ Text TicketAt(std::string_view answer, Position key_at) {
 
 void RefuseLogin(Client& client, int tab) {
   TabSession& session = client.tab(tab);
-  StatusOut(client, RussianOrElse(client, "неверные логин или пароль"_w, "bad login or password"),
+  StatusOut(client, InLanguage(client, {W<"неверные логин или пароль">, "bad login or password"}),
             StatusMode::kFailed, tab);
-  ShowTabCaption(client, tab, RussianOrElse(client, "Отключено"_w, "Disconnected"));
+  ShowTabCaption(client, tab, InLanguage(client, {W<"Отключено">, "Disconnected"}));
   session.CloseHandled = true;
   session.Connecting = false;
   session.ClearPanesOnConnect = true;
@@ -66,7 +67,7 @@ void ReportServerError(Client& client, int tab) {
   WriteErrorLog(client, "Server error. Debug info:\r\n" + session.LoginAnswer);
   session.CloseHandled = true;
   session.Connecting = false;
-  ShowTabCaption(client, tab, RussianOrElse(client, "Отключено"_w, "Disconnected"));
+  ShowTabCaption(client, tab, InLanguage(client, {W<"Отключено">, "Disconnected"}));
   session.Timer1->Enabled(true);
 }
 
@@ -94,10 +95,10 @@ void ReadLoginAnswer(Client& client, int tab) {
 
   if (TrimView(session.Channel).empty())
     StatusOut(client,
-              RussianOrElse(client, "Получение списка каналов..."_w, "Getting list of channels..."),
+              InLanguage(client, {W<"Получение списка каналов...">, "Getting list of channels..."}),
               tab);
   else
-    StatusOut(client, RussianOrElse(client, "Чтение с канала..."_w, "Reading from channel..."),
+    StatusOut(client, InLanguage(client, {W<"Чтение с канала...">, "Reading from channel..."}),
               tab);
   session.Winsock1->Close();
   ConnectToService(client, *session.Winsock1);
@@ -122,12 +123,12 @@ void ConnectToChat(Client& client, int tab) {
   session.ReservedText.clear();
   session.ReservedFlag = false;
 
-  desktop.SetTabCaption(tab, RussianOrElse(client, "Подключение..."_w, "Connecting.."));
+  desktop.SetTabCaption(tab, InLanguage(client, {W<"Подключение...">, "Connecting.."}));
   if (proxy.use_proxy)
-    StatusOut(client, RussianOrElse(client, "Подключение к прокси..."_w, "Connecting to proxy..."),
+    StatusOut(client, InLanguage(client, {W<"Подключение к прокси...">, "Connecting to proxy..."}),
               tab);
   else
-    StatusOut(client, RussianOrElse(client, "Подключение к чату..."_w, "Connecting to chat..."),
+    StatusOut(client, InLanguage(client, {W<"Подключение к чату...">, "Connecting to chat..."}),
               tab);
   if (desktop.ActiveTab() == tab) ShowWindowCaption(client, desktop.TabCaption(tab));
 
@@ -181,8 +182,8 @@ void Winsock1_Connect(Client& client, int tab) {
   }
   StatusOk(client, tab);
   StatusOut(client,
-            RussianOrElse(client, "Проверка имени пользователя и пароля..."_w,
-                          "Veryfing login and password..."),
+            InLanguage(client, {W<"Проверка имени пользователя и пароля...">,
+                                "Veryfing login and password..."}),
             tab);
   session.Winsock1->SendData(LoginRequest(client, session));
 }
@@ -225,14 +226,14 @@ void Winsock1_Error(Client& client, int tab, int number, const Text& description
   session.WatchdogTicks = 0;
   session.Connecting = false;
   StopPersonalNotice(client, tab);
-  ShowTabCaption(client, tab, EnglishOrElse(client, "Error", "Ошибка"_w));
+  ShowTabCaption(client, tab, InLanguage(client, {W<"Ошибка">, "Error"}));
 
   const Text number_in_brackets = " (" + std::to_string(number) + ")";
   const Text reason = LCase(description) + number_in_brackets;
   if (session.Connected) {
     StatusOut(
         client,
-        RussianOrElse(client, "Ошибка соединения. Причина: "_w, "Connection error. Reason: ") +
+        InLanguage(client, {W<"Ошибка соединения. Причина: ">, "Connection error. Reason: "}) +
             reason,
         tab);
     session.Timer1->Enabled(true);
@@ -245,7 +246,7 @@ void Winsock1_Error(Client& client, int tab, int number, const Text& description
   if (number == kTimedOut) russian = "таймаут соединения"_w;
   if (number == kAborted)
     russian = "связь прервана в связи с превышением времени ожидания либо другой ошибкой"_w;
-  StatusOut(client, RussianOrElse(client, russian, reason), StatusMode::kFailed, tab);
+  StatusOut(client, InLanguage(client, {russian, reason}), StatusMode::kFailed, tab);
   if (number == kTimedOut)
     ConnectToChat(client, tab);
   else if (session.EverConnected)

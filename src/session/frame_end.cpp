@@ -1,5 +1,6 @@
 #include "session/frame_end.h"
 
+#include "session/both_languages.h"
 #include "session/channel_list.h"
 #include "session/connect.h"
 #include "session/fault_trap.h"
@@ -23,7 +24,7 @@ void EndChannelList(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   StatusOk(client, tab);
   StatusOut(client, "Построение и форматирование..."_w, tab);
-  ShowTabCaption(client, tab, EnglishOrElse(client, "Channel list", "Список каналов"_w));
+  ShowTabCaption(client, tab, InLanguage(client, {W<"Список каналов">, "Channel list"}));
   StatusOk(client, tab);
   const std::uint32_t session_number = session.SessionNumber;
   GoOnAfterFault(client, ". Function: Winsock1_Close", [&] { ShowChannelList(client, tab); });
@@ -47,7 +48,7 @@ void EndFrame(Client& client, int tab) {
   session.Rich_Users.Text("");
   session.Rich_Server.Text("");
   session.CloseHandled = true;
-  ShowTabCaption(client, tab, EnglishOrElse(client, "Disconnected", "Отключено"_w));
+  ShowTabCaption(client, tab, InLanguage(client, {W<"Отключено">, "Disconnected"}));
   session.Timer3->Enabled(false);
   session.WatchdogTicks = 0;
 
@@ -57,7 +58,7 @@ void EndFrame(Client& client, int tab) {
   }
   if (session.EjectSeen) {  // the service's own command to go
     session.EjectSeen = false;
-    StatusOut(client, RussianOrElse(client, "Аварийное катапультирование"_w, "Alarm catapulting"),
+    StatusOut(client, InLanguage(client, {W<"Аварийное катапультирование">, "Alarm catapulting"}),
               tab);
     return;
   }
@@ -85,7 +86,7 @@ void Timer3_Timer(Client& client, int tab) {
   session.WatchdogTicks = 0;
   StatusOut(
       client,
-      RussianOrElse(client, "Чат не отвечает, реконнект"_w, "Chat did not responding, reconnect"),
+      InLanguage(client, {W<"Чат не отвечает, реконнект">, "Chat did not responding, reconnect"}),
       tab);
   ConnectToChat(client, tab);
 }

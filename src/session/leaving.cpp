@@ -1,5 +1,6 @@
 #include "session/leaving.h"
 
+#include "session/both_languages.h"
 #include "session/channel_list.h"
 #include "session/fault_trap.h"
 #include "session/http_answer.h"
@@ -58,7 +59,7 @@ void Winsock5_Close(Client& client, int tab) {
     const std::uint32_t session_number = session.SessionNumber;
     GoOnAfterFault(client, ". Function: Winsock5_Close", [&] { ShowChannelList(client, tab); });
     if (session.SessionNumber != session_number) return;
-    ShowTabCaption(client, tab, EnglishOrElse(client, "Channel list", "Список каналов"_w));
+    ShowTabCaption(client, tab, InLanguage(client, {W<"Список каналов">, "Channel list"}));
     session.IsChannelList = true;
   }
   if (session.LogoffPending) StatusOut(client, "Вы вышли из чата"_w, tab);

@@ -6,9 +6,7 @@ namespace parlorwire {
 
 void NoticePersonalMessage(Client& client, int tab) {
   Timer& blink = *client.tab(tab).Timer2;
-  if (!blink.Enabled())
-    StatusOut(client, Text(client.Russian() ? kPersonalNoticeRussian : kPersonalNoticeEnglish),
-              tab);
+  if (!blink.Enabled()) StatusOut(client, InLanguage(client, kPersonalNotice), tab);
   blink.Enabled(true);
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "session/both_languages.h"
 #include "session/personal_notice.h"
 #include "session/writer_selection.h"
 #include "text/cut.h"
@@ -61,13 +62,13 @@ void StatusOut(Client& client, const Text& text, StatusMode mode, int tab) {
     SelectPaneEnd(client, std::max<PanePosition>(rich.Length() - kLineBreak, 0), rich.Length(),
                   tab);
     line =
-        mode == StatusMode::kOk ? " Ok." : RussianOrElse(client, " Ошибка: "_w, " Failed: ") + text;
+        mode == StatusMode::kOk ? " Ok." : InLanguage(client, {W<" Ошибка: ">, " Failed: "}) + text;
     client.hooks.LogChatLine(line + "\r\n", channel);
   }
   rich.ReplaceSel(line + "\r\n");
 
   if (mode == StatusMode::kLine &&
-      (text == kPersonalNoticeRussian || text == kPersonalNoticeEnglish))
+      (text == kPersonalNotice.russian || text == kPersonalNotice.english))
     MarkPersonalNotice(client, tab);
 
   const PaneScrollInfo scroll = rich.GetScrollInfo();
@@ -84,14 +85,6 @@ void ShowTabCaption(Client& client, int tab, const Text& caption) {
 void ShowWindowCaption(Client& client, const Text& caption) {
   client.platform.desktop.SetWindowCaption(caption + " - Parlorwire");
   client.hooks.SetTabTitle(caption + " - Parlorwire");
-}
-
-Text RussianOrElse(const Client& client, const Text& russian, const Text& english) {
-  return client.Russian() ? russian : english;
-}
-
-Text EnglishOrElse(const Client& client, const Text& english, const Text& russian) {
-  return client.English() ? english : russian;
 }
 
 }  // namespace parlorwire

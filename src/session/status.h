@@ -29,9 +29,4 @@ void ShowTabCaption(Client& client, int tab, const Text& caption);
 // The window's caption, `caption` + " - Parlorwire", and the tip of the tray icon.
 void ShowWindowCaption(Client& client, const Text& caption);
 
-// `russian` or `english`, by the question "is it Russian".
-Text RussianOrElse(const Client& client, const Text& russian, const Text& english);
-// The same by the question "is it English".
-Text EnglishOrElse(const Client& client, const Text& english, const Text& russian);
-
 }  // namespace parlorwire

@@ -20,10 +20,6 @@ constexpr BothLanguages kEnterNick{W<"Пожалуйста, введите Ва�
 constexpr BothLanguages kEnterPassword{W<"Пожалуйста, введите Ваш пароль">,
                                        "Please, enter your password"};
 
-Text InLanguage(const Client& client, const BothLanguages& text) {
-  return Text(text.In(client.app.Language));
-}
-
 Text Numbered(std::string_view key, int number) {
   return Text(key) + std::to_string(number);
 }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "session/client.h"
-#include "shell/both_languages.h"
+#include "shell/control_text.h"
 
 namespace parlorwire {
 

@@ -40,7 +40,7 @@ bool ApplyProxyForm(Client& client) {
   const bool incomplete =
       TrimView(controls.proxy_addr).empty() || TrimView(controls.proxy_port).empty();
   if (controls.use_proxy && incomplete) {
-    const Text question(kDoWithoutProxy.In(client.app.Language));
+    const Text question = InLanguage(client, kDoWithoutProxy);
     if (!client.platform.desktop.AskYesNo(question, BoxIcon::kExclamation)) return false;
     controls.use_proxy = false;
   }

@@ -5,7 +5,7 @@
 #include <array>
 
 #include "session/client.h"
-#include "shell/both_languages.h"
+#include "shell/control_text.h"
 
 namespace parlorwire {
 

@@ -32,7 +32,8 @@ void ReadEndpoint(Client& client) {
 }
 
 void ReadLanguage(Client& client) {
-  SetLanguage(client, ReadIni(client, "Main", "Language") == "English" ? 2 : 1);
+  const bool english = ReadIni(client, "Main", "Language") == "English";
+  SetLanguage(client, english ? UiLanguage::kEnglish : UiLanguage::kRussian);
 }
 
 void ReadBot(Client& client) {
@@ -130,7 +131,7 @@ void ReadBotFiles(Client& client) {
 
 void ShowNotConnected(Client& client) {
   Desktop& desktop = client.platform.desktop;
-  const Text caption(kNotConnectedText.In(client.app.Language));
+  const Text caption = InLanguage(client, kNotConnectedText);
   desktop.SetTabCaption(desktop.ActiveTab(), caption);
   desktop.SetWindowCaption(caption + " - Parlorwire");
   client.hooks.SetTabTitle(caption + " - Parlorwire");
@@ -160,19 +161,18 @@ WindowPlace LoadStep(Client& client, const WindowMeasures& measures) {
   return place;
 }
 
-void SetLanguage(Client& client, int language) {
-  if (language != 1 && language != 2) return;
-  client.app.Language = static_cast<UiLanguage>(language);
+void SetLanguage(Client& client, UiLanguage language) {
+  client.app.Language = language;
   client.platform.desktop.ShowLanguage(language);
 }
 
 void rus(Client& client) {
-  SetLanguage(client, 1);
+  SetLanguage(client, UiLanguage::kRussian);
   WriteIni(client, "Main", "Language", "Russian");
 }
 
 void eng(Client& client) {
-  SetLanguage(client, 2);
+  SetLanguage(client, UiLanguage::kEnglish);
   WriteIni(client, "Main", "Language", "English");
 }
 

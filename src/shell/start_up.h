@@ -1,8 +1,8 @@
 // What the load step of `client_main` decides, and the choice of language.
 #pragma once
 
+#include "session/both_languages.h"
 #include "session/client.h"
-#include "shell/both_languages.h"
 
 namespace parlorwire {
 
@@ -32,9 +32,9 @@ struct WindowMeasures {
 // fails.
 WindowPlace LoadStep(Client& client, const WindowMeasures& measures);
 
-// 1 Russian, 2 English; any other number does nothing. The fixed texts follow by
-// Desktop::ShowLanguage, which also moves the check mark between `rus` and `eng`.
-void SetLanguage(Client& client, int language);
+// The fixed texts follow by Desktop::ShowLanguage, which also moves the check mark between `rus`
+// and `eng`.
+void SetLanguage(Client& client, UiLanguage language);
 
 // The menu items `rus` and `eng`: sets the language and writes it to config.ini at once.
 void rus(Client& client);

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "session/both_languages.h"
 #include "session/connect.h"
 #include "session/fault_trap.h"
 #include "session/personal_notice.h"
 #include "session/status.h"
-#include "shell/both_languages.h"
 #include "shell/start_up.h"
 
 namespace parlorwire {
@@ -51,10 +51,10 @@ void AddTab(Client& client) {
   while (added < kTabCount && desktop.TabVisible(added))
     ++added;
   if (added == kTabCount) {
-    desktop.MessageBox(Text(kNoMoreTabs.In(client.app.Language)), BoxIcon::kExclamation);
+    desktop.MessageBox(InLanguage(client, kNoMoreTabs), BoxIcon::kExclamation);
     return;
   }
-  const Text caption(kNotConnectedText.In(client.app.Language));
+  const Text caption = InLanguage(client, kNotConnectedText);
   desktop.SetTabCaption(added, caption);
   ShowWindowCaption(client, caption);
   client.tab(added).Rich.Text("");
@@ -116,8 +116,7 @@ bool AnyTabInUse(const Client& client) {
 }
 
 bool AskToQuit(Client& client) {
-  return client.platform.desktop.AskYesNo(Text(kQuitQuestion.In(client.app.Language)),
-                                          BoxIcon::kQuestion);
+  return client.platform.desktop.AskYesNo(InLanguage(client, kQuitQuestion), BoxIcon::kQuestion);
 }
 
 void SayUseOp_Click(Client& client, bool ticked) {

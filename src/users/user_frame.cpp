@@ -4,6 +4,7 @@
 
 #include "display/pane_output.h"
 #include "display/rank_colour.h"
+#include "session/both_languages.h"
 #include "session/fault_trap.h"
 #include "session/http_answer.h"
 #include "session/http_request.h"
@@ -19,14 +20,13 @@ namespace {
 
 constexpr std::string_view kBlankLines = "\r\n\r\n";
 
-void AppendNote(Client& client, const Text& russian, const Text& english, int tab) {
+void AppendNote(Client& client, const BothLanguages& note, int tab) {
   const FontSystem& font = client.app.rFontSystem;
   PaneFormat format = PlainFormat(font.Name, font.Size, font.TextColor);
   format.underline = true;
   format.bold = font.Bold;
   format.italic = font.Italic;
-  const Text& note = client.Russian() ? russian : english;
-  WriteAtUsersPaneEnd(client, Text(kBlankLines) + note, format, tab);
+  WriteAtUsersPaneEnd(client, Text(kBlankLines) + InLanguage(client, note), format, tab);
 }
 
 bool IsChannelListPage(std::string_view answer) {
@@ -112,7 +112,7 @@ void UpdateUsersFrame(Client& client, int tab) {
   client.platform.desktop.SetUsersNumCaption(tab, "");
   const SocketState state = session.Winsock3->State();
   if (state == SocketState::kClosing || state == SocketState::kClosed)
-    AppendNote(client, " Обновление фрейма..."_w, " Updating...", tab);
+    AppendNote(client, {W<" Обновление фрейма...">, " Updating..."}, tab);
   session.Winsock3->Close();
   PassOverFault([&] { ConnectToService(client, *session.Winsock3); });
 }
@@ -142,7 +142,7 @@ void Winsock3_Close(Client& client, int tab) {
     LogFault(client, fault,
              listed ? ". Function: SayBotFunction."
                     : ". Function: Winsock3_Close. Debug info:\r\n!" + answer + "!");
-    AppendNote(client, " Ошибка при обновлениии фрейма"_w, " Error updating", tab);
+    AppendNote(client, {W<" Ошибка при обновлениии фрейма">, " Error updating"}, tab);
   }
 }
 

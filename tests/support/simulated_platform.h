@@ -175,7 +175,7 @@ class SimulatedDesktop : public Desktop {
   void SetSayUseOp(bool checked, bool enabled) override;
   void MessageBox(const Text& text, BoxIcon icon) override;
   bool AskYesNo(const Text& text, BoxIcon icon) override;
-  void ShowLanguage(int language) override { shown_language = language; }
+  void ShowLanguage(UiLanguage language) override { shown_language = language; }
 
   Tab& at(int tab) { return tabs.at(static_cast<std::size_t>(tab)); }
   const Tab& at(int tab) const { return tabs.at(static_cast<std::size_t>(tab)); }
@@ -193,7 +193,7 @@ class SimulatedDesktop : public Desktop {
   bool say_use_op_enabled = false;
   std::vector<Box> boxes;
   std::deque<bool> answers;  // to AskYesNo, in order; false when used up
-  int shown_language = 0;
+  std::optional<UiLanguage> shown_language;
   int yields = 0;
   int users_num_updates = 0;
   std::function<void()> on_yield;  // what happens in the event loop when the logic yields

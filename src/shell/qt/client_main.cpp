@@ -247,10 +247,10 @@ void client_main::ShowActiveSlot() {
   ShowPanels(controls, client_);
 }
 
-void client_main::ShowLanguage(int language) {
-  const bool russian = language == 1;
-  SetMainLanguage(controls, russian);
-  menu_->SetLanguage(russian);
+void client_main::ShowLanguage(UiLanguage language) {
+  const bool russian = language == UiLanguage::kRussian;
+  SetMainLanguage(controls, language);
+  menu_->SetLanguage(language);
   ShowPanels(controls, client_);
   PlaceControls();
   QCoreApplication::removeTranslator(&toolkit_russian_);

@@ -43,7 +43,7 @@ class client_main : public QMainWindow {
 
   // ---- for the port ----
   void ShowActiveSlot();
-  void ShowLanguage(int language);
+  void ShowLanguage(UiLanguage language);
   MainControls controls;
   std::array<Text, kTabCount> tab_captions;
 

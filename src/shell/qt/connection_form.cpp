@@ -150,8 +150,11 @@ void connection_form::Build() {
 }
 
 void connection_form::SetTexts() {
-  const auto set = [this](const ControlText& entry) {
-    const QString text = ToQString(entry.text.In(client_.app.Language));
+  const auto in_language = [this](const BothLanguages& text) {
+    return ToQString(InLanguage(client_, text));
+  };
+  const auto set = [&](const ControlText& entry) {
+    const QString text = in_language(entry.text);
     const auto name = QString::fromLatin1(entry.control.data(), qsizetype(entry.control.size()));
     if (auto* label = findChild<QLabel*>(name)) label->setText(text);
     if (auto* button = findChild<QAbstractButton*>(name)) {
@@ -161,20 +164,17 @@ void connection_form::SetTexts() {
   };
   for (const ControlText& entry : kLoginDialogTexts)
     set(entry);
-  const bool russian = client_.Russian();
-  setWindowTitle(russian ? ToQString("Вход в чат"_w) : QStringLiteral("Log in"));
-  button_connect_->setText(russian ? ToQString("&Подключиться"_w) : QStringLiteral("&Connect"));
-  button_getAccount_->setText(russian ? ToQString("П&олучить ник"_w)
-                                      : QStringLiteral("&Get a nickname"));
+  setWindowTitle(in_language({W<"Вход в чат">, "Log in"}));
+  button_connect_->setText(in_language({W<"&Подключиться">, "&Connect"}));
+  button_getAccount_->setText(in_language({W<"П&олучить ник">, "&Get a nickname"}));
   SayControl(this, windowTitle());
   SayControl(button_connect_, button_connect_->text());
   SayControl(button_getAccount_, button_getAccount_->text());
-  SayControl(login_, russian ? ToQString("Логин"_w) : QStringLiteral("Login"));
+  SayControl(login_, in_language({W<"Логин">, "Login"}));
   SayControl(login_->lineEdit(), login_->accessibleName());
-  SayControl(pass_, russian ? ToQString("Пароль"_w) : QStringLiteral("Password"));
-  SayControl(room_, russian ? ToQString("Канал"_w) : QStringLiteral("Room"));
-  SayControl(channel_pwd_input_,
-             russian ? ToQString("Пароль канала"_w) : QStringLiteral("Channel password"));
+  SayControl(pass_, in_language({W<"Пароль">, "Password"}));
+  SayControl(room_, in_language({W<"Канал">, "Room"}));
+  SayControl(channel_pwd_input_, in_language({W<"Пароль канала">, "Channel password"}));
   for (QLabel* label :
        {l_login_, l_pass_, l_room_, l_channel_pwd_, l_primechanie_, l_primechanie1_})
     SayControl(label, label->text());

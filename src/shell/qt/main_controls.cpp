@@ -10,6 +10,7 @@
 
 #include "pane/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
+#include "session/both_languages.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/ground.h"
@@ -136,20 +137,20 @@ void ShowSlot(const MainControls& c, int slot) {
   c.ground->ShowHint(!any);
 }
 
-void SetMainLanguage(const MainControls& c, bool russian) {
-  const auto choose = [russian](const Text& in_russian, const char* in_english) {
-    return russian ? ToQString(in_russian) : QString::fromLatin1(in_english);
+void SetMainLanguage(const MainControls& c, UiLanguage language) {
+  const auto in_language = [language](const BothLanguages& text) {
+    return ToQString(text.In(language));
   };
   for (const TabControls& tab : c.tabs)
-    SetTabLanguage(tab, russian);
-  c.button_connect_main->setText(choose("&Войти в чат"_w, "&Log in"));
+    SetTabLanguage(tab, language);
+  c.button_connect_main->setText(in_language({W<"&Войти в чат">, "&Log in"}));
   SayControl(c.button_connect_main, c.button_connect_main->text());
-  SayControl(c.SSTab, choose("Табы"_w, "Tabs"));
-  SayControl(c.SayUseOp, choose("Говорить операторам"_w, "Say to the operators"));
+  SayControl(c.SSTab, in_language({W<"Табы">, "Tabs"}));
+  SayControl(c.SayUseOp, in_language({W<"Говорить операторам">, "Say to the operators"}));
   c.SayUseOp->setToolTip(c.SayUseOp->accessibleName());
-  SayControl(c.ground, choose("Чат"_w, "Chat"));
-  c.ground->Hint(choose("Нажмите «Войти в чат», чтобы выбрать ник и канал."_w,
-                        "Press \"Log in\" to choose a nickname and a channel."));
+  SayControl(c.ground, in_language({W<"Чат">, "Chat"}));
+  c.ground->Hint(in_language({W<"Нажмите «Войти в чат», чтобы выбрать ник и канал.">,
+                              "Press \"Log in\" to choose a nickname and a channel."}));
 }
 
 void ShowPanels(const MainControls& c, const Client& client) {
@@ -161,7 +162,7 @@ void ShowPanels(const MainControls& c, const Client& client) {
   int visible = 0;
   for (int slot = 0; slot < kTabCount; ++slot)
     visible += c.SSTab->TabVisible(slot) ? 1 : 0;
-  const Text label = client.Russian() ? "Табы: "_w : Text("Tabs: ");
+  const Text label = InLanguage(client, {W<"Табы: ">, "Tabs: "});
   show(c.panels[1], label + std::to_string(visible) + "/" + std::to_string(kTabCount));
 }
 

@@ -50,7 +50,7 @@ void OrderMainControls(const MainControls& controls);
 void ShowSlot(const MainControls& controls, int slot);
 
 // The texts that have a form in each language.
-void SetMainLanguage(const MainControls& controls, bool russian);
+void SetMainLanguage(const MainControls& controls, UiLanguage language);
 
 // What the panels say of the client.
 void ShowPanels(const MainControls& controls, const Client& client);

@@ -10,7 +10,7 @@
 
 #include "display/fonts.h"
 #include "platform/qt/text_conversion.h"
-#include "shell/both_languages.h"
+#include "session/both_languages.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/font_and_color.h"
 #include "shell/start_up.h"
@@ -127,8 +127,8 @@ void MainMenu::BuildBot(QMenu* menu) {
       [this] { client_.app.SayIPAndFlags = !client_.app.SayIPAndFlags; }, true);
 }
 
-void MainMenu::SetLanguage(bool russian) {
-  const char* caption = russian ? kRussian : kEnglish;
+void MainMenu::SetLanguage(UiLanguage language) {
+  const char* caption = language == UiLanguage::kRussian ? kRussian : kEnglish;
   for (auto* item : window_->findChildren<QAction*>()) {
     const QVariant text = item->property(caption);
     if (text.isValid()) item->setText(text.toString());
@@ -144,8 +144,8 @@ void MainMenu::ShowChecks() {
     if (auto* item = window_->findChild<QAction*>(QString::fromLatin1(name)))
       item->setChecked(checked);
   };
-  check("rus", client_.Russian());
-  check("eng", client_.English());
+  check("rus", app.Language == UiLanguage::kRussian);
+  check("eng", app.Language == UiLanguage::kEnglish);
   check("bold_nicks", app.rFontMain.Bold);
   check("bold_time", app.rFontMain.TimeBold);
   check("akick_enabled", app.AutoKick);

@@ -19,7 +19,7 @@ class MainMenu : public QObject {
  public:
   MainMenu(Client& client, QMainWindow* window, std::function<void()> leave);
 
-  void SetLanguage(bool russian);
+  void SetLanguage(UiLanguage language);
   // The check marks, from the client.
   void ShowChecks();
 

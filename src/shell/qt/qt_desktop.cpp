@@ -153,7 +153,7 @@ bool QtDesktop::AskYesNo(const Text& text, BoxIcon icon) {
   return window_ && AskInMessageBox(BoxOwner(window_), text, icon);
 }
 
-void QtDesktop::ShowLanguage(int language) {
+void QtDesktop::ShowLanguage(UiLanguage language) {
   if (window_) window_->ShowLanguage(language);
 }
 

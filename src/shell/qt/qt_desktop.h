@@ -47,7 +47,7 @@ class QtDesktop : public Desktop {
   void MessageBox(const Text& text, BoxIcon icon) override;
   bool AskYesNo(const Text& text, BoxIcon icon) override;
 
-  void ShowLanguage(int language) override;
+  void ShowLanguage(UiLanguage language) override;
 
  private:
   client_main* window_ = nullptr;

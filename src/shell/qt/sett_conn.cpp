@@ -127,17 +127,19 @@ void sett_conn::Build() {
 }
 
 void sett_conn::SetTexts() {
+  const auto in_language = [this](const BothLanguages& text) {
+    return ToQString(InLanguage(client_, text));
+  };
   for (const ControlText& entry : kProxyFormTexts) {
-    const QString text = ToQString(entry.text.In(client_.app.Language));
+    const QString text = in_language(entry.text);
     const auto name = QString::fromLatin1(entry.control.data(), qsizetype(entry.control.size()));
     if (name == QLatin1String("window")) setWindowTitle(text);
     if (name == QLatin1String("frame")) frame_->setTitle(text);
     if (auto* label = findChild<QLabel*>(name)) label->setText(text);
     if (auto* box = findChild<QCheckBox*>(name)) box->setText(text);
   }
-  const bool russian = client_.Russian();
-  button_apply_->setText(russian ? ToQString("&Применить"_w) : QStringLiteral("&Apply"));
-  button_cancel_->setText(russian ? ToQString("&Отмена"_w) : QStringLiteral("&Cancel"));
+  button_apply_->setText(in_language({W<"&Применить">, "&Apply"}));
+  button_cancel_->setText(in_language({W<"&Отмена">, "&Cancel"}));
   SayControl(this, windowTitle());
   SayControl(frame_, frame_->title());
   for (auto* button : findChildren<QAbstractButton*>())

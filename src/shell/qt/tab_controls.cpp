@@ -8,6 +8,7 @@
 
 #include "pane/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
+#include "session/both_languages.h"
 #include "session/tab_session.h"
 #include "shell/client_main_layout.h"
 #include "shell/qt/control_names.h"
@@ -116,32 +117,32 @@ void PaintFrame(const TabControls& c, PaneColour ground) {
   c.frame_button_update->setPalette(palette);
 }
 
-void SetTabLanguage(const TabControls& c, bool russian) {
-  const auto choose = [russian](const Text& in_russian, const char* in_english) {
-    return russian ? ToQString(in_russian) : QString::fromLatin1(in_english);
+void SetTabLanguage(const TabControls& c, UiLanguage language) {
+  const auto in_language = [language](const BothLanguages& text) {
+    return ToQString(text.In(language));
   };
-  const UiLanguage language = russian ? UiLanguage::kRussian : UiLanguage::kEnglish;
-  c.StopScroll->setText(ToQString(kStopScrollText.In(language)));
-  c.pers->setText(ToQString(kPersText.In(language)));
-  c.button_say->setText(choose("С&казать"_w, "Sa&y"));
-  c.button_clear->setText(choose("С&тереть"_w, "&Clear"));
+  c.StopScroll->setText(in_language(kStopScrollText));
+  c.pers->setText(in_language(kPersText));
+  c.button_say->setText(in_language({W<"С&казать">, "Sa&y"}));
+  c.button_clear->setText(in_language({W<"С&тереть">, "&Clear"}));
   for (RichTextView* view : {c.Rich, c.Rich_Users, c.Rich_Server})
-    view->SetRussian(russian);
-  c.button_update->setText(choose("&Обновить"_w, "&Update"));
+    view->SetRussian(language == UiLanguage::kRussian);
+  c.button_update->setText(in_language({W<"&Обновить">, "&Update"}));
 
-  SayControl(c.Rich, choose("Сообщения"_w, "Messages"));
-  SayControl(c.Rich_Users, choose("Пользователи"_w, "Users"));
-  SayControl(c.Rich_Server, choose("Ответ чата"_w, "Answer of the chat"));
-  SayControl(c.line_razdel, choose("Граница списка пользователей"_w, "Edge of the user list"));
-  SayControl(c.frame_button_update, choose("Список пользователей"_w, "User list"));
-  SayControl(c.users_num, choose("Число пользователей"_w, "Number of users"));
-  SayControl(c.intonacia, choose("Интонация"_w, "Tone"));
-  SayControl(c.msg, choose("Сообщение"_w, "Message"));
+  SayControl(c.Rich, in_language({W<"Сообщения">, "Messages"}));
+  SayControl(c.Rich_Users, in_language({W<"Пользователи">, "Users"}));
+  SayControl(c.Rich_Server, in_language({W<"Ответ чата">, "Answer of the chat"}));
+  SayControl(c.line_razdel,
+             in_language({W<"Граница списка пользователей">, "Edge of the user list"}));
+  SayControl(c.frame_button_update, in_language({W<"Список пользователей">, "User list"}));
+  SayControl(c.users_num, in_language({W<"Число пользователей">, "Number of users"}));
+  SayControl(c.intonacia, in_language({W<"Интонация">, "Tone"}));
+  SayControl(c.msg, in_language({W<"Сообщение">, "Message"}));
   SayControl(c.StopScroll, c.StopScroll->text());
   SayControl(c.pers, c.pers->text());
   SayControl(c.button_say, c.button_say->text());
-  SayControl(c.button_clear, choose("Стереть сообщение"_w, "Clear the message"));
-  SayControl(c.button_update, choose("Обновить список"_w, "Update the user list"));
+  SayControl(c.button_clear, in_language({W<"Стереть сообщение">, "Clear the message"}));
+  SayControl(c.button_update, in_language({W<"Обновить список">, "Update the user list"}));
 }
 
 void PlaceTabControls(const TabControls& c, const SharedPlaces& shared, const SlotPlaces& slot) {

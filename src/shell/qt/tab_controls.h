@@ -8,6 +8,7 @@ class QLabel;
 class QWidget;
 
 #include "pane/rich_text_box.h"
+#include "platform/desktop.h"
 
 namespace parlorwire {
 
@@ -48,7 +49,7 @@ void EnableTabControls(const TabControls& controls, bool enabled);
 void PaintFrame(const TabControls& controls, PaneColour ground);
 
 // The texts and spoken names that have a form in each language.
-void SetTabLanguage(const TabControls& controls, bool russian);
+void SetTabLanguage(const TabControls& controls, UiLanguage language);
 
 // All but the row under the tab.
 void PlaceTabControls(const TabControls& controls, const SharedPlaces& shared,

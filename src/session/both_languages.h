@@ -1,12 +1,14 @@
-// A text with a Russian and an English form.
+// A text with a Russian and an English form: how everything that changes with the language is said.
 #pragma once
 
 #include <string_view>
 
-#include "session/app_state.h"
+#include "platform/desktop.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 struct BothLanguages {
   std::string_view russian;
@@ -17,10 +19,7 @@ struct BothLanguages {
   }
 };
 
-// The text of a control, which bears the name `control`.
-struct ControlText {
-  std::string_view control;
-  BothLanguages text;
-};
+// The form in the client's language: InLanguage(client, {W<"Отключено">, "Disconnected"}).
+Text InLanguage(const Client& client, const BothLanguages& text);
 
 }  // namespace parlorwire
