@@ -24,9 +24,9 @@ struct FrameEnd : testing::Test {
     chat.tab(1).Channel = "hall";
     chat.EnterChannel(1);
   }
+  Chat chat;
   SimulatedDesktop& desktop = chat.platform.desktop;
   std::vector<Text> said;
-  Chat chat;
 };
 
 // ---- the end of a frame ----
