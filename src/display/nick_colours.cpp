@@ -3,6 +3,7 @@
 #include "display/fonts.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
+#include "text/fault.h"
 
 namespace parlorwire {
 namespace {
@@ -15,6 +16,11 @@ PaneColour RandomColour(Random& random) {
   const auto green = static_cast<unsigned>(random.Next() * 156 + 100);
   const auto blue = static_cast<unsigned>(random.Next() * 256);
   return Rgb(red, green, blue);
+}
+
+// A file beyond the limit counts as one that can't be read.
+void RefuseHuge(const Files& files) {
+  if (files.Size(kCmIni) > kLargestConfigFile) throw Fault(fault::kPathFileAccess);
 }
 
 }  // namespace
@@ -36,14 +42,21 @@ PaneColour LookupMessageColor(Client& client, std::string_view nick) {
 void LoadNickColours(Client& client) {
   Files& files = client.platform.files;
   Text text;
-  PassOverFault([&] {
-    if (files.Exists(kCmIni) && files.Size(kCmIni) <= kLargestConfigFile) text = files.Read(kCmIni);
+  client.app.CmIniUnknown = !PassOverFault([&] {
+    if (!files.Exists(kCmIni)) return;
+    RefuseHuge(files);
+    text = files.Read(kCmIni);
   });
   client.app.CmIniText.Assign(text);
 }
 
 void SaveNickColours(Client& client) {
-  PassOverFault([&] { client.platform.files.WriteAt(kCmIni, 1, client.app.CmIniText.text()); });
+  if (client.app.CmIniUnknown) return;
+  Files& files = client.platform.files;
+  PassOverFault([&] {
+    if (files.Exists(kCmIni)) RefuseHuge(files);
+    files.WriteAt(kCmIni, 1, client.app.CmIniText.text());
+  });
 }
 
 void change_message_color(Client& client, const Text& nick, PaneColour colour) {

@@ -13,11 +13,12 @@ namespace parlorwire {
 PaneColour LookupMessageColor(Client& client, std::string_view nick);
 
 // `CmIniText` from "CM.ini"; empty if there is no such file, if it can't be read, or if it is
-// larger than 16 MiB.
+// larger than 16 MiB. A file of the last two kinds is left alone from then on.
 void LoadNickColours(Client& client);
 
 // Writes `CmIniText` to "CM.ini" from its first byte on. What an older and longer text left behind
-// the new one stays. Failures are ignored.
+// the new one stays. A file that could not be loaded, or that has grown beyond 16 MiB, is not
+// written. Failures are ignored.
 void SaveNickColours(Client& client);
 
 // The menu command of that name on `nick`, with the colour that was chosen, for the active tab. On

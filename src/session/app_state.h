@@ -100,7 +100,8 @@ struct AppState {
   RichColors rRichColors;
   PaneColour MainBackColor = Rgb(233, 235, 231);
 
-  NickColours CmIniText;  // the text of CM.ini: the colours of nicks
+  NickColours CmIniText;      // the text of CM.ini: the colours of nicks
+  bool CmIniUnknown = false;  // the file could not be read, so it is not written either
 
   // Saved logins, by the number in their keys. The list of nicks that the dialog shows skips empty
   // nicks, so its positions and these numbers may part.

@@ -101,6 +101,37 @@ TEST_F(MessageColor, AnUnreadableOrHugeFileGivesAnEmptyTable) {
   EXPECT_EQ(table(), "");
 }
 
+TEST_F(MessageColor, AFileThatCouldNotBeReadIsNeverWritten) {
+  client.tab(0).Login = "me";
+  file() = "bob=5 al=1";
+  platform.files.unreadable.insert("CM.ini");
+  LoadNickColours(client);
+  platform.files.unreadable.clear();  // who could read it now would still not know the colours
+  change_message_color(client, "carl", 7);
+  SaveNickColours(client);
+  EXPECT_EQ(table(), "carl=7");
+  EXPECT_EQ(file(), "bob=5 al=1");
+  EXPECT_EQ(platform.files.writes, 0);
+  LoadNickColours(client);
+  change_message_color(client, "bob", 7);
+  EXPECT_EQ(file(), "bob=7 al=1");
+}
+
+TEST_F(MessageColor, AHugeFileIsNeverWritten) {
+  const Text huge(static_cast<std::size_t>(kLargestConfigFile) + 1, 'x');
+  file() = huge;
+  LoadNickColours(client);
+  client.app.CmIniText.Assign("bob=5");
+  SaveNickColours(client);
+  EXPECT_TRUE(file() == huge);
+  file() = "";
+  LoadNickColours(client);
+  file() = huge;  // has grown since
+  SaveNickColours(client);
+  EXPECT_TRUE(file() == huge);
+  EXPECT_EQ(platform.files.writes, 0);
+}
+
 TEST_F(MessageColor, GarbageInTheFileStaysBehindTheNewEntries) {
   file() = "\xFF\x00= = \r\n bob 1=";
   LoadNickColours(client);
@@ -122,6 +153,9 @@ TEST_F(MessageColor, AWriteThatFailsIsIgnored) {
   client.app.CmIniText.Assign("bob=2");
   SaveNickColours(client);
   EXPECT_EQ(file(), "bob=1");
+  platform.files.write_fault.reset();
+  SaveNickColours(client);
+  EXPECT_EQ(file(), "bob=2");
 }
 
 TEST_F(MessageColor, ANewColourOfAnotherNickGoesToTheFrontAndToTheFileAtOnce) {
