@@ -1,13 +1,18 @@
 #include "platform/posix/posix_files.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <limits>
+#include <optional>
+#include <string>
+#include <system_error>
 #include <utility>
 
 #include "text/fault.h"
@@ -101,6 +106,27 @@ void AppendUtf8(std::string& utf8, char16_t character) {
   }
 }
 
+// What ends the name of a file that a process writes beside another.
+std::string MarkOf(pid_t process) {
+  return "~" + std::to_string(process);
+}
+
+// The process that such a name names; nothing for any other name.
+std::optional<pid_t> WriterOf(std::string_view name) {
+  constexpr pid_t kLastProcess = 1 << 22;  // of the system
+  const std::size_t mark = name.rfind('~');
+  if (mark == std::string_view::npos || mark == 0) return std::nullopt;
+  pid_t process = 0;
+  std::from_chars(name.data() + mark + 1, name.data() + name.size(), process);
+  if (process < 1 || process > kLastProcess || name.substr(mark) != MarkOf(process))
+    return std::nullopt;
+  return process;
+}
+
+bool Lives(pid_t process) {
+  return kill(process, 0) == 0 || errno != ESRCH;
+}
+
 // Writes the new content beside the file. The file itself is as before, whatever happens here.
 void WriteBeside(const Path& path, const Path& beside, const Text& content) {
   OpenFile file(beside, O_WRONLY | O_CREAT | O_TRUNC);
@@ -178,7 +204,7 @@ void PosixFiles::Replace(const Text& name, const Text& content) {
   const Path path = PathOf(name);
   if (access(path.c_str(), W_OK) != 0 && errno != ENOENT) Fail(errno);
   Path beside = path;
-  beside += "~" + std::to_string(getpid());
+  beside += MarkOf(getpid());
   try {
     WriteBeside(path, beside, content);
     if (rename(beside.c_str(), path.c_str()) != 0) Fail(errno);
@@ -229,6 +255,18 @@ void PosixFiles::MakeFolder(const Text& name) {
   struct stat status{};
   if (error == EEXIST && stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) return;
   FailOn(path, error);
+}
+
+void PosixFiles::RemoveLeftovers() const {
+  std::error_code error;
+  std::filesystem::directory_iterator entry(folder_, error);
+  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+    const std::optional<pid_t> writer = WriterOf(entry->path().filename().native());
+    if (!writer || Lives(*writer)) continue;
+    struct stat status{};
+    if (lstat(entry->path().c_str(), &status) != 0) continue;
+    if (S_ISREG(status.st_mode) && status.st_uid == geteuid()) unlink(entry->path().c_str());
+  }
 }
 
 }  // namespace parlorwire

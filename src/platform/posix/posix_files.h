@@ -12,7 +12,7 @@ namespace parlorwire {
 // - Files are created readable and writable for their owner only, folders likewise: there are
 //   passwords and conversations in them. A mode that somebody gave a file later stays.
 // - Replace writes a file "<name>~<process id>" beside the other, which a process that dies then
-//   leaves behind. A file that may not be written is not replaced either.
+//   leaves behind for RemoveLeftovers. A file that may not be written is not replaced either.
 // - Exists is false for a folder; Read and the writes fail on one with 75.
 // - Read takes files up to 2^31 - 1 bytes; larger ones fail with 75.
 // - With a Later, the file that WriteAt or Append wrote last stays open until the event is over, so
@@ -36,6 +36,10 @@ class PosixFiles : public Files {
   void WriteAt(const Text& name, std::int64_t at, const Text& bytes) override;
   void Append(const Text& name, const Text& bytes) override;
   void MakeFolder(const Text& name) override;
+
+  // Removes what Replace has left behind in the application folder itself: regular files of this
+  // user that bear such a name and whose process is gone. Never fails.
+  void RemoveLeftovers() const;
 
  private:
   struct KeptFile;

@@ -21,7 +21,9 @@ std::filesystem::path NativePath(const QString& path) {
 QtPlatform::QtPlatform(std::filesystem::path application_folder)
     : files(std::move(application_folder), [this](std::function<void()> action) {
         QMetaObject::invokeMethod(&context, std::move(action), Qt::QueuedConnection);
-      }) {}
+      }) {
+  files.RemoveLeftovers();
+}
 
 Platform QtPlatform::Ports(Desktop& desktop) {
   return {files,

@@ -12,7 +12,8 @@
 
 namespace parlorwire {
 
-// Owns what it hands out. Needs a QGuiApplication while it is used.
+// Owns what it hands out. Needs a QGuiApplication while it is used. At its start it removes what
+// killed programs left in the application folder.
 struct QtPlatform {
   // `application_folder` is what DesktopApplicationFolder gives, or any other that is to be used.
   explicit QtPlatform(std::filesystem::path application_folder);

@@ -1,6 +1,7 @@
 #include "platform/posix/posix_files.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -17,6 +18,15 @@ namespace {
 
 int OpenDescriptors() {
   return static_cast<int>(std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}));
+}
+
+// The id of a process that has ended.
+std::string GoneProcess() {
+  const pid_t child = fork();
+  if (child == 0) _exit(0);
+  int status = 0;
+  waitpid(child, &status, 0);
+  return std::to_string(child);
 }
 
 class PosixFilesTest : public testing::Test {
@@ -190,6 +200,74 @@ TEST_F(PosixFilesTest, ReplaceWritesOverWhatADeadProcessLeft) {
   EXPECT_EQ(folder.Entries(), 1);
 }
 
+TEST_F(PosixFilesTest, WhatGoneProcessesLeftBesideAnyFileIsRemoved) {
+  const std::string gone = GoneProcess();
+  for (const char* name : {"config.ini", "error.log", "file", "Канал~1.txt"}) {
+    folder.Put(name, "whole");
+    folder.Put(name + ("~" + gone), "half");
+  }
+  folder.Put("never finished.txt~" + gone, "");
+  files.RemoveLeftovers();
+  for (const char* name : {"config.ini", "error.log", "file", "Канал~1.txt"})
+    EXPECT_EQ(folder.Content(name), "whole");
+  EXPECT_EQ(folder.Entries(), 4);
+}
+
+TEST_F(PosixFilesTest, WhatAProcessThatLivesIsWritingStays) {
+  const std::vector<std::string> names = {"config.ini~" + std::to_string(getpid()),
+                                          "config.ini~" + std::to_string(getppid()),
+                                          "config.ini~1"};
+  for (const std::string& name : names)
+    folder.Put(name, "half");
+  files.RemoveLeftovers();
+  for (const std::string& name : names)
+    EXPECT_EQ(folder.Content(name), "half");
+}
+
+TEST_F(PosixFilesTest, OnlyWhatIsNamedAsALeftoverIsRemoved) {
+  const std::string gone = GoneProcess();
+  const std::vector<std::string> names = {"config.ini",
+                                          "config.ini~",
+                                          "~" + gone,
+                                          "config.ini~0" + gone,
+                                          "config.ini~" + gone + "~",
+                                          "config.ini" + gone,
+                                          "config.ini~-" + gone,
+                                          "config.ini~+" + gone,
+                                          "config.ini~0",
+                                          "config.ini~4194305",
+                                          "config.ini~x" + gone,
+                                          "config.ini~ " + gone,
+                                          "config.ini~" + gone + ".bak",
+                                          "config.ini~20260101",
+                                          "config.ini~99999999999999999999"};
+  for (const std::string& name : names)
+    folder.Put(name, "mine");
+  std::filesystem::create_directory(folder.path() / ("folder~" + gone));
+  std::filesystem::create_symlink("config.ini", folder.path() / ("link~" + gone));
+  files.MakeFolder("Logs");
+  folder.Put("Logs/x.log~" + gone, "not beside the program");
+  files.RemoveLeftovers();
+  for (const std::string& name : names)
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / name)) << name;
+  EXPECT_EQ(folder.Entries(), static_cast<int>(names.size()) + 3);
+  EXPECT_EQ(folder.Content("Logs/x.log~" + gone), "not beside the program");
+}
+
+TEST_F(PosixFilesTest, WhatBelongsToAnotherUserStays) {
+  if (geteuid() != 0) GTEST_SKIP() << "files of another user can't be made here";
+  const std::string name = "config.ini~" + GoneProcess();
+  folder.Put(name, "another's");
+  folder.SetMode("", 0777);
+  EXPECT_EQ(InChildWithoutPrivileges([&] { return FaultOf([&] { files.RemoveLeftovers(); }); }), 0);
+  EXPECT_EQ(folder.Content(name), "another's");
+}
+
+TEST_F(PosixFilesTest, WithoutAnApplicationFolderThereAreNoLeftovers) {
+  const PosixFiles nowhere(folder.path() / "gone");
+  EXPECT_EQ(FaultOf([&] { nowhere.RemoveLeftovers(); }), 0);
+}
+
 TEST_F(PosixFilesTest, AKillInTheMiddleOfReplaceLeavesOneContentWhole) {
   const Text old_content(300'000, 'o'), new_content(200'000, 'n');
   files.Replace("file", old_content);
@@ -202,6 +280,8 @@ TEST_F(PosixFilesTest, AKillInTheMiddleOfReplaceLeavesOneContentWhole) {
     const Text content = files.Read("file");
     ASSERT_TRUE(content == old_content || content == new_content) << content.size();
     ++(content == old_content ? olds : news);
+    files.RemoveLeftovers();
+    ASSERT_EQ(folder.Entries(), 1);
   }
   EXPECT_EQ(olds + news, 40);
 }

@@ -57,6 +57,18 @@ class PlatformTest : public QObject {
     QCOMPARE(ports.clipboard.GetText(), Text("y"));
   }
 
+  void AStartRemovesWhatAKilledProgramLeft() {
+    TemporaryFolder folder;
+    PosixFiles files(folder.path());
+    files.Replace("config.ini", "whole");
+    const Text half(1'000'000, 'x');
+    for (int round = 0; round < 100 && folder.Entries() == 1; ++round)
+      InChildThatIsKilled(1000 + round * 311, [&] { files.Replace("config.ini", half); });
+    QCOMPARE(folder.Entries(), 2);
+    QtPlatform platform(folder.path());
+    QCOMPARE(folder.Entries(), 1);
+  }
+
   void NoFileStaysOpenWhenTheEventIsOver() {
     TemporaryFolder folder;
     QtPlatform platform(folder.path());
