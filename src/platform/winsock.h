@@ -22,7 +22,8 @@ enum class SocketState {
 // - Nothing throws, and nothing blocks.
 // - All events come from the event loop, never from inside a call.
 // - A handler may call Close, Connect and SendData on its own socket.
-// - Whatever the peer sent is delivered by DataArrival before Close or Error is raised.
+// - Whatever the peer sent is delivered by DataArrival before Close or Error is raised. Without a
+//   handler for it nothing is kept of what the peer sends.
 // - After Close no event of the closed connection arrives any more.
 // - One connection ends with exactly one Close event (the peer ended it in good order) or exactly
 //   one Error event (anything else), and no event follows that one.

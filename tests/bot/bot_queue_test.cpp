@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "shell/assembly.h"
 #include "support/pane_runs.h"
 #include "support/simulated_platform.h"
 
@@ -12,16 +13,12 @@ using Queue = std::vector<Text>;
 
 struct BotQueueTest : testing::Test {
   BotQueueTest() {
+    Assemble(client);
     client.app.ChatHost = client.app.ChatHostByAddress;
     client.app.ChatPort = "8080";
     session.Login = "Me";
     session.Ticket = "t&1";
     session.Channel = "talk";
-    session.Winsock4->events.Connect = [this] { Winsock4_Connect(client, 0); };
-    session.Winsock4->events.Close = [this] { Winsock4_Close(client, 0); };
-    session.Winsock4->events.Error = [this](int number, const Text&) {
-      Winsock4_Error(client, 0, number);
-    };
   }
   SimulatedSocket& socket() { return Simulated(session.Winsock4); }
   Text Body() { return socket().sent.substr(socket().sent.find("\r\n\r\n") + 4); }
@@ -101,6 +98,14 @@ TEST_F(BotQueueTest, ACommandSaidWhileOneIsSentWaits) {
   socket().PeerCloses();
   socket().Accept();
   EXPECT_EQ(Said(), "&msgtext=two&msgtext0=two");
+}
+
+TEST_F(BotQueueTest, NothingIsKeptOfTheAnswers) {
+  SayBot(client, "one", 0);
+  socket().Accept();
+  for (int i = 0; i < 10; ++i)
+    socket().Deliver(Text(100'000, 'x'));
+  EXPECT_EQ(socket().GetData().size(), 0U);
 }
 
 TEST_F(BotQueueTest, AnEmptyElementIsSkipped) {

@@ -6,6 +6,7 @@
 
 #include "platform/socket_error.h"
 #include "text/fault.h"
+#include "users/posting.h"
 
 namespace parlorwire {
 
@@ -110,8 +111,9 @@ void SimulatedSocket::Accept() {
 
 void SimulatedSocket::Deliver(std::string_view bytes) {
   if (state_ != SocketState::kConnected || bytes.empty()) return;
+  if (!events.DataArrival) return;
   waiting_ += bytes;
-  if (events.DataArrival) events.DataArrival(waiting_.size());
+  events.DataArrival(waiting_.size());
 }
 
 void SimulatedSocket::PeerCloses() {
@@ -152,6 +154,7 @@ Text SimulatedFiles::Read(const Text& name) const {
 Text& SimulatedFiles::Writable(const Text& name) {
   if (!IsLegalFileName(name)) throw Fault(fault::kBadFileName);
   if (write_fault) throw Fault(*write_fault);
+  if (unwritable.contains(name)) throw Fault(fault::kPermissionDenied);
   const std::size_t folder_end = name.rfind('\\');
   if (folder_end != Text::npos && !folders.contains(name.substr(0, folder_end)))
     throw Fault(fault::kPathNotFound);
@@ -220,6 +223,7 @@ void SimulatedDesktop::SetActiveTab(int tab) {
 
 void SimulatedDesktop::SelectIntonacia(int tab, int index) {
   at(tab).intonacia_selected = index;
+  at(tab).intonacia = Text(kTones.at(static_cast<std::size_t>(index)).label);
 }
 
 void SimulatedDesktop::SetUsersNumCaption(int tab, const Text& caption) {

@@ -106,6 +106,7 @@ class SimulatedFiles : public Files {
   std::map<Text, Text> files;
   std::set<Text> folders;
   std::set<Text> unreadable;       // files whose reading fails with 70
+  std::set<Text> unwritable;       // files whose writing fails with 70
   std::optional<int> write_fault;  // every write and MakeFolder fails with this number
   int writes = 0;                  // that succeeded
 

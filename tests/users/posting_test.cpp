@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "shell/assembly.h"
 #include "support/pane_runs.h"
 #include "support/simulated_platform.h"
 #include "text/charset.h"
@@ -11,6 +12,7 @@ namespace {
 
 struct PostingTest : testing::Test {
   PostingTest() {
+    Assemble(client);
     client.app.ChatHost = "chat.example";
     client.app.ChatPort = "8080";
     session.Login = "Me";
@@ -18,11 +20,6 @@ struct PostingTest : testing::Test {
     session.Channel = "talk";
     session.ChannelPassword = "";
     desktop.at(0).intonacia = Text(kTones[0].label);
-    session.Winsock2->events.Connect = [this] { Winsock2_Connect(client, 0); };
-    session.Winsock2->events.DataArrival = [this](std::size_t n) {
-      Winsock2_DataArrival(client, 0, n);
-    };
-    session.Winsock2->events.Close = [this] { Winsock2_Close(client, 0); };
     platform.random.script = {0.0, 0.5, 0.99999999};
   }
   void Say(const Text& text) {
@@ -139,7 +136,6 @@ TEST_F(PostingTest, AToneHoldsForOneMessage) {
   socket().Accept();
   EXPECT_TRUE(Body().ends_with("&action=204"));
   EXPECT_EQ(desktop.at(0).intonacia_selected, 0);
-  desktop.at(0).intonacia = Text(kTones[0].label);
   Say("hi");
   socket().Accept();
   EXPECT_TRUE(Body().ends_with("&action=200"));
@@ -188,6 +184,7 @@ TEST_F(PostingTest, TheTextIsNotTrimmed) {
 
 TEST_F(PostingTest, SendingEmptiesAndFocusesTheBoxAndLetsThePaneScroll) {
   desktop.at(0).stop_scroll = true;
+  session.HistoryPos = 2;
   Say("hi");
   EXPECT_EQ(desktop.at(0).msg, "");
   EXPECT_EQ(desktop.focused_msg, 0);
@@ -285,7 +282,10 @@ TEST_F(PostingTest, AFailedConnectionLeavesNoTrace) {
   socket().Fail(10061);
   EXPECT_EQ(session.Rich_Server.Text(), "old");
   EXPECT_EQ(session.Rich.Length(), 0);
-  EXPECT_TRUE(platform.files.files.find("error.log") == platform.files.files.end());
+  EXPECT_EQ(desktop.at(0).caption, "");
+  EXPECT_EQ(socket().connects, 1);
+  EXPECT_FALSE(session.Timer1->Enabled());
+  EXPECT_FALSE(platform.files.files.contains("error.log"));
 }
 
 TEST_F(PostingTest, AScriptMeansThatAPersonalMessageWaits) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "session/connect.h"
+#include "shell/assembly.h"
 #include "support/pane_runs.h"
 #include "support/scripted_view.h"
 #include "support/simulated_platform.h"
@@ -20,6 +21,7 @@ constexpr const char* kTop = "one\ntwo\n\n.";
 
 struct UserFrameTest : testing::Test {
   UserFrameTest() {
+    Assemble(client);
     client.app.ChatHost = "chat.example";
     client.app.ChatPort = "8080";
     client.app.rFontSystem.Name = "System";
@@ -28,11 +30,6 @@ struct UserFrameTest : testing::Test {
     session.Login = "Me";
     session.Ticket = "t&1";
     session.Channel = "talk";
-    session.Winsock3->events.Connect = [this] { Winsock3_Connect(client, 0); };
-    session.Winsock3->events.DataArrival = [this](std::size_t n) {
-      Winsock3_DataArrival(client, 0, n);
-    };
-    session.Winsock3->events.Close = [this] { Winsock3_Close(client, 0); };
     client.hooks.SayBot = [this](const Text& text, int) { said.push_back(text); };
   }
   SimulatedSocket& socket() { return Simulated(session.Winsock3); }
@@ -306,7 +303,9 @@ TEST_F(UserFrameTest, AFrameNeverTakesTheOperatorAway) {
 
 TEST_F(UserFrameTest, TheOperatorsFlagsOfOthersAreCountedAlone) {
   Frame("bob|[+o][]''\n");
+  EXPECT_EQ(Counter(), "Пользователей: 1/1");
   EXPECT_FALSE(session.IsOperator);
+  EXPECT_FALSE(platform.desktop.say_use_op_enabled);
 }
 
 TEST_F(UserFrameTest, AnOwnRecordWithoutTheFlagAsksForItAndForANewFrame) {

@@ -258,7 +258,7 @@ void QtWinsock::Read() {
     if (first_error_ != 0) return EndByError(SocketErrorFromErrno(first_error_));
     return EndByPeer();
   }
-  received_.append(bytes.data(), static_cast<std::size_t>(length));
+  if (events.DataArrival) received_.append(bytes.data(), static_cast<std::size_t>(length));
   Raise([handler = events.DataArrival, total = received_.size()] {
     if (handler) handler(total);
   });
