@@ -1,7 +1,5 @@
 #include "session/channel_list.h"
 
-#include <algorithm>
-
 #include "session/connect.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
@@ -131,9 +129,9 @@ void AppendRecord(const Page& page, Position at) {
 
 // The first saved login of that nick gets the channel.
 void RememberChannel(Client& client, const Text& login, const Text& channel) {
-  std::int32_t count = 0;
-  PassOverFault([&] { count = ToLong(ReadIni(client, "Main", "Logins")); });
-  for (std::int32_t n = 0; n <= std::min(count, kMaxLogins); ++n) {
+  std::int16_t count = 0;
+  PassOverFault([&] { count = ToInteger(ReadIni(client, "Main", "Logins")); });
+  for (int n = 0; n <= count; ++n) {
     const Text saved = ReadIni(client, "Main", "Login" + std::to_string(n));
     if (TrimView(saved).empty() || !EqualsNoCase(saved, login)) continue;
     WriteIni(client, "Main", "Channel" + std::to_string(n), channel);

@@ -11,7 +11,8 @@ namespace {
 
 // A list of two channels in the pane of tab 0.
 struct PaneMouse : testing::Test {
-  PaneMouse() {
+  void SetUp() override {
+    chat.tab().Rich.Text("");
     chat.tab().Channel = "";
     chat.tab().ChannelListPage = "channel: big hall\ntopic: x\nuser:bob\nchannel: home\n";
     ShowChannelList(chat.client, 0);
@@ -115,10 +116,30 @@ TEST_F(PaneMouse, ALoginThatIsNotSavedLeavesTheFile) {
   EXPECT_EQ(chat.tab().Channel, "home");
 }
 
-TEST_F(PaneMouse, ACountThatIsNoNumberStillTriesTheFirst) {
-  Config() = "[Main]\r\nLogins=x\r\nLogin0=alice\r\n";
+TEST_F(PaneMouse, ALoginBeyondTheHundredThatAreShownRemembersItToo) {
+  Config() = "[Main]\r\nLogins=150\r\nLogin150=alice\r\n";
   Click(At("home"));
-  EXPECT_TRUE(Contains(Config(), "Channel0=home\r\n"));
+  EXPECT_EQ(Config(), "[Main]\r\nLogins=150\r\nLogin150=alice\r\nChannel150=home\r\n");
+}
+
+TEST_F(PaneMouse, ALoginBeyondTheCountIsNotTried) {
+  Config() = "[Main]\r\nLogins=150\r\nLogin151=alice\r\n";
+  const Text before = Config();
+  Click(At("home"));
+  EXPECT_EQ(Config(), before);
+}
+
+TEST_F(PaneMouse, ACountThatIsNoNumberOfSixteenBitsStillTriesTheFirst) {
+  for (const char* count : {"x", "", "40000", "2147483647"}) {
+    Config() = "[Main]\r\nLogins=" + Text(count) + "\r\nLogin0=alice\r\n";
+    Click(At("home"));
+    EXPECT_TRUE(Contains(Config(), "Channel0=home\r\n")) << count;
+    SetUp();
+    Config() = "[Main]\r\nLogins=" + Text(count) + "\r\nLogin1=alice\r\n";
+    Click(At("home"));
+    EXPECT_FALSE(Contains(Config(), "Channel1")) << count;
+    SetUp();
+  }
 }
 
 }  // namespace
