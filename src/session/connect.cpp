@@ -226,7 +226,8 @@ void Winsock1_Error(Client& client, int tab, int number, const Text& description
   session.WatchdogTicks = 0;
   session.Connecting = false;
   StopPersonalNotice(client, tab);
-  ShowTabCaption(client, tab, InLanguage(client, {W<"Ошибка">, "Error"}));
+  GoOnAfterFault(client, ". Function: Winsock1_Error",
+                 [&] { ShowTabCaption(client, tab, InLanguage(client, {W<"Ошибка">, "Error"})); });
 
   const Text number_in_brackets = " (" + std::to_string(number) + ")";
   const Text reason = LCase(description) + number_in_brackets;

@@ -501,10 +501,13 @@ TEST_F(Connect, ADropInTheMiddleOfTheLoginResendsNothing) {
   EXPECT_EQ(chat.Winsock1().sends, 1);
 }
 
-TEST_F(Connect, AFaultInTheErrorEventIsLoggedUnderItsName) {
+TEST_F(Connect, AFaultInTheErrorEventIsLoggedUnderItsNameAndTheTabTriesAgain) {
+  chat.EnterChannel();
   ConnectToChat(chat.client, 0);
   chat.client.hooks.SetTabTitle = [](const Text&) { throw Fault(fault::kInvalidCall); };
   chat.Winsock1().Fail(10061);
+  EXPECT_TRUE(chat.Pane().ends_with("Ошибка: connection is forcefully rejected (10061)\r\n"_w));
+  EXPECT_TRUE(chat.tab().Timer1->Enabled());
   EXPECT_EQ(chat.ErrorLog(),
             "[21.11.2026 12:00:00] Error 5 Invalid procedure call or argument. Function: "
             "Winsock1_Error\r\n");
