@@ -195,7 +195,7 @@ void NotifyOfMention(const Line& line) {
 
 void WriteLine(Line& line, std::string_view time, std::string_view text) {
   RichTextBox& pane = line.pane();
-  pane.SetRedraw(false);
+  const PaintOnce paint_once(pane);
   line.start = pane.Length();
   SelectPaneEnd(line.client, line.start, line.start, line.tab);
   SetMarks(line, text);
@@ -209,8 +209,6 @@ void WriteLine(Line& line, std::string_view time, std::string_view text) {
   NotifyOfMention(line);
   ScrollAfterLine(line.client, line.tab);
   pane.Visible(true);
-  pane.SetRedraw(true);
-  pane.Refresh();
 }
 
 }  // namespace

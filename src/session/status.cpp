@@ -45,7 +45,7 @@ void StatusOut(Client& client, const Text& text, StatusMode mode, int tab) {
   RichTextBox& rich = client.tab(tab).Rich;
   const Text& channel = client.tab(tab).Channel;
 
-  rich.SetRedraw(false);
+  const PaintOnce paint_once(rich);
   SelectPaneEnd(client, rich.Length(), rich.Length(), tab);
   rich.SelFormat(StatusFace(client.app.rFontStatus));
 
@@ -74,7 +74,6 @@ void StatusOut(Client& client, const Text& text, StatusMode mode, int tab) {
   const PaneScrollInfo scroll = rich.GetScrollInfo();
   const bool at_end = scroll.pos + scroll.page >= scroll.max;
   if (!client.platform.desktop.StopScroll(tab) || at_end) rich.VScroll(PaneScroll::kBottom);
-  rich.SetRedraw(true);
 }
 
 void ShowTabCaption(Client& client, int tab, const Text& caption) {

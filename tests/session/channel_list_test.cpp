@@ -130,6 +130,7 @@ TEST_F(ChannelList, APageCutShortEndsThereAndTheFailureIsLoggedAtTheClose) {
   EXPECT_EQ(chat.tab().ChannelListPage, "");
   EXPECT_EQ(chat.platform.desktop.at(0).caption, "Список каналов"_w);
   EXPECT_TRUE(chat.platform.desktop.close_tab_enabled);
+  EXPECT_TRUE(chat.tab().Rich.Redraw());
 }
 
 TEST_F(ChannelList, NoReconnectFollowsAList) {

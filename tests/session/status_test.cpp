@@ -128,6 +128,16 @@ TEST_F(Status, TheEnglishNoticeHasItsLinkToo) {
   EXPECT_EQ(balloons.size(), 1U);
 }
 
+TEST_F(Status, AFaultDoesNotFreezeThePane) {
+  ScriptedView view(rich);
+  chat.client.hooks.ShowBalloon = [](const Text&, const Text&, int) {
+    throw Fault(fault::kInvalidCall);
+  };
+  EXPECT_THROW(NoticePersonalMessage(chat.client, 0), Fault);
+  EXPECT_EQ(chat.Pane(), "[12:00:00] Вам пришло персональное_сообщение!\r\n"_w);
+  EXPECT_TRUE(view.painting);
+}
+
 TEST_F(Status, AnotherTextCallsNobody) {
   StatusOut(chat.client, "You have a personal_message", 0);
   EXPECT_TRUE(balloons.empty());
