@@ -149,7 +149,7 @@ TEST_F(JoinHighlight, ANickThatHasLeftEndsItOnTheFirstTick) {
   EXPECT_FALSE(Sweeping(1));
 }
 
-TEST_F(JoinHighlight, TwoNicksJoiningQuicklyGetSlots1And2AndSweepSideBySide) {
+TEST_F(JoinHighlight, ANickThatJoinsWhileAnotherIsSweptGetsSlot2AndBothSweepSideBySide) {
   StartJoinHighlight(chat.client, 0, "bob");
   List({"ann", "bob"});
   Ticks(1);

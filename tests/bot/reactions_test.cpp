@@ -194,9 +194,14 @@ TEST_F(Reactions, OnATabThatIsNotShownTheCheckBoxOfTheShownOneStays) {
 // ---- anything else ----
 
 TEST_F(Reactions, OtherLinesDoNothing) {
+  List({{"bob", "[+o]"}});
+  chat.tab().IsOperator = true;
   for (const Text& line : {"bob лишается права голоса"_w, "bob получает право голоса"_w,
                            "bob приходит"_w, "bob покидает нас всех"_w, "bob стал"_w, "bob "_w})
     Tell(line);
+  EXPECT_EQ(List(), "\r\n\r\nbob [+o]\r\n");
+  EXPECT_EQ(Counts(), "Пользователей: 1/1"_w);
+  EXPECT_TRUE(chat.tab().IsOperator);
   EXPECT_FALSE(Joined());
   EXPECT_THAT(updates, IsEmpty());
   EXPECT_THAT(said, IsEmpty());

@@ -111,7 +111,7 @@ TEST_F(ChatLogTest, AChannelNameNeverNamesAFolderWithinAnothersFolder) {
   EXPECT_EQ(platform.files.files.size(), 1U);
 }
 
-TEST_F(ChatLogTest, AFullDiskLosesThePieceAndSaysNothing) {
+TEST_F(ChatLogTest, AFullDiskLosesThePiece) {
   Log("a ");
   platform.files.write_fault = fault::kDiskFull;
   Log("b ");
@@ -121,7 +121,16 @@ TEST_F(ChatLogTest, AFullDiskLosesThePieceAndSaysNothing) {
   EXPECT_EQ(Logged(), "a d ");
 }
 
-TEST_F(ChatLogTest, ADeniedFolderLosesThePieceAndSaysNothing) {
+TEST_F(ChatLogTest, ALogThatMayNotBeWrittenLosesThePieceAndSaysNothing) {
+  Log("a ");
+  platform.files.unwritable.insert(kFile);
+  Log("b ");
+  Log("c\r\n");
+  EXPECT_EQ(platform.files.files, (std::map<Text, Text>{{kFile, "a "}}));
+  EXPECT_EQ(client.tab(0).Rich.Length(), 0);
+}
+
+TEST_F(ChatLogTest, AFolderThatCannotBeMadeLosesThePiece) {
   platform.files.write_fault = fault::kPermissionDenied;
   Log("a ");
   EXPECT_TRUE(platform.files.files.empty());

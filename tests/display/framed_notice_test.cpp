@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "display/pane_output.h"
-#include "display/text_out.h"
 #include "support/pane_runs.h"
 #include "support/scripted_view.h"
 #include "support/simulated_platform.h"
@@ -44,14 +43,6 @@ TEST_F(FramedNoticeTest, BotReport) {
   BotReportOut(client, "carol 10.0.0.1 [+o]", 2);
   EXPECT_THAT(RunsOf(pane),
               ElementsAre(bar + "003f94", "carol 10.0.0.1 [+o]|Main 12 666666", bar + "003f94"));
-}
-
-TEST_F(FramedNoticeTest, TheBackColourDoesNotRunIntoTheNextLine) {
-  BotReportOut(client, "report", 2);
-  const PanePosition end = pane.Length();
-  TextOut(client, "[1]", "alice:", "hello", LineKind::kMessage, 2);
-  for (const std::string& run : RunsOf(pane, end))
-    EXPECT_EQ(run.find("back="), run.npos) << run;
 }
 
 TEST_F(FramedNoticeTest, Scrolling) {

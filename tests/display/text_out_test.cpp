@@ -237,10 +237,13 @@ TEST_F(TextOutTest, TheOwnNickIsNeverColouredByFlags) {
 }
 
 TEST_F(TextOutTest, ANewNickGetsATextColourThatStays) {
+  platform.random.script = {0.1, 0.2, 0.3, 0.4, 0.5, 0.6};
   Out("carol:", "one", kMessage);
   const std::string first = Runs().back();
   Out("Carol:", "one", kMessage);
   EXPECT_EQ(Runs().back(), first);
+  Out("dave:", "one", kMessage);
+  EXPECT_NE(Runs().back(), first);
 }
 
 // ---- the text ----

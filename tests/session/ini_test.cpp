@@ -106,7 +106,7 @@ TEST_F(Ini, AMissingFileIsCreatedByAWrite) {
 
 TEST_F(Ini, AWriteThatFailsIsIgnoredAndLeavesTheFile) {
   file() = "[Main]\r\nLanguage=English\r\n";
-  platform.files.write_fault = 61;
+  platform.files.unwritable.insert("config.ini");
   WriteIni(client, "Main", "Language", "Russian");
   EXPECT_EQ(file(), "[Main]\r\nLanguage=English\r\n");
   EXPECT_EQ(platform.files.files.count("error.log"), 0U);

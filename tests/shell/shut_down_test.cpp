@@ -126,13 +126,22 @@ TEST_F(ShutDown, StopsTheTimersOfAllSlotsAtItsEnd) {
 }
 
 TEST_F(ShutDown, StopAllTimersStopsEveryTimerOfEverySlot) {
-  for (TabSession& tab : client.tabs)
+  std::vector<Timer*> timers;
+  for (TabSession& tab : client.tabs) {
     for (auto* timer : {&tab.Timer1, &tab.Timer2, &tab.Timer3, &tab.Timer6, &tab.Timer26})
-      (*timer)->Enabled(true);
+      timers.push_back(timer->get());
+    // Two nicks are being highlighted; the first slot never has a timer.
+    tab.JoinTimers.resize(3);
+    for (const std::size_t slot : {1, 2}) {
+      tab.JoinTimers[slot] = client.platform.NewTimer();
+      timers.push_back(tab.JoinTimers[slot].get());
+    }
+  }
+  for (Timer* timer : timers)
+    timer->Enabled(true);
   StopAllTimers(client);
-  for (TabSession& tab : client.tabs)
-    for (auto* timer : {&tab.Timer1, &tab.Timer2, &tab.Timer3, &tab.Timer6, &tab.Timer26})
-      EXPECT_FALSE((*timer)->Enabled());
+  for (const Timer* timer : timers)
+    EXPECT_FALSE(timer->Enabled());
 }
 
 TEST_F(ShutDown, WritesInItsOrder) {

@@ -188,8 +188,10 @@ TEST_F(StartUp, EverySlotHasItsOwnSplit) {
 TEST_F(StartUp, ThePanesAreEmptyLockedAndColoured) {
   Settings("Fonts", "rFontStatus.BackColor=255");
   for (TabSession& tab : client.tabs)
-    for (RichTextBox* pane : {&tab.Rich, &tab.Rich_Users, &tab.Rich_Server})
+    for (RichTextBox* pane : {&tab.Rich, &tab.Rich_Users, &tab.Rich_Server}) {
       pane->Text("old");
+      pane->Locked(false);
+    }
   Load();
   for (TabSession& tab : client.tabs) {
     for (RichTextBox* pane : {&tab.Rich, &tab.Rich_Users, &tab.Rich_Server}) {

@@ -112,10 +112,19 @@ TEST_F(Tabs, SayUseOpIsTheTabsOwnAndTheOperatorsOnly) {
   SSTab_Click(client, 0);
   EXPECT_TRUE(platform.desktop.say_use_op);
   EXPECT_TRUE(platform.desktop.say_use_op_enabled);
-  SayUseOp_Click(client, false);
+  platform.desktop.active_tab = 1;
+  client.tab(1).IsOperator = true;
   SSTab_Click(client, 0);
   EXPECT_FALSE(platform.desktop.say_use_op);
   EXPECT_TRUE(platform.desktop.say_use_op_enabled);
+  SayUseOp_Click(client, true);
+  platform.desktop.active_tab = 0;
+  SayUseOp_Click(client, false);
+  SSTab_Click(client, 1);
+  EXPECT_FALSE(platform.desktop.say_use_op);
+  platform.desktop.active_tab = 1;
+  SSTab_Click(client, 0);
+  EXPECT_TRUE(platform.desktop.say_use_op);
 }
 
 TEST_F(Tabs, ATabThatWasNeverLoggedInRaisesTheDialogEachTime) {
@@ -287,12 +296,16 @@ TEST_F(CloseTab, TheQuestionInEnglishAndYesEndsTheProgram) {
 }
 
 TEST_F(CloseTab, AListOfChannelsOrAConnectElsewhereKeepsTheProgramOpen) {
-  Show({0, 1});
-  Enter(1);
-  chat.tab(0).IsChannelList = true;
-  EXPECT_FALSE(close_tab(chat.client));
-  EXPECT_TRUE(desktop.boxes.empty());
-  EXPECT_EQ(Visible(), std::vector<int>{0});
+  for (bool TabSession::* flag :
+       {&TabSession::IsChannelList, &TabSession::Connecting, &TabSession::Connected}) {
+    Show({0, 1});
+    Enter(1);
+    chat.tab(0).*flag = true;
+    EXPECT_FALSE(close_tab(chat.client));
+    EXPECT_TRUE(desktop.boxes.empty());
+    EXPECT_EQ(Visible(), std::vector<int>{0});
+    chat.tab(0).*flag = false;
+  }
 }
 
 TEST_F(CloseTab, ATabClosedOnceCanBeUsedAgain) {
