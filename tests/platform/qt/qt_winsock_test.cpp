@@ -338,19 +338,6 @@ class WinsockTest : public QObject {
     QCOMPARE(recorded.socket->GetData().size(), std::size_t{0});
   }
 
-  void AnErrorComesAlsoBehindDataThatNobodyListensTo() {
-    LoopbackPeer peer;
-    RecordedSocket recorded;
-    recorded.socket->events.DataArrival = nullptr;
-    recorded.socket->Connect("127.0.0.1", peer.port());
-    QCoreApplication::sendPostedEvents();
-    PeerConnection other = peer.Accept();
-    other.Send("early");
-    other.Reset();
-    QTRY_COMPARE(recorded.log, (Log{"Connect", kReset}));
-    QCOMPARE(recorded.socket->GetData(), Text());
-  }
-
   void AResetThatCameBeforeTheConnectEventComesBehindItAndTheData() {
     LoopbackPeer peer;
     RecordedSocket recorded;
