@@ -11,7 +11,10 @@
 
 namespace {
 
+using parlorwire::service::DecodeForm;
 using parlorwire::service::Feed;
+using parlorwire::service::Form;
+using parlorwire::service::FormBytes;
 using parlorwire::service::RequestReader;
 
 void Require(bool holds) {
@@ -27,6 +30,15 @@ void RequireSane(const RequestReader& reader) {
     Require(!reader.request.path.empty() && reader.request.path[0] == '/');
     Require(reader.request.body.size() == reader.body_length);
   }
+}
+
+// No field is longer than what it was read from, and they are not many.
+void RequireSane(const Form& form, std::string_view encoded) {
+  Require(form.fields.size() <= 64);
+  std::size_t length = 0;
+  for (const auto& [name, value] : form.fields)
+    length += name.size() + value.size();
+  Require(length <= encoded.size());
 }
 
 }  // namespace
@@ -48,10 +60,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(whole.request.method == pieces.request.method);
   Require(whole.request.path == pieces.request.path);
   Require(whole.request.query == pieces.request.query);
+  Require(whole.request.host == pieces.request.host);
+  Require(whole.request.forwarded_for == pieces.request.forwarded_for);
   Require(whole.request.body == pieces.request.body);
-  using parlorwire::service::DecodeForm;
-  using parlorwire::service::FormBytes;
-  DecodeForm(whole.request.body, FormBytes::kKoi);
-  DecodeForm(whole.request.query, FormBytes::kKoiOrUtf8);
+  RequireSane(DecodeForm(whole.request.body, FormBytes::kKoi), whole.request.body);
+  RequireSane(DecodeForm(whole.request.query, FormBytes::kKoiOrUtf8), whole.request.query);
   return 0;
 }

@@ -2,25 +2,21 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
 
+#include "service/ascii.h"
 #include "service/form.h"
+#include "service/names.h"
 #include "text/cut.h"
 
 namespace parlorwire::service {
 namespace {
 
-std::optional<std::int64_t> Number(std::string_view text, std::int64_t most) {
-  if (text.empty() || text.size() > 12) return std::nullopt;
-  std::int64_t number = 0;
-  for (const char c : text) {
-    if (c < '0' || c > '9') return std::nullopt;
-    number = number * 10 + (c - '0');
-  }
-  if (number > most) return std::nullopt;
-  return number;
-}
+constexpr std::size_t kMostDigits = 12;
 
+// The entries of "A, B", in UTF-8; empty ones are passed over.
 std::vector<Text> List(std::string_view value) {
   std::vector<Text> list;
   for (const std::string_view part : Split(value, ","))
@@ -28,113 +24,74 @@ std::vector<Text> List(std::string_view value) {
   return list;
 }
 
-// Sets what an option says; false if its value is none.
-using Setter = bool (*)(ServerOptions&, std::string_view);
-
-template <auto kPlace>
-bool SetNumber(ServerOptions& options, std::string_view value, std::int64_t most,
-               std::int64_t factor) {
-  const auto number = Number(value, most);
-  if (!number) return false;
-  kPlace(options) =
-      static_cast<std::remove_reference_t<decltype(kPlace(options))>>(*number * factor);
+// A number from 0 to `most`, times `factor`. False if the value is none.
+template <class Number>
+bool SetNumber(Number& place, std::string_view value, std::int64_t most, std::int64_t factor = 1) {
+  const auto number = ReadNumber(value, kMostDigits);
+  if (!number || *number > most) return false;
+  place = static_cast<Number>(*number * factor);
   return true;
 }
 
 struct Option {
   std::string_view name;
   bool has_value;
-  Setter set;
+  bool (*set)(ServerOptions&, std::string_view);  // false if its value is none
 };
 
+using Options = ServerOptions;
+using Value = std::string_view;
+
 constexpr std::array<Option, 21> kOptions = {{
-    {"--port", true,
-     [](ServerOptions& o, std::string_view v) {
-       return SetNumber<[](ServerOptions& s) -> auto& { return s.port; }>(o, v, 65535, 1);
-     }},
+    {"--port", true, [](Options& o, Value v) { return SetNumber(o.port, v, 65535); }},
     {"--address", true,
-     [](ServerOptions& o, std::string_view v) {
+     [](Options& o, Value v) {
        o.address = v;
        return !v.empty();
      }},
-    {"--quiet", false,
-     [](ServerOptions& o, std::string_view) { return !(o.inhabitants.present = false); }},
-    {"--no-inhabitants", false,
-     [](ServerOptions& o, std::string_view) { return !(o.inhabitants.present = false); }},
-    {"--talk", true,
-     [](ServerOptions& o, std::string_view v) {
-       return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk; }>(o, v, 1000000,
-                                                                                      1);
-     }},
+    {"--quiet", false, [](Options& o, Value) { return !(o.inhabitants.present = false); }},
+    {"--no-inhabitants", false, [](Options& o, Value) { return !(o.inhabitants.present = false); }},
+    {"--talk", true, [](Options& o, Value v) { return SetNumber(o.inhabitants.talk, v, 1000000); }},
     {"--talk-lines", true,
-     [](ServerOptions& o, std::string_view v) {
-       return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_lines; }>(
-           o, v, 999999999, 1);
-     }},
+     [](Options& o, Value v) { return SetNumber(o.inhabitants.talk_lines, v, 999999999); }},
     {"--talk-frames", true,
-     [](ServerOptions& o, std::string_view v) {
-       return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_frames; }>(
-           o, v, 100000, 1);
-     }},
+     [](Options& o, Value v) { return SetNumber(o.inhabitants.talk_frames, v, 100000); }},
     {"--talk-length", true,
-     [](ServerOptions& o, std::string_view v) {
-       return SetNumber<[](ServerOptions& s) -> auto& { return s.inhabitants.talk_length; }>(
-           o, v, 400, 1);
-     }},
-    {"--patient", false,
-     [](ServerOptions& o, std::string_view) { return o.inhabitants.patient = true; }},
+     [](Options& o, Value v) { return SetNumber(o.inhabitants.talk_length, v, 400); }},
+    {"--patient", false, [](Options& o, Value) { return o.inhabitants.patient = true; }},
     {"--channels", true,
-     [](ServerOptions& o, std::string_view v) {
+     [](Options& o, Value v) {
        o.inhabitants.channels = List(v);
        return std::all_of(o.inhabitants.channels.begin(), o.inhabitants.channels.end(),
-                          [](const Text& name) { return ChannelIsAllowed(name); });
+                          ChannelIsAllowed);
      }},
     {"--keepalive", true,
-     [](ServerOptions& o, std::string_view v) {
-       return v != "0" && SetNumber<[](ServerOptions& s) -> auto& { return s.chat.keep_alive_ms; }>(
-                              o, v, 1000000, 1000);
+     [](Options& o, Value v) {
+       return v != "0" && SetNumber(o.chat.keep_alive_ms, v, 1000000, 1000);
      }},
-    {"--history", true,
-     [](ServerOptions& o, std::string_view v) {
-       return SetNumber<[](ServerOptions& s) -> auto& { return s.chat.history; }>(o, v, 200, 1);
-     }},
+    {"--history", true, [](Options& o, Value v) { return SetNumber(o.chat.history, v, 200); }},
     {"--grace", true,
-     [](ServerOptions& o, std::string_view v) {
-       return SetNumber<[](ServerOptions& s) -> auto& { return s.chat.grace_ms; }>(o, v, 1000000,
-                                                                                   1000);
-     }},
+     [](Options& o, Value v) { return SetNumber(o.chat.grace_ms, v, 1000000, 1000); }},
     {"--kick-time", true,
-     [](ServerOptions& o, std::string_view v) {
-       return SetNumber<[](ServerOptions& s) -> auto& { return s.chat.kick_ms; }>(o, v, 1000000,
-                                                                                  1000);
-     }},
+     [](Options& o, Value v) { return SetNumber(o.chat.kick_ms, v, 1000000, 1000); }},
     {"--max-frames", true,
-     [](ServerOptions& o, std::string_view v) {
-       return SetNumber<[](ServerOptions& s) -> auto& { return s.chat.most_frames; }>(o, v, 100000,
-                                                                                      1);
-     }},
+     [](Options& o, Value v) { return SetNumber(o.chat.most_frames, v, 100000); }},
     {"--max-connections", true,
-     [](ServerOptions& o, std::string_view v) {
-       return SetNumber<[](ServerOptions& s) -> auto& { return s.most_connections; }>(o, v, 100000,
-                                                                                      1);
-     }},
+     [](Options& o, Value v) { return SetNumber(o.most_connections, v, 100000); }},
     {"--ban", true,
-     [](ServerOptions& o, std::string_view v) {
+     [](Options& o, Value v) {
        o.chat.banned = List(v);
        return !o.chat.banned.empty();
      }},
     {"--admin", true,
-     [](ServerOptions& o, std::string_view v) {
+     [](Options& o, Value v) {
        o.chat.admins = List(v);
        return !o.chat.admins.empty();
      }},
-    {"--seed", true,
-     [](ServerOptions& o, std::string_view v) {
-       return SetNumber<[](ServerOptions& s) -> auto& { return s.seed; }>(o, v, 999999999999, 1);
-     }},
-    {"--form-b", false, [](ServerOptions& o, std::string_view) { return o.chat.form_b = true; }},
+    {"--seed", true, [](Options& o, Value v) { return SetNumber(o.seed, v, 999999999999); }},
+    {"--form-b", false, [](Options& o, Value) { return o.chat.form_b = true; }},
     {"--misbehave", true,
-     [](ServerOptions& o, std::string_view v) {
+     [](Options& o, Value v) {
        const auto misbehaviour = ParseMisbehaviour(v);
        if (misbehaviour) o.misbehaviour = *misbehaviour;
        o.control = true;

@@ -2,8 +2,15 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "service/ascii.h"
+#include "service/names.h"
+#include "service/presence.h"
+#include "service/presentation.h"
 #include "text/cut.h"
 
 namespace parlorwire::service {
@@ -11,6 +18,7 @@ namespace {
 
 // Longest time that a command can name, in seconds.
 constexpr std::int64_t kLongestPeriod = 1'000'000;
+constexpr std::size_t kMostDigits = 9;
 constexpr int kLongestHistory = 200;
 constexpr std::size_t kMostBans = 500;
 constexpr std::size_t kTopicsKept = 50;
@@ -32,16 +40,6 @@ Text TakeWord(std::string_view& rest) {
   return word;
 }
 
-bool IsNumber(std::string_view word) {
-  return !word.empty() && word.size() <= 9 &&
-         std::all_of(word.begin(), word.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
-bool IsProtectedFrom(const Chat& chat, const Channel& channel, const Member& target) {
-  const Text flags = FlagsOf(chat, channel, target);
-  return Contains(flags, "+A") || Contains(flags, "+O");
-}
-
 Text Because(const Speaker& speaker, std::string_view reason) {
   Text text = " (" + speaker.account.nick;
   if (!reason.empty()) text += ": " + Text(reason);
@@ -51,8 +49,9 @@ Text Because(const Speaker& speaker, std::string_view reason) {
 Text Set(const Speaker& speaker, std::string_view rest) {
   const Text what = LCase(TakeWord(rest));
   const Text value = TakeWord(rest);
-  if (!IsNumber(value)) return "Укажите число"_w;
-  const int number = std::stoi(value);
+  const auto read = ReadNumber(value, kMostDigits);
+  if (!read) return "Укажите число"_w;
+  const auto number = static_cast<int>(*read);
   if (what == "s") {
     if (!StyleExists(number)) return "Такого стиля нет. Стили: 0, 1, 2, 4 и 9"_w;
     speaker.account.style = number;
@@ -68,7 +67,8 @@ Text Set(const Speaker& speaker, std::string_view rest) {
 // Out with a member, in sight of all; the channel may be gone after it.
 void Expel(Chat& chat, const Speaker& speaker, const Text& nick, const Text& words,
            std::string_view reason, FrameEnd end, const Moment& now) {
-  BroadcastSystem(chat, *speaker.channel, nick + " " + words + Because(speaker, reason), now);
+  BroadcastSystem(chat.frames, *speaker.channel, nick + " " + words + Because(speaker, reason),
+                  now);
   PartMember(chat, *speaker.channel, nick, end, now);
 }
 
@@ -81,7 +81,7 @@ Text Kick(Chat& chat, const Speaker& speaker, std::string_view rest, const Momen
   const Text nick = TakeWord(rest);
   Member* target = FindMember(*speaker.channel, nick);
   if (target == nullptr) return "Нет такого ника на канале: "_w + nick;
-  if (IsProtectedFrom(chat, *speaker.channel, *target)) return "Этот ник под защитой"_w;
+  if (IsProtected(*target)) return "Этот ник под защитой"_w;
   const Text name = target->account->nick;
   if (chat.options.kick_ms > 0)
     KeepOut(*speaker.channel,
@@ -97,7 +97,7 @@ Text AddBan(Chat& chat, const Speaker& speaker, std::string_view rest, const Mom
   std::vector<Text> hit;
   for (const Member& member : speaker.channel->members)
     if ((MaskMatches(mask, member.account->nick) || MaskMatches(mask, member.address)) &&
-        &member != speaker.member && !IsProtectedFrom(chat, *speaker.channel, member))
+        &member != speaker.member && !IsProtected(member))
       hit.push_back(member.account->nick);
   for (const Text& nick : hit)
     Expel(chat, speaker, nick, "заносится в бан-лист"_w, rest, FrameEnd::kClose, now);
@@ -123,7 +123,7 @@ Text SetOperator(Chat& chat, const Speaker& speaker, bool on, std::string_view r
     speaker.channel->opers.erase(key);
   if (target->oper != on) {
     target->oper = on;
-    BroadcastSystem(chat, *speaker.channel,
+    BroadcastSystem(chat.frames, *speaker.channel,
                     target->account->nick +
                         (on ? " стал оператором канала"_w : " больше не оператор канала"_w) +
                         Because(speaker, {}),
@@ -144,7 +144,7 @@ Text SetNickFlag(Chat& chat, Account& account, const Text& flag) {
       for (auto& [key, channel] : chat.channels) {
         const Member* member = FindMember(channel, account.nick);
         if (member != nullptr && member->frame != nullptr)
-          End(chat, *member->frame, FrameEnd::kClose);
+          End(chat.frames, *member->frame, FrameEnd::kClose);
       }
     }
   }
@@ -156,7 +156,7 @@ Text Mode(Chat& chat, const Speaker& speaker, std::string_view rest, const Momen
   const bool is_own = flag == "+t" || flag == "-t" || flag == "+R" || flag == "-R";
   if (is_own && rest.empty()) return SetNickFlag(chat, speaker.account, flag);
   if (speaker.member == nullptr) return NotOnChannel();
-  if (!IsOperator(chat, *speaker.member)) return NotOperator();
+  if (!IsOperator(*speaker.member)) return NotOperator();
   if (flag == "+b") return AddBan(chat, speaker, rest, now);
   if (flag == "-b") return RemoveBan(speaker, rest);
   if (flag == "+o" || flag == "-o") return SetOperator(chat, speaker, flag == "+o", rest, now);
@@ -180,23 +180,23 @@ Text Restrict(Chat& chat, const Speaker& speaker, std::string_view rest,
               const Restriction& restriction, const Moment& now) {
   Text nick = TakeWord(rest);
   std::int64_t seconds = -1;
-  if (IsNumber(nick) && !rest.empty()) {
-    seconds = std::min<std::int64_t>(std::stoll(nick), kLongestPeriod);
+  if (const auto number = ReadNumber(nick, kMostDigits); number && !rest.empty()) {
+    seconds = std::min(*number, kLongestPeriod);
     nick = TakeWord(rest);
   }
   Channel& channel = *speaker.channel;
   const Member* target = FindMember(channel, nick);
   if (target == nullptr) return "Нет такого ника на канале: "_w + nick;
-  if (IsProtectedFrom(chat, channel, *target)) return "Этот ник под защитой"_w;
+  if (IsProtected(*target)) return "Этот ник под защитой"_w;
   const Text key = NickKey(nick);
   auto& until = channel.*restriction.until;
   if (seconds == 0) {
     if (until.erase(key) != 0)
-      BroadcastSystem(chat, channel, target->account->nick + " " + restriction.ends, now);
+      BroadcastSystem(chat.frames, channel, target->account->nick + " " + restriction.ends, now);
     return "Готово"_w;
   }
   until[key] = seconds < 0 ? kForever : now.ms + seconds * 1000;
-  BroadcastSystem(chat, channel,
+  BroadcastSystem(chat.frames, channel,
                   target->account->nick + " " + restriction.begins + Because(speaker, rest), now);
   return "Готово"_w;
 }
@@ -205,10 +205,10 @@ Text Eject(Chat& chat, const Speaker& speaker, std::string_view rest, const Mome
   Text nick = TakeWord(rest);
   const bool oneself = nick.empty() || EqualsNoCase(nick, speaker.account.nick);
   if (oneself) nick = speaker.account.nick;
-  if (!oneself && !IsOperator(chat, *speaker.member)) return NotOperator();
+  if (!oneself && !IsOperator(*speaker.member)) return NotOperator();
   const Member* target = FindMember(*speaker.channel, nick);
   if (target == nullptr) return "Нет такого ника на канале: "_w + nick;
-  if (!oneself && IsProtectedFrom(chat, *speaker.channel, *target)) return "Этот ник под защитой"_w;
+  if (!oneself && IsProtected(*target)) return "Этот ник под защитой"_w;
   const Text name = target->account->nick;
   Expel(chat, speaker, name, "катапультируется"_w, rest, FrameEnd::kEject, now);
   return name + " катапультируется"_w;
@@ -219,15 +219,15 @@ Text ChangeTopic(Chat& chat, const Speaker& speaker, std::string_view rest, cons
   const Text topic = Trim(rest);
   channel.topics.push_back({topic, speaker.account.nick, now.local});
   if (channel.topics.size() > kTopicsKept) channel.topics.pop_front();
-  BroadcastSystem(chat, channel,
+  BroadcastSystem(chat.frames, channel,
                   speaker.account.nick + " меняет тему канала на \""_w + topic + "\"", now);
   return "Тема изменена"_w;
 }
 
 Text SayToOperators(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
   if (rest.empty()) return "Пустое сообщение не отправлено"_w;
-  Broadcast(chat, *speaker.channel, {0, LineForm::kOperators, speaker.account.nick, {}, Text(rest)},
-            now);
+  Broadcast(chat.frames, *speaker.channel,
+            {0, LineForm::kOperators, speaker.account.nick, {}, Text(rest)}, now);
   return "Сообщение отправлено операторам"_w;
 }
 
@@ -237,7 +237,7 @@ Text Act(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment
   const bool lowered = speaker.channel->lowered.contains(NickKey(speaker.account.nick));
   const Text& nick = speaker.account.nick;
   const Text action = nick + " " + (lowered ? LCase(rest) : Text(rest));
-  Broadcast(chat, *speaker.channel, {0, LineForm::kAction, nick, {}, action}, now);
+  Broadcast(chat.frames, *speaker.channel, {0, LineForm::kAction, nick, {}, action}, now);
   return "Сообщение отправлено"_w;
 }
 
@@ -260,7 +260,7 @@ Text RunCommand(Chat& chat, const Speaker& speaker, const Text& text, const Mome
   if (!is_for_operators && std::find(for_all.begin(), for_all.end(), command) == for_all.end())
     return "Такой команды нет: "_w + command;
   if (speaker.member == nullptr) return NotOnChannel();
-  if (is_for_operators && !IsOperator(chat, *speaker.member)) return NotOperator();
+  if (is_for_operators && !IsOperator(*speaker.member)) return NotOperator();
   if (command == "/op") return SayToOperators(chat, speaker, rest, now);
   if (command == "/me") return Act(chat, speaker, rest, now);
   if (command == "/eject") return Eject(chat, speaker, rest, now);

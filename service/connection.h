@@ -5,7 +5,8 @@
 #include <cstdint>
 #include <string>
 
-#include "service/chat.h"
+#include "service/channel.h"
+#include "service/frame.h"
 #include "service/misbehaviour.h"
 #include "service/request_reader.h"
 
@@ -25,20 +26,15 @@ struct Connection {
   std::uint64_t id = 0;
   Phase phase = Phase::kReading;
   RequestReader reader;
-  std::string address;
-  std::string out;
+  std::string address;               // of the peer, in digits
+  std::string out;                   // bytes of the answer
   std::size_t sent = 0;              // bytes of `out` that are gone
   FrameId frame = 0;                 // 0: an answer that ends
   FrameEnd end = FrameEnd::kNone;    // what comes when all is sent
   bool waits_for_room = false;       // the socket takes no more at the moment
   bool peer_ended = false;           // the peer sends no more, but still reads
   std::int64_t deadline = kForever;  // ms; what happens then depends on the phase
-
-  // Faults on purpose.
-  Misbehaviour fault;            // that befalls this connection
-  bool silent = false;           // never sends again
-  std::int64_t since_fault = 0;  // bytes of the frame
-  std::int64_t drips_at = 0;     // ms; when the next byte may go
+  Mishap mishap;                     // what goes wrong with it on purpose
 };
 
 }  // namespace parlorwire::service

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "service/ascii.h"
 #include "text/charset.h"
 #include "text/windows1251.h"
 
@@ -14,7 +15,7 @@ namespace {
 constexpr std::size_t kMostFields = 64;
 
 int HexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
+  if (IsDigit(c)) return c - '0';
   if (c >= 'a' && c <= 'f') return c - 'a' + 10;
   if (c >= 'A' && c <= 'F') return c - 'A' + 10;
   return -1;
@@ -99,9 +100,7 @@ Text PercentEncode(std::string_view value) {
   Text encoded;
   for (const char c : ConvertCharset(Text(value), Charset::kWindows1251, Charset::kKoi)) {
     const auto byte = static_cast<std::uint8_t>(c);
-    const bool plain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-                       c == '-' || c == '.' || c == '_' || c == '~';
-    if (plain) {
+    if (IsAlphanumeric(c) || c == '-' || c == '.' || c == '_' || c == '~') {
       encoded += c;
     } else {
       encoded += '%';

@@ -4,6 +4,9 @@
 #include <array>
 #include <string>
 
+#include "service/names.h"
+#include "service/posting.h"
+#include "service/presence.h"
 #include "text/cut.h"
 
 namespace parlorwire::service {
@@ -200,7 +203,7 @@ bool HasSaidAll(const Inhabitants& inhabitants, const Channel& channel) {
 
 void Talk(Inhabitants& inhabitants, Chat& chat, const Moment& now) {
   inhabitants.next_ms = kForever;
-  if (chat.frames.size() >= inhabitants.options.talk_frames) inhabitants.talking = true;
+  if (chat.frames.open.size() >= inhabitants.options.talk_frames) inhabitants.talking = true;
   if (!inhabitants.talking) return;
   bool goes_on = false;
   for (auto& [key, channel] : chat.channels) {

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "service/chat.h"
+#include "service/moment.h"
+#include "text/text.h"
 
 namespace parlorwire::service {
 
@@ -36,10 +38,12 @@ struct Inhabitants {
   bool talking = false;                    // enough frames were open
 };
 
-// Puts them on their channels.
+// Puts them on their channels, which are there for good from then on. Nobody logs in with their
+// nicks.
 Inhabitants MoveIn(Chat& chat, const InhabitantOptions& options, const Moment& now);
 
-// Lets them do what is due. To be called after everything that happens on the chat.
+// Lets them do what is due. To be called after everything that happens on the chat, and when
+// next_ms has come.
 void LiveOn(Inhabitants& inhabitants, Chat& chat, const Moment& now);
 
 }  // namespace parlorwire::service

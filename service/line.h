@@ -1,7 +1,9 @@
 // A line of a channel, as the chat knows it. How it looks on the wire is the presentation's affair.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <string_view>
 
 #include "text/text.h"
 
@@ -22,7 +24,23 @@ struct Line {
   Text text;  // not escaped
 };
 
-// The tone of a post's "action": 201 to 206; any other number is the ordinary tone.
+// A tone in which a message can be said.
+struct Tone {
+  std::string_view action;  // the number that stands for it in a post
+  std::string_view name;    // as it stands in brackets behind the nick
+};
+
+// All but the ordinary one.
+inline constexpr std::array<Tone, 6> kTones = {{
+    {"201", W<"внутренним голосом">},
+    {"202", W<"смеется">},
+    {"203", W<"задумчиво">},
+    {"204", W<"уныло">},
+    {"205", W<"напевает">},
+    {"206", W<"ворчливо">},
+}};
+
+// The tone of a post's "action"; "", the ordinary one, for any text that is none of the numbers.
 Text ToneOfAction(std::string_view action);
 
 }  // namespace parlorwire::service

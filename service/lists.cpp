@@ -1,9 +1,11 @@
-// The lists in the forms that robots read: users of a channel, channels of the chat.
-#include <array>
+#include "service/lists.h"
 
-#include "service/form.h"
-#include "service/pages.h"
+#include <algorithm>
+#include <string>
+
+#include "service/markup.h"
 #include "service/personal.h"
+#include "service/presentation.h"
 #include "text/cut.h"
 
 namespace parlorwire::service {
@@ -21,9 +23,9 @@ Text Topic(const Channel& channel) {
   return channel.topics.empty() ? Text() : channel.topics.back().topic;
 }
 
-Text UserLine(const Chat& chat, const Channel& channel, const Member& member, bool form_b) {
+Text UserLine(const Channel& channel, const Member& member, bool form_b) {
   const Text nick = EscapeHtml(member.account->nick);
-  const Text flags = FlagsOf(chat, channel, member);
+  const Text flags = FlagsOf(channel, member);
   if (form_b) return "<tr>\n" + member.address + ":" + flags + nick + "\n";
   const Text address = member.address.empty() ? Text() : member.address + ":";
   const Text status = Replace(EscapeHtml(member.account->status), "'", "");
@@ -32,7 +34,7 @@ Text UserLine(const Chat& chat, const Channel& channel, const Member& member, bo
 
 }  // namespace
 
-Text UserFrame(const Chat& chat, const Channel& channel, const Account& reader, bool form_b) {
+Text UserFrame(const Channel& channel, const Account& reader, bool form_b) {
   Text frame = "<title>users</title>\n";
   frame += reader.timer ? "<meta http-equiv=\"refresh\" content=\"60\">\n" : "<!-- -->\n";
   frame += "\n\n";
@@ -40,23 +42,52 @@ Text UserFrame(const Chat& chat, const Channel& channel, const Account& reader, 
   const Text signal = HasUnread(reader) ? PersonalSignal(kPersonalPage) : Text();
   if (!form_b) frame += signal;
   for (const Member& member : channel.members)
-    frame += UserLine(chat, channel, member, form_b);
+    frame += UserLine(channel, member, form_b);
   if (form_b) frame += signal;
   return frame;
 }
 
-Text UserPage(const Chat& chat, const Channel& channel, const Visitor& visitor) {
+Text UserPage(const Channel& channel, const Visitor& visitor) {
   Text rows;
   for (const Member& member : channel.members)
-    rows += "<li><b>" + EscapeHtml(member.account->nick) + "</b> " +
-            FlagsOf(chat, channel, member) + " " + EscapeHtml(member.address) + " " +
-            EscapeHtml(member.account->status) + "\n";
+    rows += "<li><b>" + EscapeHtml(member.account->nick) + "</b> " + FlagsOf(channel, member) +
+            " " + EscapeHtml(member.address) + " " + EscapeHtml(member.account->status) + "\n";
   const Text refresh = "<meta http-equiv=\"refresh\" content=\"30\">\n";
   return "<html>\n<head>\n<title>users</title>\n" + refresh + "</head>\n<body>\n<h3>" +
          EscapeHtml(channel.name) + "</h3>\n<ul>\n" + rows + "</ul>\n<a href='/banlist?" +
          VisitorQuery(visitor) + "'>bans</a>\n<a href='/oplist?" + VisitorQuery(visitor) +
          "'>opers</a>\n<a href='/topic_hist?" + VisitorQuery(visitor) +
          "'>topics</a>\n</body>\n</html>\n";
+}
+
+Text BanListPage(const Channel& channel, const Moment& now) {
+  Text rows;
+  for (const Ban& ban : channel.bans) {
+    if (ban.until_ms <= now.ms) continue;
+    const Text until =
+        ban.until_ms == kForever
+            ? "навсегда"_w
+            : "еще "_w + std::to_string((ban.until_ms - now.ms + 999) / 1000) + " с"_w;
+    rows += Row({TimeText(ban.local, now.local), ban.mask, ban.reason, ban.by, until});
+  }
+  return Page("Бан-лист"_w, "<h1>Бан-лист канала "_w + EscapeHtml(channel.name) +
+                                "</h1>\n<table border=1>\n" + rows + "</table>\n");
+}
+
+Text OperatorListPage(const Chat& chat, const Channel& channel) {
+  Text rows;
+  for (const Text& key : channel.opers)
+    rows += Row({chat.accounts.at(key).nick});
+  return Page("Операторы"_w, "<h1>Операторы канала "_w + EscapeHtml(channel.name) +
+                                 "</h1>\n<table border=1>\n" + rows + "</table>\n");
+}
+
+Text TopicHistoryPage(const Channel& channel, const Moment& now) {
+  Text rows;
+  for (const TopicChange& change : channel.topics)
+    rows += Row({TimeText(change.local, now.local), change.by, change.topic});
+  return Page("История смены тем"_w, "<h1>Темы канала "_w + EscapeHtml(channel.name) +
+                                         "</h1>\n<table border=1>\n" + rows + "</table>\n");
 }
 
 Text ChannelList(const Chat& chat) {
@@ -66,9 +97,25 @@ Text ChannelList(const Chat& chat) {
     list += "chflags: " + Text(channel.password.empty() ? "" : "+k") + "\n";
     list += "topic: " + WithoutKeys(Topic(channel)) + "\n";
     for (const Member& member : channel.members)
-      list += "user: " + member.account->nick + "\t" + FlagsOf(chat, channel, member) + "\n";
+      list += "user: " + member.account->nick + "\t" + FlagsOf(channel, member) + "\n";
   }
   return list;
+}
+
+Text SelectionPage(const Chat& chat, const Visitor& visitor) {
+  Text rows;
+  for (const auto& [key, channel] : chat.channels) {
+    Visitor there = visitor;
+    there.channel = channel.name;
+    rows += "<li>" + Link("/room", there, channel.name) + " (" +
+            std::to_string(channel.members.size()) + ")\n";
+  }
+  return "<HTML>\n<HEAD>\n<TITLE>Select/Create channel</TITLE>\n</HEAD>\n<BODY>\n"
+         "<h1>" +
+         "Каналы"_w + "</h1>\n<ul>\n" + rows +
+         "</ul>\n<form method=\"get\" action=\"/room\" target=\"_top\">\n" +
+         Hidden("username", visitor.nick) + Hidden("ticket", visitor.ticket) +
+         "<input name=\"channel\">\n<input type=\"submit\">\n</form>\n</BODY>\n</HTML>\n";
 }
 
 }  // namespace parlorwire::service

@@ -1,9 +1,5 @@
 #include "service/loop.h"
 
-#include <arpa/inet.h>
-#include <fcntl.h>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
 #include <sys/epoll.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
@@ -14,11 +10,17 @@
 #include <cerrno>
 #include <chrono>
 #include <ctime>
+#include <functional>
 #include <memory>
 #include <random>
+#include <string_view>
 #include <system_error>
+#include <utility>
 
+#include "service/presence.h"
+#include "service/presentation.h"
 #include "service/site.h"
+#include "text/charset.h"
 
 namespace parlorwire::service {
 namespace {
@@ -26,10 +28,11 @@ namespace {
 constexpr std::uint64_t kListener = 0;
 constexpr std::uint64_t kWaker = 1;
 constexpr std::size_t kReadAtOnce = 16 * 1024;
-
-[[noreturn]] void ThrowErrno(const char* what) {
-  throw std::system_error(errno, std::generic_category(), what);
-}
+constexpr std::int64_t kLingerMs = 2000;
+// Long enough that the mark of an ejection arrives by itself.
+constexpr std::int64_t kEjectPauseMs = 80;
+// Bytes already sent that may stand in a buffer.
+constexpr std::size_t kMostSentKept = 64 * 1024;
 
 Moment Now() {
   const auto running = std::chrono::steady_clock::now().time_since_epoch();
@@ -47,49 +50,28 @@ std::function<std::uint64_t()> MakeRandom(std::uint64_t seed) {
   };
 }
 
-int OpenReserve() {
-  return open("/dev/null", O_RDONLY | O_CLOEXEC);
-}
-
 }  // namespace
 
-Server::Loop::Loop(const ServerOptions& options) : options_(options) {
+Server::Loop::Loop(const ServerOptions& options)
+    : options_(options), listener_(options.address, options.port) {
   chat_.options = options.chat;
   chat_.random = MakeRandom(options.seed);
+  mischief_.wanted = options.misbehaviour;
+  mischief_.may_change = options.control;
+  mischief_.random = [this] { return chat_.random(); };
   epoll_ = epoll_create1(EPOLL_CLOEXEC);
   waker_ = eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
-  if (epoll_ < 0 || waker_ < 0) ThrowErrno("epoll");
-  reserve_ = OpenReserve();
-  Listen();
-  Watch(listener_, kListener, EPOLLIN, EPOLL_CTL_ADD);
+  if (epoll_ < 0 || waker_ < 0)
+    throw std::system_error(errno, std::generic_category(), "the event loop");
+  Watch(listener_.fd(), kListener, EPOLLIN, EPOLL_CTL_ADD);
   Watch(waker_, kWaker, EPOLLIN, EPOLL_CTL_ADD);
 }
 
 Server::Loop::~Loop() {
   for (const auto& [id, connection] : connections_)
     close(connection.fd);
-  for (const int fd : {listener_, reserve_, waker_, epoll_})
+  for (const int fd : {waker_, epoll_})
     if (fd >= 0) close(fd);
-}
-
-void Server::Loop::Listen() {
-  listener_ = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-  if (listener_ < 0) ThrowErrno("socket");
-  const int on = 1;
-  setsockopt(listener_, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_port = htons(options_.port);
-  if (inet_pton(AF_INET, options_.address.c_str(), &address.sin_addr) != 1) {
-    errno = EINVAL;
-    ThrowErrno("address");
-  }
-  if (bind(listener_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
-    ThrowErrno("bind");
-  if (listen(listener_, SOMAXCONN) != 0) ThrowErrno("listen");
-  socklen_t length = sizeof address;
-  getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &length);
-  port_ = ntohs(address.sin_port);
 }
 
 void Server::Loop::Stop() {
@@ -176,37 +158,15 @@ void Server::Loop::OnDeadline(Connection& connection) {
 }
 
 void Server::Loop::Accept() {
-  for (;;) {
-    sockaddr_in peer{};
-    socklen_t length = sizeof peer;
-    const int fd = accept4(listener_, reinterpret_cast<sockaddr*>(&peer), &length,
-                           SOCK_NONBLOCK | SOCK_CLOEXEC);
-    if (fd < 0 && (errno == EMFILE || errno == ENFILE)) TurnAwayOne();
-    if (fd < 0) return;
-    std::array<char, INET_ADDRSTRLEN> address{};
-    inet_ntop(AF_INET, &peer.sin_addr, address.data(), address.size());
-    AcceptOne(fd, address.data());
+  while (auto accepted = listener_.Accept()) {
+    Connection& connection = connections_[next_id_];
+    connection.fd = accepted->fd;
+    connection.id = next_id_++;
+    connection.address = std::move(accepted->address);
+    Watch(connection.fd, connection.id, EPOLLIN, EPOLL_CTL_ADD);
+    SetDeadline(connection, now_.ms + options_.request_ms);
+    if (connections_.size() > options_.most_connections) StartAnswer(connection, ErrorAnswer(503));
   }
-}
-
-void Server::Loop::AcceptOne(int fd, const std::string& address) {
-  const int on = 1;
-  setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-  Connection& connection = connections_[next_id_];
-  connection.fd = fd;
-  connection.id = next_id_++;
-  connection.address = address;
-  Watch(fd, connection.id, EPOLLIN, EPOLL_CTL_ADD);
-  SetDeadline(connection, now_.ms + options_.request_ms);
-  if (connections_.size() > options_.most_connections) StartAnswer(connection, ErrorAnswer(503));
-}
-
-// With no descriptor left a waiting connection would keep the loop awake for nothing.
-void Server::Loop::TurnAwayOne() {
-  close(reserve_);
-  const int fd = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
-  if (fd >= 0) close(fd);
-  reserve_ = OpenReserve();
 }
 
 void Server::Loop::OnReady(std::uint64_t id, std::uint32_t what) {
@@ -238,7 +198,7 @@ bool Server::Loop::Read(Connection& connection) {
 // Who still waits for an answer gets it; who only read a frame is gone.
 bool Server::Loop::ReadEnd(Connection& connection) {
   const bool gets_answer = connection.phase == Phase::kAnswering && connection.frame == 0 &&
-                           !connection.silent && !connection.peer_ended;
+                           !connection.mishap.silent && !connection.peer_ended;
   if (!gets_answer) {
     Drop(connection);
     return false;
@@ -250,19 +210,16 @@ bool Server::Loop::ReadEnd(Connection& connection) {
 
 bool Server::Loop::Serve(Connection& connection) {
   const Request request = std::exchange(connection.reader.request, {});
-  if (TakesControl(connection, request)) return true;
-  connection.fault = FaultOf(request);
-  if (connection.fault.fault == Fault::kDrop) {
+  if (IsControl(mischief_, request, connection.address)) return Obey(connection, request);
+  connection.mishap = BefallRequest(mischief_, request);
+  if (connection.mishap.silent) {
     connection.phase = Phase::kAnswering;
-    connection.silent = true;
     SetDeadline(connection, kForever);
     return true;
   }
   Answer answer = Handle(chat_, request, {connection.address, request.forwarded_for}, now_);
-  const Misbehaviour& misbehaviour = options_.misbehaviour;
-  const bool is_for_frames = misbehaviour.path.empty() && misbehaviour.fault != Fault::kRandom;
   if (!answer.frame) {
-    if (is_for_frames) connection.fault = {};
+    connection.mishap = BefallAnswer(mischief_, connection.mishap);
     return StartAnswer(connection, std::move(answer.bytes));
   }
   connection.phase = Phase::kAnswering;
@@ -272,20 +229,160 @@ bool Server::Loop::Serve(Connection& connection) {
   return true;
 }
 
-Server::Server(const ServerOptions& options) : loop_(std::make_unique<Loop>(options)) {}
-
-Server::~Server() = default;
-
-std::uint16_t Server::port() const {
-  return loop_->port();
+bool Server::Loop::Obey(Connection& connection, const Request& request) {
+  if (!TakeControl(mischief_, request)) return StartAnswer(connection, ErrorAnswer(400));
+  for (auto& [id, each] : connections_)
+    each.mishap = BefallOpen(mischief_, each.mishap, each.frame != 0);
+  return StartAnswer(connection, "HTTP/1.0 200 OK\r\nContent-Type: text/plain\r\n\r\n" +
+                                     MisbehaviourText(mischief_.wanted) + "\n");
 }
 
-void Server::Run() {
-  loop_->Run();
+bool Server::Loop::StartAnswer(Connection& connection, std::string bytes) {
+  connection.phase = Phase::kAnswering;
+  connection.out = std::move(bytes);
+  connection.end = FrameEnd::kClose;
+  SetDeadline(connection, now_.ms + options_.stall_ms);
+  return Flush(connection);
 }
 
-void Server::Stop() {
-  loop_->Stop();
+// Moves what the chat wrote to its frames on to their connections: one send for each, however many
+// lines there are.
+void Server::Loop::SendFrames() {
+  while (!chat_.frames.touched.empty()) {
+    for (const FrameId id : std::exchange(chat_.frames.touched, {})) {
+      const auto frame = chat_.frames.open.find(id);
+      if (frame == chat_.frames.open.end()) continue;
+      frame->second.touched = false;
+      Connection& connection = connections_.at(frames_.at(id));
+      if (connection.sent > kMostSentKept) {
+        connection.out.erase(0, connection.sent);
+        connection.sent = 0;
+      }
+      if (!connection.mishap.silent) connection.out += frame->second.out;
+      frame->second.out.clear();
+      connection.end = frame->second.end;
+      const bool may_flush = connection.phase == Phase::kAnswering && !connection.waits_for_room;
+      if (may_flush && !Flush(connection)) continue;
+      if (connection.out.size() - connection.sent > options_.most_waiting)
+        DropWithReset(connection);
+    }
+  }
+}
+
+// What the readers of the frames have not taken yet.
+void Server::Loop::NoteWaiting() {
+  for (const auto& [frame, id] : frames_) {
+    const Connection& connection = connections_.at(id);
+    chat_.frames.open.at(frame).waiting = connection.out.size() - connection.sent;
+  }
+}
+
+bool Server::Loop::Flush(Connection& connection) {
+  if (connection.mishap.waits_until > now_.ms) return true;
+  while (connection.sent < connection.out.size()) {
+    const std::size_t size = MaySend(connection.mishap, connection.out.size() - connection.sent);
+    const ssize_t count =
+        send(connection.fd, connection.out.data() + connection.sent, size, MSG_NOSIGNAL);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) return WaitForRoom(connection);
+    if (count < 0) {
+      Drop(connection);
+      return false;
+    }
+    connection.sent += static_cast<std::size_t>(count);
+    const Blow blow = AfterSend(connection.mishap, static_cast<std::size_t>(count), now_.ms);
+    if (blow == Blow::kGarbage)
+      connection.out.insert(connection.sent, Garbage(mischief_));
+    else if (blow != Blow::kNone)
+      return Suffer(connection, blow);
+  }
+  connection.out.clear();
+  connection.sent = 0;
+  if (connection.waits_for_room) {
+    connection.waits_for_room = false;
+    Watch(connection.fd, connection.id, EPOLLIN, EPOLL_CTL_MOD);
+    if (connection.frame != 0) SetDeadline(connection, kForever);
+  }
+  return AllSent(connection);
+}
+
+// A reader that takes something now and then is waited for; one that takes nothing is not.
+bool Server::Loop::WaitForRoom(Connection& connection) {
+  SetDeadline(connection, now_.ms + options_.stall_ms);
+  if (!connection.waits_for_room) {
+    const std::uint32_t what = connection.peer_ended ? EPOLLOUT : EPOLLIN | EPOLLOUT;
+    Watch(connection.fd, connection.id, what, EPOLL_CTL_MOD);
+  }
+  connection.waits_for_room = true;
+  return true;
+}
+
+bool Server::Loop::AllSent(Connection& connection) {
+  if (connection.phase != Phase::kAnswering || connection.end == FrameEnd::kNone) return true;
+  if (connection.mishap.silent) return true;
+  if (connection.end == FrameEnd::kClose) return Linger(connection);
+  connection.phase = Phase::kEjecting;
+  SetDeadline(connection, now_.ms + kEjectPauseMs);
+  return true;
+}
+
+void Server::Loop::SendEjectMark(Connection& connection) {
+  const Text mark = ConvertCharset(EjectMark(), Charset::kWindows1251, Charset::kKoi);
+  send(connection.fd, mark.data(), mark.size(), MSG_NOSIGNAL);
+  connection.phase = Phase::kEjected;
+  SetDeadline(connection, now_.ms + kEjectPauseMs);
+}
+
+// Closes our side only: what the peer still sends would otherwise reset the connection and take the
+// answer with it.
+bool Server::Loop::Linger(Connection& connection) {
+  ForgetFrame(connection);
+  if (connection.peer_ended) {
+    Drop(connection);
+    return false;
+  }
+  shutdown(connection.fd, SHUT_WR);
+  connection.phase = Phase::kLingering;
+  SetDeadline(connection, now_.ms + kLingerMs);
+  return true;
+}
+
+void Server::Loop::ForgetFrame(Connection& connection) {
+  if (connection.frame == 0) return;
+  FrameIsGone(chat_, connection.frame, now_);
+  frames_.erase(connection.frame);
+  connection.frame = 0;
+}
+
+void Server::Loop::Drop(Connection& connection) {
+  ForgetFrame(connection);
+  SetDeadline(connection, kForever);
+  close(connection.fd);
+  const std::uint64_t id = connection.id;
+  connections_.erase(id);
+}
+
+void Server::Loop::DropWithReset(Connection& connection) {
+  const linger hard{1, 0};
+  setsockopt(connection.fd, SOL_SOCKET, SO_LINGER, &hard, sizeof hard);
+  Drop(connection);
+}
+
+// A blow that ends the sending.
+bool Server::Loop::Suffer(Connection& connection, Blow blow) {
+  if (blow == Blow::kPause) {
+    SetDeadline(connection, connection.mishap.waits_until);
+    return true;
+  }
+  if (blow == Blow::kReset) {
+    DropWithReset(connection);
+    return false;
+  }
+  connection.out.clear();
+  connection.sent = 0;
+  if (blow == Blow::kClose) return Linger(connection);
+  SetDeadline(connection, kForever);
+  return true;
 }
 
 }  // namespace parlorwire::service

@@ -1,5 +1,5 @@
 // The loop of a server: waits for sockets and deadlines, and carries bytes between the connections
-// and the chat.
+// and the chat. Nothing in here waits for one peer.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +11,9 @@
 #include "service/chat.h"
 #include "service/connection.h"
 #include "service/inhabitants.h"
+#include "service/listener.h"
+#include "service/misbehaviour.h"
+#include "service/moment.h"
 #include "service/server.h"
 
 namespace parlorwire::service {
@@ -23,12 +26,11 @@ class Server::Loop {
   Loop(const Loop&) = delete;
   Loop& operator=(const Loop&) = delete;
 
-  std::uint16_t port() const { return port_; }
+  std::uint16_t port() const { return listener_.port(); }
   void Run();
   void Stop();
 
  private:
-  void Listen();
   void Watch(int fd, std::uint64_t id, std::uint32_t what, int operation);
   int WaitMs() const;
   void SetDeadline(Connection& connection, std::int64_t at);
@@ -36,12 +38,12 @@ class Server::Loop {
   void OnDeadline(Connection& connection);
 
   void Accept();
-  void AcceptOne(int fd, const std::string& address);
-  void TurnAwayOne();
   void OnReady(std::uint64_t id, std::uint32_t what);
   bool Read(Connection& connection);     // false: no more
   bool ReadEnd(Connection& connection);  // false: no more
   bool Serve(Connection& connection);    // false: no more
+  // A request that changes what goes wrong on purpose.
+  bool Obey(Connection& connection, const Request& request);  // false: no more
 
   bool StartAnswer(Connection& connection, std::string bytes);  // false: no more
   void SendFrames();
@@ -54,29 +56,21 @@ class Server::Loop {
   void Drop(Connection& connection);
   void DropWithReset(Connection& connection);
 
+  bool Suffer(Connection& connection, Blow blow);  // false: no more
   void NoteWaiting();
 
-  // Faults on purpose.
-  bool TakesControl(Connection& connection, const Request& request);
-  void ChangeFault(const Misbehaviour& wanted);
-  Misbehaviour FaultOf(const Request& request);
-  static std::size_t MaySend(const Connection& connection);
-  bool AfterSend(Connection& connection, std::size_t count);  // false: stop sending
-
   ServerOptions options_;
+  Listener listener_;
   Chat chat_;
   Inhabitants inhabitants_;
+  Mischief mischief_;
   Moment now_;
   int epoll_ = -1;
   int waker_ = -1;
-  int listener_ = -1;
-  int reserve_ = -1;  // a descriptor to give up when there is no other left
-  std::uint16_t port_ = 0;
-  std::uint64_t next_id_ = 2;
+  std::uint64_t next_id_ = 2;  // of a connection; those below are the loop's own
   std::unordered_map<std::uint64_t, Connection> connections_;
   std::unordered_map<FrameId, std::uint64_t> frames_;  // the connections of the frames
   std::set<std::pair<std::int64_t, std::uint64_t>> deadlines_;
-  std::int64_t requests_ = 0;
 };
 
 }  // namespace parlorwire::service

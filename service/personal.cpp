@@ -4,6 +4,9 @@
 #include <array>
 
 #include "service/form.h"
+#include "service/markup.h"
+#include "service/names.h"
+#include "service/presentation.h"
 #include "text/cut.h"
 
 namespace parlorwire::service {
@@ -48,9 +51,9 @@ void Deliver(Chat& chat, Account& account, PersonalMessage message, const Moment
   message.number = account.next_personal++;
   message.local = now.local;
   for (const FrameId id : account.personal_frames) {
-    Frame& frame = chat.frames.at(id);
-    Write(chat, frame, PresentPersonal(account, message, frame.host, now.local, chat.random()),
-          now);
+    Frame& frame = chat.frames.open.at(id);
+    Write(chat.frames, frame,
+          PresentPersonal(account, message, frame.host, now.local, chat.random()), now);
   }
   account.personal.push_back(std::move(message));
   if (account.personal.size() > kMessagesKept) account.personal.pop_front();
@@ -66,11 +69,25 @@ void Signal(Chat& chat, Account& account, const Moment& now) {
     if (ticket == account.tickets.end()) continue;
     const Text page = Text(kPersonalPage) + "?username=" + PercentEncode(account.nick) +
                       "&ticket=" + ticket->second;
-    Write(chat, *member->frame, PersonalSignal(page), now);
+    Write(chat.frames, *member->frame, PersonalSignal(page), now);
   }
 }
 
 }  // namespace
+
+Frame& EnterPersonal(Chat& chat, Account& account, const Moment& now, std::string_view head,
+                     std::string_view host) {
+  Frame& frame = OpenFrame(chat.frames, NickKey(account.nick));
+  frame.host = host;
+  account.personal_frames.insert(frame.id);
+  WriteWire(chat.frames, frame, head, now);
+  Write(chat.frames, frame,
+        "<html>\n<head>\n<title>personal messages</title>\n</head>\n<body>\n<br>\n", now);
+  for (const PersonalMessage& message : account.personal)
+    Write(chat.frames, frame, PresentPersonal(account, message, host, now.local, chat.random()),
+          now);
+  return frame;
+}
 
 Text PersonalHtml(std::string_view text) {
   Text html;

@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdio>
 
+#include "service/markup.h"
+
 namespace parlorwire::service {
 namespace {
 
@@ -101,16 +103,6 @@ Text BrowserLine(const Palette& palette, const Line& line, std::int64_t today) {
 
 }  // namespace
 
-Text ToneOfAction(std::string_view action) {
-  if (action == "201") return "внутренним голосом"_w;
-  if (action == "202") return "смеется"_w;
-  if (action == "203") return "задумчиво"_w;
-  if (action == "204") return "уныло"_w;
-  if (action == "205") return "напевает"_w;
-  if (action == "206") return "ворчливо"_w;
-  return {};
-}
-
 bool StyleExists(int style) {
   if (style == kRobotStyle) return true;
   for (const Palette& palette : kPalettes)
@@ -142,24 +134,6 @@ Text PersonalSignal(std::string_view page) {
 
 Text EjectMark() {
   return "<hr>----- Аварийное катапультирование ----<hr>"_w;
-}
-
-Text EscapeHtml(std::string_view text) {
-  Text escaped;
-  escaped.reserve(text.size());
-  for (const char c : text) {
-    if (c == '<')
-      escaped += "&lt;";
-    else if (c == '>')
-      escaped += "&gt;";
-    else if (c == '&')
-      escaped += "&amp;";
-    else if (c == '"')
-      escaped += "&quot;";
-    else
-      escaped += c;
-  }
-  return escaped;
 }
 
 Text TimeText(std::int64_t local, std::int64_t today) {

@@ -1,8 +1,10 @@
 // How a frame looks on the wire: a pure function of the line, the reader's style and his flag +R.
-// All results are Windows-1251; the frame's writer converts them.
+// All results are Windows-1251; the frame's writer converts them. A style that doesn't exist looks
+// like kFirstStyle.
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "service/line.h"
 #include "text/text.h"
@@ -29,8 +31,8 @@ Text FrameHead(const Look& look);
 // its date as well.
 Text PresentLine(const Look& look, const Line& line, std::int64_t today);
 
-// Tells the frame's reader that a personal message waits; opens the page of personal messages in a
-// browser.
+// Tells the frame's reader that a personal message waits; opens that page, an address that is ready
+// for a script, in a browser.
 Text PersonalSignal(std::string_view page);
 
 // A line that carries nothing, so that the reader knows that the frame lives.
@@ -39,10 +41,8 @@ inline constexpr std::string_view kKeepAlive = "<!-- -->\n";
 // Sent by itself, as the last thing on a frame: its reader shall go and not come back.
 Text EjectMark();
 
-// "&lt;", "&gt;", "&amp;" and "&quot;" for the characters that HTML needs itself.
-Text EscapeHtml(std::string_view text);
-
-// "16:45:57"; with a date ahead, "05/04/2004 23:02:38", when the days differ.
+// "16:45:57"; with a date ahead, "05/04/2004 23:02:38", when the days differ. Both are seconds of
+// the local wall clock since 1970-01-01.
 Text TimeText(std::int64_t local, std::int64_t today);
 
 }  // namespace parlorwire::service

@@ -4,29 +4,21 @@
 #include <optional>
 #include <utility>
 
+#include "service/ascii.h"
+#include "text/cut.h"
+
 namespace parlorwire::service {
 namespace {
 
 using State = RequestReader::State;
+
+constexpr std::size_t kMostDigits = 18;
 
 State Fail(RequestReader& reader, int status) {
   reader.state = State::kFailed;
   reader.error = status;
   reader.buffer = std::string();
   return reader.state;
-}
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
-char AsciiLower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
-bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return AsciiLower(x) == AsciiLower(y); });
 }
 
 std::string_view TrimBlanks(std::string_view text) {
@@ -51,8 +43,7 @@ std::optional<std::size_t> EndOfHead(RequestReader& reader) {
 // Cuts "http://host:port" off a target in the form that proxies are sent.
 bool CutAuthority(std::string& target, std::string& host) {
   constexpr std::string_view kScheme = "http://";
-  if (!EqualsIgnoringCase(std::string_view(target).substr(0, kScheme.size()), kScheme))
-    return !target.empty() && target[0] == '/';
+  if (!StartsWithNoCase(target, kScheme)) return !target.empty() && target[0] == '/';
   const auto end = target.find_first_of("/?", kScheme.size());
   host = target.substr(kScheme.size(),
                        end == std::string::npos ? std::string::npos : end - kScheme.size());
@@ -86,12 +77,11 @@ struct HeadFacts {
 };
 
 int ReadLength(HeadFacts& facts, std::string_view value, std::size_t limit) {
-  if (value.empty() || !std::all_of(value.begin(), value.end(), IsDigit)) return 400;
-  std::size_t length = 0;
-  for (const char digit : value) {
-    length = length * 10 + static_cast<std::size_t>(digit - '0');
-    if (length > limit) return 413;
-  }
+  if (!IsNumber(value)) return 400;
+  value.remove_prefix(std::min(value.find_first_not_of('0'), value.size() - 1));
+  const auto number = ReadNumber(value, kMostDigits);
+  if (!number || static_cast<std::size_t>(*number) > limit) return 413;
+  const auto length = static_cast<std::size_t>(*number);
   if (facts.length && *facts.length != length) return 400;
   facts.length = length;
   return 0;
@@ -103,11 +93,10 @@ int ReadHeader(RequestReader& reader, HeadFacts& facts, std::string_view line) {
   const std::string_view name = line.substr(0, colon);
   if (name.find_first_of(" \t") != std::string_view::npos) return 400;
   const std::string_view value = TrimBlanks(line.substr(colon + 1));
-  if (EqualsIgnoringCase(name, "Content-Length"))
-    return ReadLength(facts, value, reader.limits.body);
-  if (EqualsIgnoringCase(name, "Transfer-Encoding")) return 501;
-  if (EqualsIgnoringCase(name, "Host")) reader.request.host = value;
-  if (EqualsIgnoringCase(name, "X-Forwarded-For")) reader.request.forwarded_for = value;
+  if (EqualsNoCase(name, "Content-Length")) return ReadLength(facts, value, reader.limits.body);
+  if (EqualsNoCase(name, "Transfer-Encoding")) return 501;
+  if (EqualsNoCase(name, "Host")) reader.request.host = value;
+  if (EqualsNoCase(name, "X-Forwarded-For")) reader.request.forwarded_for = value;
   return 0;
 }
 

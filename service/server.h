@@ -1,4 +1,4 @@
-// The loop: sockets, time-outs and buffers. One thread; every socket is non-blocking.
+// A server of the chat: sockets, time-outs and buffers. One thread; every socket is non-blocking.
 #pragma once
 
 #include <cstddef>

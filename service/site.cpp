@@ -3,9 +3,14 @@
 #include <algorithm>
 #include <array>
 
+#include "service/ascii.h"
 #include "service/form.h"
+#include "service/lists.h"
+#include "service/names.h"
 #include "service/pages.h"
 #include "service/personal.h"
+#include "service/posting.h"
+#include "service/presence.h"
 #include "text/charset.h"
 #include "text/cut.h"
 
@@ -14,6 +19,7 @@ namespace {
 
 constexpr std::string_view kHtml = "text/html; charset=koi8-r";
 constexpr std::string_view kPlain = "text/plain; charset=koi8-r";
+constexpr std::size_t kMostDigits = 17;  // of the number of a personal message
 
 Text ToWire(std::string_view text) {
   return ConvertCharset(Text(text), Charset::kWindows1251, Charset::kKoi);
@@ -97,9 +103,8 @@ Answer UsersAnswer(const Visit& visit) {
   if (channel == nullptr || FindMember(*channel, visit.account->nick) == nullptr)
     return ChannelPage(visit);
   if (visit.account->style == kRobotStyle)
-    return {HtmlAnswer(UserFrame(visit.chat, *channel, *visit.account, visit.chat.options.form_b)),
-            {}};
-  return {HtmlAnswer(UserPage(visit.chat, *channel, visit.visitor)), {}};
+    return {HtmlAnswer(UserFrame(*channel, *visit.account, visit.chat.options.form_b)), {}};
+  return {HtmlAnswer(UserPage(*channel, visit.visitor)), {}};
 }
 
 Answer PostAnswer(const Visit& visit) {
@@ -123,8 +128,7 @@ Answer LeaveAnswer(const Visit& visit) {
 // The host that the links of personal messages name; a blank in it would break their lines.
 std::string SafeHost(const std::string& host) {
   const bool is_safe = !host.empty() && std::all_of(host.begin(), host.end(), [](char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '.' ||
-           c == '-' || c == ':';
+    return IsAlphanumeric(c) || c == '.' || c == '-' || c == ':';
   });
   return is_safe ? host : "localhost";
 }
@@ -148,11 +152,8 @@ Answer PersonalPost(const Visit& visit) {
 }
 
 Answer AcknowledgeAnswer(const Visit& visit) {
-  const Text& number = visit.form["pm_msgnum"];
-  const bool is_number =
-      !number.empty() && number.size() < 18 &&
-      std::all_of(number.begin(), number.end(), [](char c) { return c >= '0' && c <= '9'; });
-  if (!is_number || !Acknowledge(*visit.account, std::stoll(number))) return {ErrorAnswer(404), {}};
+  const auto number = ReadNumber(visit.form["pm_msgnum"], kMostDigits);
+  if (!number || !Acknowledge(*visit.account, *number)) return {ErrorAnswer(404), {}};
   return {HtmlAnswer("<html>\n<body>\nok\n</body>\n</html>\n"), {}};
 }
 

@@ -1,10 +1,12 @@
-// What the service answers to each address: from a whole request to the bytes of an answer.
+// What the service answers to each address: from a whole request to the bytes of an answer, header
+// and body, in the wire's character set.
 #pragma once
 
 #include <optional>
 #include <string>
 
 #include "service/chat.h"
+#include "service/moment.h"
 #include "service/request_reader.h"
 
 namespace parlorwire::service {
@@ -15,9 +17,10 @@ struct Answer {
   std::optional<FrameId> frame;
 };
 
+// Does what a whole request asks for. The origin is where its connection comes from.
 Answer Handle(Chat& chat, const Request& request, const Origin& origin, const Moment& now);
 
-// An answer that tells of a failure.
+// An answer that tells of a failure: a status from 400 on.
 std::string ErrorAnswer(int status);
 
 }  // namespace parlorwire::service

@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "service/presence.h"
+#include "service/presentation.h"
 #include "session/connect.h"
 #include "shell/assembly.h"
 #include "text/charset.h"
@@ -102,9 +104,9 @@ bool Evening::Carry(SimulatedSocket& socket, std::string_view bytes) {
 
 bool Evening::SendFrames() {
   bool sent = false;
-  for (const service::FrameId id : std::exchange(chat.touched, {})) {
-    const auto found = chat.frames.find(id);
-    if (found == chat.frames.end()) continue;
+  for (const service::FrameId id : std::exchange(chat.frames.touched, {})) {
+    const auto found = chat.frames.open.find(id);
+    if (found == chat.frames.open.end()) continue;
     service::Frame& frame = found->second;
     frame.touched = false;
     SimulatedSocket& socket = *frames_.at(id);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "service/personal.h"
+#include "service/presence.h"
 #include "session/channel_list.h"
 #include "session/connect.h"
 #include "session/leaving.h"
@@ -210,7 +211,7 @@ void RoughEvening::Talk() {
   service::Channel* channel = service::FindChannel(chat, ChannelOf(at));
   if (channel == nullptr) return;
   for (int lines = 1 + Dice(3); lines > 0; --lines)
-    service::Broadcast(chat, *channel,
+    service::Broadcast(chat.frames, *channel,
                        {0, service::LineForm::kMessage, "dave", "", NumberedLine(++said)}, now);
 }
 

@@ -5,7 +5,9 @@
 
 #include <utility>
 
-#include "service/chat.h"
+#include "service/names.h"
+#include "service/posting.h"
+#include "service/presence.h"
 #include "text/charset.h"
 
 namespace parlorwire::service {

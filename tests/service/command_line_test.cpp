@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <vector>
 
 #include "text/cut.h"
@@ -86,7 +85,7 @@ TEST(CommandLine, TakesEveryOption) {
   EXPECT_EQ(options.chat.admins, std::vector<Text>{"root"});
   EXPECT_EQ(options.seed, 3U);
   EXPECT_TRUE(options.chat.form_b);
-  EXPECT_EQ(options.misbehaviour.fault, Fault::kCut);
+  EXPECT_EQ(options.misbehaviour.kind, MisbehaviourKind::kCut);
   EXPECT_EQ(options.misbehaviour.number, 99);
   EXPECT_TRUE(options.control);
 }
@@ -113,44 +112,6 @@ TEST(CommandLine, HelpNamesEveryOption) {
         "--channels",   "--ban",         "--admin",       "--seed",           "--form-b",
         "--misbehave",  "--help"})
     EXPECT_TRUE(Contains(HelpText(), option)) << option;
-}
-
-TEST(Misbehaviour, IsReadAndToldAgain) {
-  for (const char* text :
-       {"none", "stall:1", "cut:20", "reset:300", "garbage:4000", "drip:5", "drop:999999999",
-        "random:100", "cut:20@/chl", "drop:1@/", "random:3@/newmsg_t"}) {
-    const auto read = ParseMisbehaviour(text);
-    ASSERT_TRUE(read.has_value()) << text;
-    EXPECT_EQ(MisbehaviourText(*read), text);
-  }
-  EXPECT_EQ(MisbehaviourText(*ParseMisbehaviour("cut")), "cut:2000");
-  for (const char* text : {"", "cut:", "cut:0", "cut:x", "cut:-1", "cut:9999999999", "what:1",
-                           "random:101", "cut:5@", "cut:5@chl", "@/chl"})
-    EXPECT_FALSE(ParseMisbehaviour(text).has_value()) << text;
-}
-
-TEST(RandomFault, IsTheSameForTheSameNumbersAndOfEveryKind) {
-  const auto faults = [] {
-    std::vector<Misbehaviour> drawn;
-    std::uint64_t number = 1;
-    const auto random = [&] {
-      return number = number * 6364136223846793005U + 1442695040888963407U;
-    };
-    const auto high = [&] { return random() >> 33; };
-    for (int i = 0; i < 1000; ++i)
-      drawn.push_back(RandomFault(30, high));
-    return drawn;
-  };
-  const std::vector<Misbehaviour> once = faults();
-  const std::vector<Misbehaviour> again = faults();
-  std::map<Fault, int> seen;
-  for (std::size_t i = 0; i < once.size(); ++i) {
-    ++seen[once[i].fault];
-    EXPECT_EQ(MisbehaviourText(once[i]), MisbehaviourText(again[i]));
-    EXPECT_EQ(once[i].number >= 1, once[i].fault != Fault::kNone);
-  }
-  EXPECT_EQ(seen.size(), 7U);
-  EXPECT_NEAR(seen[Fault::kNone], 700, 60);
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ struct CommandTest : ChatFixture {
 
   Text BobsFlags() {
     Channel& channel = *FindChannel(chat, "hall");
-    return FlagsOf(chat, channel, *FindMember(channel, "bob"));
+    return FlagsOf(channel, *FindMember(channel, "bob"));
   }
 };
 
@@ -190,11 +190,13 @@ TEST_F(CommandTest, OperatorsAreMadeAndUnmade) {
 }
 
 TEST_F(CommandTest, AdministratorsAreProtectedAndMayCommand) {
-  chat.options.admins = {"BOB"};
-  EXPECT_EQ(BobsFlags(), "[+A]");
-  EXPECT_EQ(Say("alice", "/k bob"), "Этот ник под защитой"_w);
-  EXPECT_EQ(Say("alice", "/mu bob"), "Этот ник под защитой"_w);
-  Say("bob", "/k alice");
+  chat.options.admins = {"CAROL"};
+  Come("carol");
+  Channel& channel = *FindChannel(chat, "hall");
+  EXPECT_EQ(FlagsOf(channel, *FindMember(channel, "carol")), "[+A]");
+  EXPECT_EQ(Say("alice", "/k carol"), "Этот ник под защитой"_w);
+  EXPECT_EQ(Say("alice", "/mu carol"), "Этот ник под защитой"_w);
+  Say("carol", "/k alice");
   EXPECT_EQ(alice.end, FrameEnd::kClose);
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "chat_fixture.h"
 #include "text/cut.h"
 
@@ -20,6 +22,17 @@ struct InhabitantsTest : ChatFixture {
       LiveOn(inhabitants, chat, now);
     }
   }
+
+  // What is said to a newcomer on a channel in so much time: the lines, and an empty one.
+  std::vector<Text> Hear(std::int64_t ms) {
+    Inhabitants inhabitants = MoveIn(chat, options, now);
+    Frame& alice = Come("alice", "attic");
+    LiveOn(inhabitants, chat, now);
+    Live(inhabitants, ms);
+    const Text said = Read(alice);
+    const auto lines = Split(said, "\n");
+    return {lines.begin(), lines.end()};
+  }
 };
 
 TEST_F(InhabitantsTest, LiveOnTheirChannelsBeforeAnybodyComes) {
@@ -27,7 +40,7 @@ TEST_F(InhabitantsTest, LiveOnTheirChannelsBeforeAnybodyComes) {
   const Channel& channel = *FindChannel(chat, "hall");
   EXPECT_EQ(channel.members.size(), 6U);
   EXPECT_EQ(channel.history.size(), 6U);
-  EXPECT_EQ(FlagsOf(chat, channel, channel.members[0]), "[+O-t]");
+  EXPECT_EQ(FlagsOf(channel, channel.members[0]), "[+O-t]");
 }
 
 TEST_F(InhabitantsTest, TheFirstWhoComesIsStillTheOperator) {
@@ -77,12 +90,7 @@ TEST_F(InhabitantsTest, AreAbsentWhenSwitchedOff) {
 
 TEST_F(InhabitantsTest, SayExactlySoManyLinesASecondEachNumbered) {
   options.talk = 333;
-  Inhabitants inhabitants = MoveIn(chat, options, now);
-  Frame& alice = Come("alice", "attic");
-  LiveOn(inhabitants, chat, now);
-  Live(inhabitants, 3000);
-  const Text said = Read(alice);
-  const auto lines = Split(said, "\n");
+  const std::vector<Text> lines = Hear(3000);
   ASSERT_EQ(lines.size(), 999U + 1U);
   for (std::size_t i = 0; i < 999; ++i) {
     Text number = std::to_string(i + 1);
@@ -132,12 +140,7 @@ TEST_F(InhabitantsTest, WaitForAReaderWhoHasMuchToTakeYet) {
 TEST_F(InhabitantsTest, SayLinesOfTheWantedLength) {
   options.talk = 100;
   options.talk_length = 70;
-  Inhabitants inhabitants = MoveIn(chat, options, now);
-  Frame& alice = Come("alice", "attic");
-  LiveOn(inhabitants, chat, now);
-  Live(inhabitants, 1000);
-  const Text said = Read(alice);
-  const auto lines = Split(said, "\n");
+  const std::vector<Text> lines = Hear(1000);
   ASSERT_EQ(lines.size(), 100U + 1U);
   for (std::size_t i = 0; i < 100; ++i)
     EXPECT_GE(lines[i].substr(lines[i].find('#')).size(), 70U) << lines[i];

@@ -61,7 +61,10 @@ TEST_F(PersonalTest, AClosedPageIsWrittenToNoMore) {
   Account& bob = Known("bob");
   const FrameId id = EnterPersonal(chat, bob, now, "", "h").id;
   FrameIsGone(chat, id, now);
-  SendPersonal(chat, Known("alice"), "bob", "hi", now);
+  EXPECT_FALSE(chat.frames.open.contains(id));
+  chat.frames.touched.clear();
+  EXPECT_EQ(SendPersonal(chat, Known("alice"), "bob", "hi", now), "Сообщение отправлено"_w);
+  EXPECT_TRUE(chat.frames.touched.empty());
   EXPECT_TRUE(HasUnread(bob));
 }
 

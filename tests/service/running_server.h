@@ -20,6 +20,11 @@
 
 namespace parlorwire::service {
 
+// What a frame begins with.
+inline constexpr std::string_view kFrameHeader =
+    "HTTP/1.0 200 OK\r\nContent-Type: text/html; charset=koi8-r\r\nCache-Control: no-store\r\n"
+    "Connection: close\r\n\r\n";
+
 // A blocking socket whose reads wait for at most 10 s.
 class Peer {
  public:

@@ -1,0 +1,40 @@
+// What the chat knows of a nick, on whatever channels it is.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <set>
+
+#include "service/frame.h"
+#include "service/presentation.h"
+#include "text/text.h"
+
+namespace parlorwire::service {
+
+// One side's copy of a personal message.
+struct PersonalMessage {
+  std::int64_t number = 0;  // of that side's messages, from 1
+  std::int64_t local = 0;   // when, in seconds of the local wall clock
+  bool received = false;    // else it was sent
+  Text other;               // the nick that it is from, or to
+  Text text;
+};
+
+struct Account {
+  Text nick;  // as spelled at the last login
+  Text password;
+  int style = kFirstStyle;
+  int history = 20;     // lines on entry
+  bool timer = true;    // flag +t: the page of users renews itself
+  bool reload = false;  // flag +R
+  bool robot = false;   // an inhabitant: nobody logs in with that nick
+  Text status;
+  std::map<Text, Text> tickets;  // by the key of the channel of the login
+  std::deque<PersonalMessage> personal;
+  std::int64_t next_personal = 1;
+  std::set<FrameId> personal_frames;
+  std::deque<Text> recent_posts;  // number and text, to pass over what a browser sends twice
+};
+
+}  // namespace parlorwire::service
