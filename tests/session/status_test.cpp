@@ -172,6 +172,16 @@ TEST_F(Status, TheNoticeIsSaidOnceHoweverOftenTheSignalComes) {
   EXPECT_FALSE(chat.platform.desktop.at(0).pers_red);
 }
 
+TEST_F(Status, TheBlinkingOfTheNextNoticeBeginsWithRed) {
+  NoticePersonalMessage(chat.client, 0);
+  chat.platform.time.Advance(300);
+  StopPersonalNotice(chat.client, 0);
+  EXPECT_FALSE(chat.platform.desktop.at(0).pers_red);
+  NoticePersonalMessage(chat.client, 0);
+  chat.platform.time.Advance(300);
+  EXPECT_TRUE(chat.platform.desktop.at(0).pers_red);
+}
+
 TEST_F(Status, ScrollsToTheBottomUnlessStopScrollIsOnAndTheViewIsNotAtTheEnd) {
   ScriptedView view(rich);
   const PaneScrollInfo above{0, 100, 20, 10}, at_end{0, 100, 20, 80};

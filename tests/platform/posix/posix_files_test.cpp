@@ -224,6 +224,16 @@ TEST_F(PosixFilesTest, WhatAProcessThatLivesIsWritingStays) {
     EXPECT_EQ(folder.Content(name), "half");
 }
 
+TEST_F(PosixFilesTest, WhatSeemsToBeOfAProcessOfAnotherUserStays) {
+  folder.SetMode("", 0777);
+  EXPECT_EQ(InChildWithoutPrivileges([&] {
+              files.Append("config.ini~1", "half");
+              files.RemoveLeftovers();
+              return files.Exists("config.ini~1") ? 1 : 0;
+            }),
+            1);
+}
+
 TEST_F(PosixFilesTest, OnlyWhatIsNamedAsALeftoverIsRemoved) {
   const std::string gone = GoneProcess();
   const std::vector<std::string> names = {"config.ini",
