@@ -17,6 +17,9 @@ class Desktop {
   // Handles the events that are waiting, once. Returns at once if none is.
   virtual void YieldToEvents() = 0;
 
+  // Whether events may be waiting by now. Cheap enough to be asked for each line of a long list.
+  virtual bool EventsWaiting() const = 0;
+
   // The tab strip `SSTab`. SetActiveTab shows the tab as a click on it does.
   virtual int ActiveTab() const = 0;
   virtual void SetActiveTab(int tab) = 0;

@@ -32,6 +32,10 @@ class Files {
   // any moment, the file has either its old content or the new one, whole.
   virtual void Replace(const Text& name, const Text& content) = 0;
 
+  // The same without waiting for the disk, for a large file that changes often: a process that dies
+  // leaves old or new, whole. A machine that fails may leave neither.
+  virtual void ReplaceUnflushed(const Text& name, const Text& content) = 0;
+
   // Writes `bytes` into the file from position `at` on, 1-based, creating it if need be. What
   // stands behind the written bytes stays. at < 1: Fault 63. A gap is filled with zeros.
   virtual void WriteAt(const Text& name, std::int64_t at, const Text& bytes) = 0;

@@ -99,6 +99,7 @@ class SimulatedFiles : public Files {
   std::int64_t Size(const Text& name) const override;
   Text Read(const Text& name) const override;
   void Replace(const Text& name, const Text& content) override;
+  void ReplaceUnflushed(const Text& name, const Text& content) override { Replace(name, content); }
   void WriteAt(const Text& name, std::int64_t at, const Text& bytes) override;
   void Append(const Text& name, const Text& bytes) override;
   void MakeFolder(const Text& name) override;
@@ -150,6 +151,7 @@ class SimulatedDesktop : public Desktop {
   };
 
   void YieldToEvents() override;
+  bool EventsWaiting() const override { return events_waiting; }
   int ActiveTab() const override { return active_tab; }
   void SetActiveTab(int tab) override;
   bool TabVisible(int tab) const override { return at(tab).visible; }
@@ -195,6 +197,7 @@ class SimulatedDesktop : public Desktop {
   std::vector<Box> boxes;
   std::deque<bool> answers;  // to AskYesNo, in order; false when used up
   std::optional<UiLanguage> shown_language;
+  bool events_waiting = false;
   int yields = 0;
   int users_num_updates = 0;
   std::function<void()> on_yield;  // what happens in the event loop when the logic yields

@@ -128,13 +128,13 @@ bool Lives(pid_t process) {
 }
 
 // Writes the new content beside the file. The file itself is as before, whatever happens here.
-void WriteBeside(const Path& path, const Path& beside, const Text& content) {
+void WriteBeside(const Path& path, const Path& beside, const Text& content, bool flush) {
   OpenFile file(beside, O_WRONLY | O_CREAT | O_TRUNC);
   struct stat old{};
   if (stat(path.c_str(), &old) == 0 && fchmod(file.descriptor(), old.st_mode & 07777) != 0)
     Fail(errno);
   file.Write(content);
-  if (fsync(file.descriptor()) != 0) Fail(errno);
+  if (flush && fsync(file.descriptor()) != 0) Fail(errno);
   file.Close();
 }
 
@@ -200,13 +200,21 @@ Text PosixFiles::Read(const Text& name) const {
 }
 
 void PosixFiles::Replace(const Text& name, const Text& content) {
+  PutInPlace(name, content, Flush::kYes);
+}
+
+void PosixFiles::ReplaceUnflushed(const Text& name, const Text& content) {
+  PutInPlace(name, content, Flush::kNo);
+}
+
+void PosixFiles::PutInPlace(const Text& name, const Text& content, Flush flush) {
   kept_.reset();  // it may be the file that goes
   const Path path = PathOf(name);
   if (access(path.c_str(), W_OK) != 0 && errno != ENOENT) Fail(errno);
   Path beside = path;
   beside += MarkOf(getpid());
   try {
-    WriteBeside(path, beside, content);
+    WriteBeside(path, beside, content, flush == Flush::kYes);
     if (rename(beside.c_str(), path.c_str()) != 0) Fail(errno);
   } catch (const Fault&) {
     unlink(beside.c_str());

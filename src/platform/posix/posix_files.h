@@ -11,8 +11,8 @@ namespace parlorwire {
 
 // - Files are created readable and writable for their owner only, folders likewise: there are
 //   passwords and conversations in them. A mode that somebody gave a file later stays.
-// - Replace writes a file "<name>~<process id>" beside the other, which a process that dies then
-//   leaves behind for RemoveLeftovers. A file that may not be written is not replaced either.
+// - Both Replaces write a file "<name>~<process id>" beside the other, which a process that dies
+//   then leaves behind for RemoveLeftovers. A file that may not be written is not replaced either.
 // - Exists is false for a folder; Read and the writes fail on one with 75.
 // - Read takes files up to 2^31 - 1 bytes; larger ones fail with 75.
 // - With a Later, the file that WriteAt or Append wrote last stays open until the event is over, so
@@ -33,6 +33,7 @@ class PosixFiles : public Files {
   std::int64_t Size(const Text& name) const override;
   Text Read(const Text& name) const override;
   void Replace(const Text& name, const Text& content) override;
+  void ReplaceUnflushed(const Text& name, const Text& content) override;
   void WriteAt(const Text& name, std::int64_t at, const Text& bytes) override;
   void Append(const Text& name, const Text& bytes) override;
   void MakeFolder(const Text& name) override;
@@ -44,7 +45,10 @@ class PosixFiles : public Files {
  private:
   struct KeptFile;
 
+  enum class Flush { kYes, kNo };
+
   std::filesystem::path PathOf(const Text& name) const;
+  void PutInPlace(const Text& name, const Text& content, Flush flush);
   KeptFile& Keep(const Text& name, int flags);
 
   std::filesystem::path folder_;

@@ -1,5 +1,6 @@
 #include "shell/qt/qt_desktop.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -17,6 +18,9 @@
 namespace parlorwire {
 namespace {
 
+using Now = std::chrono::steady_clock;
+constexpr std::chrono::milliseconds kLongTurn{5};
+
 QWidget* BoxOwner(client_main* window) {
   QWidget* active = QApplication::activeWindow();
   return active != nullptr ? active : window;
@@ -24,8 +28,20 @@ QWidget* BoxOwner(client_main* window) {
 
 }  // namespace
 
+QtDesktop::QtDesktop() {
+  const auto note = [this] { events_handled_ = Now::now(); };
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
+                   &context_, note);
+  note();
+}
+
 void QtDesktop::YieldToEvents() {
   QCoreApplication::processEvents();
+  events_handled_ = Now::now();
+}
+
+bool QtDesktop::EventsWaiting() const {
+  return Now::now() - events_handled_ >= kLongTurn;
 }
 
 int QtDesktop::ActiveTab() const {

@@ -1,6 +1,9 @@
 // The port to the windows, on the main window.
 #pragma once
 
+#include <QObject>
+#include <chrono>
+
 #include "platform/desktop.h"
 
 namespace parlorwire {
@@ -11,9 +14,14 @@ class client_main;
 // answers as if there were none: nothing is visible, and every question is answered with no.
 class QtDesktop : public Desktop {
  public:
+  // Needs a QApplication.
+  QtDesktop();
+
   void Attach(client_main* window) { window_ = window; }
 
   void YieldToEvents() override;
+  // The toolkit can't be asked. So they may be once a turn of the event loop has gone on for 5 ms.
+  bool EventsWaiting() const override;
 
   int ActiveTab() const override;
   void SetActiveTab(int tab) override;
@@ -51,6 +59,8 @@ class QtDesktop : public Desktop {
 
  private:
   client_main* window_ = nullptr;
+  QObject context_;
+  std::chrono::steady_clock::time_point events_handled_;  // or the turn began
 };
 
 }  // namespace parlorwire

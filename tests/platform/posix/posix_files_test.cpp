@@ -76,6 +76,7 @@ TEST_P(PosixFilesRefusedName, Is52InEveryCallAndTouchesNothing) {
   EXPECT_EQ(FaultOf([&] { files.Size(name); }), 52);
   EXPECT_EQ(FaultOf([&] { files.Read(name); }), 52);
   EXPECT_EQ(FaultOf([&] { files.Replace(name, "x"); }), 52);
+  EXPECT_EQ(FaultOf([&] { files.ReplaceUnflushed(name, "x"); }), 52);
   EXPECT_EQ(FaultOf([&] { files.WriteAt(name, 1, "x"); }), 52);
   EXPECT_EQ(FaultOf([&] { files.WriteAt(name, 0, "x"); }), 52);
   EXPECT_EQ(FaultOf([&] { files.Append(name, "x"); }), 52);
@@ -171,6 +172,16 @@ TEST_F(PosixFilesTest, ReplaceGivesTheFileThisContentAndNoOther) {
   files.Replace("file", "");
   EXPECT_EQ(folder.Content("file"), "");
   EXPECT_EQ(folder.Entries(), 1);
+}
+
+TEST_F(PosixFilesTest, ReplaceUnflushedDoesTheSame) {
+  files.ReplaceUnflushed("file", "a long content");
+  folder.SetMode("file", 0640U);
+  files.ReplaceUnflushed("file", "short");
+  EXPECT_EQ(folder.Content("file"), "short");
+  EXPECT_EQ(folder.Mode("file"), 0640U);
+  EXPECT_EQ(folder.Entries(), 1);
+  EXPECT_EQ(FaultOf([&] { files.ReplaceUnflushed("none\\file", "x"); }), 76);
 }
 
 TEST_F(PosixFilesTest, ReplaceKeepsTheFilesMode) {
@@ -278,14 +289,22 @@ TEST_F(PosixFilesTest, WithoutAnApplicationFolderThereAreNoLeftovers) {
   EXPECT_EQ(FaultOf([&] { nowhere.RemoveLeftovers(); }), 0);
 }
 
-TEST_F(PosixFilesTest, AKillInTheMiddleOfReplaceLeavesOneContentWhole) {
+class PosixFilesReplaced
+    : public PosixFilesTest,
+      public testing::WithParamInterface<void (Files::*)(const Text& name, const Text& content)> {};
+
+INSTANTIATE_TEST_SUITE_P(InBothWays, PosixFilesReplaced,
+                         testing::Values(&Files::Replace, &Files::ReplaceUnflushed));
+
+TEST_P(PosixFilesReplaced, AKillInTheMiddleLeavesOneContentWhole) {
+  const auto replace = GetParam();
   const Text old_content(300'000, 'o'), new_content(200'000, 'n');
   files.Replace("file", old_content);
   int olds = 0, news = 0;
   for (int round = 0; round < 40; ++round) {
     InChildThatIsKilled(1000 + round * 311, [&] {
-      files.Replace("file", new_content);
-      files.Replace("file", old_content);
+      (files.*replace)("file", new_content);
+      (files.*replace)("file", old_content);
     });
     const Text content = files.Read("file");
     ASSERT_TRUE(content == old_content || content == new_content) << content.size();
