@@ -1,5 +1,6 @@
 #include "bot/reactions.h"
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
@@ -36,8 +37,10 @@ using GoOn = std::function<void(const std::function<void()>& statement)>;
 void GreetUser(Client& client, const Text& nick, int tab, const GoOn& go_on) {
   TabSession& session = client.tab(tab);
   if (client.app.AutoKick && session.IsOperator) {
+    const std::uint32_t session_number = session.SessionNumber;
     Text reason;
     go_on([&] { reason = client.hooks.FindAutoKick(nick, session.Channel, true, ""); });
+    if (session.SessionNumber != session_number) return;
     if (!reason.empty()) {
       client.hooks.SayBot("/k " + nick + " " + reason, tab);
       return;

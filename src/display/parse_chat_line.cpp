@@ -1,5 +1,7 @@
 #include "display/parse_chat_line.h"
 
+#include <cstdint>
+
 #include "display/text_out.h"
 #include "text/cut.h"
 #include "text/fault.h"
@@ -68,7 +70,9 @@ ChatLine CutChatLine(std::string_view line) {
 
 void ParseChatLine(Client& client, std::string_view line, int tab) {
   const ChatLine cut = CutChatLine(line);
+  const std::uint32_t session_number = client.tab(tab).SessionNumber;
   if (cut.kind == LineKind::kSystem) client.hooks.ClientAction(cut.text, tab);
+  if (client.tab(tab).SessionNumber != session_number) return;  // events ran in there
   TextOut(client, cut.time, cut.nick, cut.text, cut.kind, tab);
 }
 

@@ -20,8 +20,9 @@ struct ChatLine {
 // at the third place that no "]" closes: Fault 5.
 ChatLine CutChatLine(std::string_view line);
 
-// Cuts a line, tells ClientAction of it if it is a system line, and shows it. `line` holds no LF;
-// its entities are decoded. Faults as CutChatLine does.
+// Cuts a line, tells ClientAction of it if it is a system line, and shows it, unless the tab's
+// session has ended meanwhile. `line` holds no LF; its entities are decoded. Faults as CutChatLine
+// does.
 void ParseChatLine(Client& client, std::string_view line, int tab);
 
 }  // namespace parlorwire

@@ -116,6 +116,19 @@ struct AppState {
   Text DisableKickChannels;    // channels separated by blanks
   Text AutoKickText;           // the whole of AutoKick.lst
   Text IpLogText;              // the whole of IPlog.log
+  // A file that is there and could not be read is never written.
+  bool AutoKickUnknown = false;
+  bool IpLogUnknown = false;
+  bool IpLogSaved = true;       // the last write of IPlog.log did not fail
+  bool AutoKickYields = false;  // waiting events run in the middle of a look-up in AutoKickText
+
+  Text MenuNick;  // the nick that nick_menu was opened for last, without a colon
+
+  // The prompt `text_input`: what was typed and chosen, and what the dialog shows.
+  Text PromptText;                   // the reason
+  Text PromptDuration;               // seconds, or "Надолго"
+  bool PromptWantsDuration = false;  // the list of durations is shown
+  bool PromptCancelled = false;
 
   // Spam rules: a line fires on SpamHost with its scheme, and on SpamDomain without the one
   // subdomain that is allowed.

@@ -1,5 +1,7 @@
 #include "session/frame_stream.h"
 
+#include <cstdint>
+
 #include "session/fault_trap.h"
 #include "session/frame_style.h"
 #include "session/http_answer.h"
@@ -57,6 +59,7 @@ AfterPiece ReadPiece(Client& client, std::string_view piece, int tab) {
 // Reads the whole lines of a chunk and keeps the rest for the next one.
 void ReadLines(Client& client, std::string_view data, int tab) {
   TabSession& session = client.tab(tab);
+  const std::uint32_t session_number = session.SessionNumber;
   session.ChannelListPage.clear();
   const std::size_t rest = data.rfind('\n') + 1;
   session.LineCarry = data.substr(rest);
@@ -65,7 +68,7 @@ void ReadLines(Client& client, std::string_view data, int tab) {
     AfterPiece after = AfterPiece::kReadOn;
     GoOnAfterFault(client, kInCacheMessages,
                    [&] { after = ReadPiece(client, left.substr(0, line_end), tab); });
-    if (after == AfterPiece::kDropChunk) return;
+    if (after == AfterPiece::kDropChunk || session.SessionNumber != session_number) return;
     left.remove_prefix(line_end + 1);
   }
 }

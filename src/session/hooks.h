@@ -69,6 +69,9 @@ struct Hooks {
   Hook<void(const Text& url)> OpenUrl;
   // shell/qt/search_form: the search dialog comes up
   Hook<void()> ShowSearchDialog;
+  // shell/qt/text_input: the prompt for a reason comes up, modal, and the call ends when it is
+  // closed; it shows the durations if PromptWantsDuration is set
+  Hook<void(const Text& prompt, const Text& title)> ShowTextInput;
   // shell/qt/connection_form: the login dialog comes up for the active tab
   Hook<void(int tab)> ShowLoginDialog;
 };

@@ -81,6 +81,8 @@ struct TabSession {
   std::vector<bool> JoinWaitsForList{false};  // for the next drawn user line
   std::vector<std::int16_t> JoinOffset{0};    // characters covered in the present sweep
   std::vector<std::int16_t> JoinSweeps{0};    // finished sweeps; 5 end the highlight
+  // Grows with every list whose joins SayBotFunction treats.
+  std::uint32_t ReportRun = 0;
   bool SayReportOnTab = true;
   bool SayReportInChat = true;
 

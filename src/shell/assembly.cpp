@@ -1,7 +1,9 @@
 #include "shell/assembly.h"
 
+#include "bot/autokick.h"
 #include "bot/bot_queue.h"
 #include "bot/join_highlight.h"
+#include "bot/join_report.h"
 #include "bot/reactions.h"
 #include "display/chat_log.h"
 #include "display/parse_chat_line.h"
@@ -24,6 +26,11 @@ void FillHooks(Client& client) {
   hooks.UpdateUsersFrame = [&client](int tab) { UpdateUsersFrame(client, tab); };
   hooks.SayBot = [&client](const Text& text, int tab) { SayBot(client, text, tab); };
   hooks.ClientAction = [&client](const Text& line, int tab) { ClientAction(client, line, tab); };
+  hooks.FindAutoKick = [&client](const Text& who, const Text& channel, bool is_nick,
+                                 const Text& nick) {
+    return FindAutoKick(client, who, channel, is_nick, nick);
+  };
+  hooks.SayBotFunction = [&client](int tab) { SayBotFunction(client, tab); };
   hooks.StartWaitingHighlight = [&client](int tab) { StartWaitingHighlight(client, tab); };
 }
 

@@ -3,6 +3,8 @@
 #include <cfloat>
 #include <cmath>
 
+#include "bot/autokick.h"
+#include "bot/ip_log.h"
 #include "display/fonts.h"
 #include "display/nick_colours.h"
 #include "session/fault_trap.h"
@@ -109,26 +111,6 @@ WindowPlace ReadPlace(Client& client, const WindowMeasures& measures) {
   return place;
 }
 
-// The whole file; "" if there is none or it can't be read.
-Text ReadWhole(Client& client, const Text& name) {
-  Files& files = client.platform.files;
-  Text text;
-  PassOverFault([&] {
-    if (files.Exists(name)) text = files.Read(name);
-  });
-  return text;
-}
-
-void ReadBotFiles(Client& client) {
-  AppState& app = client.app;
-  app.IpLogText = ReadWhole(client, "IPlog.log");
-  app.AutoKickText = ReadWhole(client, "AutoKick.lst");
-  while (app.AutoKickText.ends_with("\r\n")) {
-    app.AutoKickText.resize(app.AutoKickText.size() - 2);
-    client.platform.desktop.YieldToEvents();
-  }
-}
-
 void ShowNotConnected(Client& client) {
   Desktop& desktop = client.platform.desktop;
   const Text caption = InLanguage(client, kNotConnectedText);
@@ -157,7 +139,8 @@ WindowPlace LoadStep(Client& client, const WindowMeasures& measures) {
   const WindowPlace place = ReadPlace(client, measures);
   ShowNotConnected(client);
   client.tab(0).LoginShown = true;
-  ReadBotFiles(client);
+  LoadIpLog(client);
+  LoadAutoKick(client);
   return place;
 }
 

@@ -253,11 +253,15 @@ TEST_F(StartUp, TheTextsOfTheBotAreReadWhole) {
   EXPECT_EQ(desktop.yields, 1);
 }
 
-TEST_F(StartUp, LineEndsBehindTheAutoKickListGoWithAYieldForEach) {
+TEST_F(StartUp, LineEndsBehindTheAutoKickListGoAndEventsRunBetween) {
   platform.files.files["AutoKick.lst"] = "\r\na\r\n\r\nb\n\r\n\r\n\r\n";
   Load();
   EXPECT_EQ(app.AutoKickText, "\r\na\r\n\r\nb\n");
-  EXPECT_EQ(desktop.yields, 4);
+  EXPECT_EQ(desktop.yields, 1);
+  desktop.events_waiting = true;
+  Load();
+  EXPECT_EQ(app.AutoKickText, "\r\na\r\n\r\nb\n");
+  EXPECT_EQ(desktop.yields, 1 + 4);
 }
 
 TEST_F(StartUp, AnAutoKickListOfLineEndsOnlyIsEmpty) {

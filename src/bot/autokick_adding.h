@@ -1,0 +1,19 @@
+// The items of `nick_menu` that put its nick, `MenuNick`, on the list of kicks.
+#pragma once
+
+#include "session/client.h"
+
+namespace parlorwire {
+
+// The item `all_channels`: the nick's entry gets "All" for its channels; without an entry it gets
+// one. The user is told what was done; then the list is saved.
+//
+// An entry is found by the first line that begins with the nick and a TAB, whatever its case; its
+// wildcards mean nothing here.
+void AddToAutoKickAllChannels(Client& client);
+
+// The item `this_channel`: the same with the channel of the active tab, which is put behind the
+// channels that the entry has.
+void AddToAutoKickThisChannel(Client& client);
+
+}  // namespace parlorwire
