@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <utility>
 
+#include "bot/bot_menu.h"
 #include "display/fonts.h"
 #include "platform/qt/text_conversion.h"
 #include "session/both_languages.h"
@@ -120,11 +121,11 @@ void MainMenu::BuildColours(QMenu* menu) {
 
 void MainMenu::BuildBot(QMenu* menu) {
   Item(
-      menu, {"akick_enabled", {W<"&Автокик">, "&Auto-kick"}},
-      [this] { client_.app.AutoKick = !client_.app.AutoKick; }, true);
+      menu, {"akick_enabled", {W<"&Автокик">, "&Auto-kick"}}, [this] { akick_enabled(client_); },
+      true);
   Item(
       menu, {"say_ip_and_flags", {W<"&Говорить адреса и флаги">, "&Say addresses and flags"}},
-      [this] { client_.app.SayIPAndFlags = !client_.app.SayIPAndFlags; }, true);
+      [this] { say_ip_and_flags(client_); }, true);
 }
 
 void MainMenu::SetLanguage(UiLanguage language) {
