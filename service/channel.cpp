@@ -34,27 +34,6 @@ class Presented {
   std::array<std::optional<Text>, 20> made_;
 };
 
-// Takes out those whose time is over.
-std::vector<Text> TakeEnded(std::map<Text, std::int64_t>& until, const Moment& now) {
-  std::vector<Text> ended;
-  for (auto entry = until.begin(); entry != until.end();) {
-    if (entry->second > now.ms) {
-      ++entry;
-      continue;
-    }
-    ended.push_back(entry->first);
-    entry = until.erase(entry);
-  }
-  return ended;
-}
-
-void TellEnd(Frames& frames, Channel& channel, const std::vector<Text>& nicks,
-             std::string_view words, const Moment& now) {
-  for (const Text& nick : nicks)
-    if (const Member* member = FindMember(channel, nick))
-      BroadcastSystem(frames, channel, member->account->nick + " " + Text(words), now);
-}
-
 }  // namespace
 
 Member* FindMember(Channel& channel, std::string_view nick) {
@@ -92,10 +71,10 @@ Text FlagsOf(const Channel& channel, const Member& member) {
 
 bool IsKeptOut(const Channel& channel, const Account& account, const Origin& origin,
                const Moment& now) {
-  return std::any_of(channel.bans.begin(), channel.bans.end(), [&](const Ban& ban) {
-    return ban.until_ms > now.ms &&
-           (MaskMatches(ban.mask, account.nick) || MaskMatches(ban.mask, origin.address) ||
-            MaskMatches(ban.mask, origin.forwarded));
+  return std::any_of(channel.bans.begin(), channel.bans.end(), [&](const Penalty& ban) {
+    return ban.until_ms > now.ms && !EqualsNoCase(ban.by, account.nick) &&
+           (MaskMatches(ban.of, account.nick) || MaskMatches(ban.of, origin.address) ||
+            MaskMatches(ban.of, origin.forwarded));
   });
 }
 
@@ -128,18 +107,36 @@ Text HistoryOf(const Channel& channel, const Account& account, const Moment& now
   return lines;
 }
 
+std::map<Text, Penalty>& TakenFrom(Channel& channel, Right right) {
+  return right == Right::kVoice ? channel.muted : channel.lowered;
+}
+
+bool GiveBack(Frames& frames, Channel& channel, Right right, std::string_view nick,
+              const Moment& now) {
+  if (TakenFrom(channel, right).erase(NickKey(nick)) == 0) return false;
+  const Text words =
+      right == Right::kVoice ? " получает право голоса"_w : " снова пишет любыми буквами"_w;
+  if (const Member* member = FindMember(channel, nick))
+    BroadcastSystem(frames, channel, member->account->nick + words, now);
+  return true;
+}
+
 void EndPeriods(Frames& frames, Channel& channel, const Moment& now) {
-  std::erase_if(channel.bans, [&](const Ban& ban) { return ban.until_ms <= now.ms; });
-  TellEnd(frames, channel, TakeEnded(channel.muted, now), W<"получает право голоса">, now);
-  TellEnd(frames, channel, TakeEnded(channel.lowered, now), W<"снова пишет любыми буквами">, now);
+  std::erase_if(channel.bans, [&](const Penalty& ban) { return ban.until_ms <= now.ms; });
+  for (const Right right : {Right::kVoice, Right::kCapitals}) {
+    std::vector<Text> ended;
+    for (const auto& [nick, penalty] : TakenFrom(channel, right))
+      if (penalty.until_ms <= now.ms) ended.push_back(nick);
+    for (const Text& nick : ended)
+      GiveBack(frames, channel, right, nick, now);
+  }
 }
 
 std::int64_t NextEndOfPeriod(const Channel& channel) {
   std::int64_t next = kForever;
-  for (const auto& [nick, until] : channel.muted)
-    next = std::min(next, until);
-  for (const auto& [nick, until] : channel.lowered)
-    next = std::min(next, until);
+  for (const auto* penalties : {&channel.muted, &channel.lowered})
+    for (const auto& [nick, penalty] : *penalties)
+      next = std::min(next, penalty.until_ms);
   return next;
 }
 

@@ -31,19 +31,26 @@ struct Origin {
 struct Member {
   Account* account = nullptr;  // never none
   Frame* frame = nullptr;      // none for an inhabitant, and while a broken frame may come back
-  Text address;                // what /chl and bans see
-  Text shown_address;          // what stands in brackets behind "приходит на канал"
+  Text address;                // what /chl and bans see; "" if it is hidden
+  Text shown_address;  // what stands in brackets behind "приходит на канал"; "": no brackets
   bool oper = false;
   bool admin = false;               // an administrator of the chat, on every channel
   std::int64_t gone_ms = kForever;  // when the presence ends, unless the frame comes back
 };
 
-struct Ban {
-  Text mask;  // of a nick or an address, see MaskMatches
+// What an operator has taken from somebody.
+struct Penalty {
+  Text of;  // a nick; of a ban a mask of nicks or addresses, see MaskMatches
   Text reason;
   Text by;                           // nick
   std::int64_t local = 0;            // when, in seconds of the local wall clock
   std::int64_t until_ms = kForever;  // counts no more from then on
+};
+
+// What can be taken from one who stays.
+enum class Right {
+  kVoice,
+  kCapitals,  // without it one writes small letters only
 };
 
 struct TopicChange {
@@ -55,14 +62,14 @@ struct TopicChange {
 struct Channel {
   Text name;
   Text password;
-  bool permanent = false;                // stays when nobody is on it
-  std::vector<Member> members;           // in the order in which they came
-  std::set<Text> opers;                  // keys of nicks, also of such as are not there
-  std::vector<Ban> bans;                 // the newest last
-  std::map<Text, std::int64_t> muted;    // keys of nicks, and until when, in ms
-  std::map<Text, std::int64_t> lowered;  // those who may not write capitals; the same
-  std::deque<Line> history;              // at most 200, the newest last
-  std::deque<TopicChange> topics;        // the newest last
+  bool permanent = false;           // stays when nobody is on it
+  std::vector<Member> members;      // in the order in which they came
+  std::set<Text> opers;             // keys of nicks, also of such as are not there
+  std::vector<Penalty> bans;        // the newest last; a kick is one that ends soon
+  std::map<Text, Penalty> muted;    // without kVoice, by the keys of the nicks; they may be away
+  std::map<Text, Penalty> lowered;  // without kCapitals; the same
+  std::deque<Line> history;         // at most 200, the newest last
+  std::deque<TopicChange> topics;   // the newest last
 };
 
 // The member of that nick, in any case of letters; none if he isn't there. It stays valid until
@@ -81,9 +88,17 @@ bool IsProtected(const Member& member);
 // "[+o-t]", as the user frame shows them; "[]" if there are none.
 Text FlagsOf(const Channel& channel, const Member& member);
 
-// Whether a ban holds for a nick or for where it comes from.
+// Whether a ban holds for a nick or for where it comes from. Nobody is kept out by a ban of his
+// own.
 bool IsKeptOut(const Channel& channel, const Account& account, const Origin& origin,
                const Moment& now);
+
+// From whom a right is taken.
+std::map<Text, Penalty>& TakenFrom(Channel& channel, Right right);
+
+// Gives a right back; the channel is told, if the nick is there. False if he had it.
+bool GiveBack(Frames& frames, Channel& channel, Right right, std::string_view nick,
+              const Moment& now);
 
 // Shows a line to everybody, and keeps it for those who come later; what is said to operators is
 // shown to them and to its speaker, and not kept. The line's time is set here.

@@ -42,7 +42,7 @@ struct Option {
 using Options = ServerOptions;
 using Value = std::string_view;
 
-constexpr std::array<Option, 21> kOptions = {{
+constexpr std::array<Option, 22> kOptions = {{
     {"--port", true, [](Options& o, Value v) { return SetNumber(o.port, v, 65535); }},
     {"--address", true,
      [](Options& o, Value v) {
@@ -51,6 +51,8 @@ constexpr std::array<Option, 21> kOptions = {{
      }},
     {"--quiet", false, [](Options& o, Value) { return !(o.inhabitants.present = false); }},
     {"--no-inhabitants", false, [](Options& o, Value) { return !(o.inhabitants.present = false); }},
+    {"--visits", true,
+     [](Options& o, Value v) { return SetNumber(o.inhabitants.visit_ms, v, 1000000, 1000); }},
     {"--talk", true, [](Options& o, Value v) { return SetNumber(o.inhabitants.talk, v, 1000000); }},
     {"--talk-lines", true,
      [](Options& o, Value v) { return SetNumber(o.inhabitants.talk_lines, v, 999999999); }},
@@ -138,6 +140,7 @@ Prints "listening on ADDRESS:PORT" when it is ready, and ends on SIGTERM or SIGI
   --channels A,B       channels that are always there
   --quiet, --no-inhabitants
                        no inhabitants who talk, greet, come and go
+  --visits S           one of the inhabitants comes or goes each S seconds; 0: now and then (0)
   --talk N             inhabitants say N lines a second on each channel that is read
   --talk-lines N       they fall silent after N lines on a channel
   --talk-frames N      they begin when N frames are open

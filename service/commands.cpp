@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "service/ascii.h"
 #include "service/names.h"
@@ -16,11 +15,8 @@
 namespace parlorwire::service {
 namespace {
 
-// Longest time that a command can name, in seconds.
-constexpr std::int64_t kLongestPeriod = 1'000'000;
-constexpr std::size_t kMostDigits = 9;
+constexpr std::size_t kMostDigits = 9;  // of a number in a command
 constexpr int kLongestHistory = 200;
-constexpr std::size_t kMostBans = 500;
 constexpr std::size_t kTopicsKept = 50;
 
 Text NotOnChannel() {
@@ -40,12 +36,6 @@ Text TakeWord(std::string_view& rest) {
   return word;
 }
 
-Text Because(const Speaker& speaker, std::string_view reason) {
-  Text text = " (" + speaker.account.nick;
-  if (!reason.empty()) text += ": " + Text(reason);
-  return text + ")";
-}
-
 Text Set(const Speaker& speaker, std::string_view rest) {
   const Text what = LCase(TakeWord(rest));
   const Text value = TakeWord(rest);
@@ -62,74 +52,6 @@ Text Set(const Speaker& speaker, std::string_view rest) {
     return "Строк истории при входе: "_w + std::to_string(speaker.account.history);
   }
   return "Можно установить s (стиль) и h (историю)"_w;
-}
-
-// Out with a member, in sight of all; the channel may be gone after it.
-void Expel(Chat& chat, const Speaker& speaker, const Text& nick, const Text& words,
-           std::string_view reason, FrameEnd end, const Moment& now) {
-  BroadcastSystem(chat.frames, *speaker.channel, nick + " " + words + Because(speaker, reason),
-                  now);
-  PartMember(chat, *speaker.channel, nick, end, now);
-}
-
-void KeepOut(Channel& channel, Ban ban) {
-  channel.bans.push_back(std::move(ban));
-  if (channel.bans.size() > kMostBans) channel.bans.erase(channel.bans.begin());
-}
-
-Text Kick(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
-  const Text nick = TakeWord(rest);
-  Member* target = FindMember(*speaker.channel, nick);
-  if (target == nullptr) return "Нет такого ника на канале: "_w + nick;
-  if (IsProtected(*target)) return "Этот ник под защитой"_w;
-  const Text name = target->account->nick;
-  if (chat.options.kick_ms > 0)
-    KeepOut(*speaker.channel,
-            {name, Text(rest), speaker.account.nick, now.local, now.ms + chat.options.kick_ms});
-  Expel(chat, speaker, name, "удален с канала"_w, rest, FrameEnd::kClose, now);
-  return name + " удален с канала"_w;
-}
-
-Text AddBan(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
-  const Text mask = TakeWord(rest);
-  if (mask.empty()) return "Укажите ник или адрес"_w;
-  KeepOut(*speaker.channel, {mask, Text(rest), speaker.account.nick, now.local, kForever});
-  std::vector<Text> hit;
-  for (const Member& member : speaker.channel->members)
-    if ((MaskMatches(mask, member.account->nick) || MaskMatches(mask, member.address)) &&
-        &member != speaker.member && !IsProtected(member))
-      hit.push_back(member.account->nick);
-  for (const Text& nick : hit)
-    Expel(chat, speaker, nick, "заносится в бан-лист"_w, rest, FrameEnd::kClose, now);
-  return mask + " в бан-листе"_w;
-}
-
-Text RemoveBan(const Speaker& speaker, std::string_view rest) {
-  const Text mask = TakeWord(rest);
-  const auto removed = std::erase_if(speaker.channel->bans,
-                                     [&](const Ban& ban) { return EqualsNoCase(ban.mask, mask); });
-  return removed == 0 ? "Нет в бан-листе: "_w + mask : mask + " больше не в бан-листе"_w;
-}
-
-Text SetOperator(Chat& chat, const Speaker& speaker, bool on, std::string_view rest,
-                 const Moment& now) {
-  const Text nick = TakeWord(rest);
-  Member* target = FindMember(*speaker.channel, nick);
-  if (target == nullptr) return "Нет такого ника на канале: "_w + nick;
-  const Text key = NickKey(nick);
-  if (on)
-    speaker.channel->opers.insert(key);
-  else
-    speaker.channel->opers.erase(key);
-  if (target->oper != on) {
-    target->oper = on;
-    BroadcastSystem(chat.frames, *speaker.channel,
-                    target->account->nick +
-                        (on ? " стал оператором канала"_w : " больше не оператор канала"_w) +
-                        Because(speaker, {}),
-                    now);
-  }
-  return "Готово"_w;
 }
 
 // The flags of a nick itself. Without +R the frame begins anew, so that its page loses the script.
@@ -157,61 +79,52 @@ Text Mode(Chat& chat, const Speaker& speaker, std::string_view rest, const Momen
   if (is_own && rest.empty()) return SetNickFlag(chat, speaker.account, flag);
   if (speaker.member == nullptr) return NotOnChannel();
   if (!IsOperator(*speaker.member)) return NotOperator();
-  if (flag == "+b") return AddBan(chat, speaker, rest, now);
-  if (flag == "-b") return RemoveBan(speaker, rest);
-  if (flag == "+o" || flag == "-o") return SetOperator(chat, speaker, flag == "+o", rest, now);
+  const Text whom = TakeWord(rest);
+  if (flag == "+b") return Ban(chat, speaker, whom, Text(rest), now);
+  if (flag == "-b") return Unban(speaker, whom);
+  if (flag == "+o" || flag == "-o") return SetOperator(chat, speaker, flag == "+o", whom, now);
   if (is_own) {
-    const Text nick = TakeWord(rest);
-    Member* target = FindMember(*speaker.channel, nick);
-    if (target == nullptr) return "Нет такого ника на канале: "_w + nick;
-    return SetNickFlag(chat, *target->account, flag);
+    const Member* target = FindMember(*speaker.channel, whom);
+    return target == nullptr ? NoSuchNick(whom) : SetNickFlag(chat, *target->account, flag);
   }
   return "Такого флага нет: "_w + flag;
 }
 
-struct Restriction {
-  std::map<Text, std::int64_t> Channel::* until;
-  Text begins;
-  Text ends;
-};
-
-// "[seconds] nick [reason]"; without a number it is for good, 0 takes it back.
-Text Restrict(Chat& chat, const Speaker& speaker, std::string_view rest,
-              const Restriction& restriction, const Moment& now) {
-  Text nick = TakeWord(rest);
-  std::int64_t seconds = -1;
-  if (const auto number = ReadNumber(nick, kMostDigits); number && !rest.empty()) {
-    seconds = std::min(*number, kLongestPeriod);
-    nick = TakeWord(rest);
-  }
-  Channel& channel = *speaker.channel;
-  const Member* target = FindMember(channel, nick);
-  if (target == nullptr) return "Нет такого ника на канале: "_w + nick;
-  if (IsProtected(*target)) return "Этот ник под защитой"_w;
-  const Text key = NickKey(nick);
-  auto& until = channel.*restriction.until;
-  if (seconds == 0) {
-    if (until.erase(key) != 0)
-      BroadcastSystem(chat.frames, channel, target->account->nick + " " + restriction.ends, now);
-    return "Готово"_w;
-  }
-  until[key] = seconds < 0 ? kForever : now.ms + seconds * 1000;
-  BroadcastSystem(chat.frames, channel,
-                  target->account->nick + " " + restriction.begins + Because(speaker, rest), now);
-  return "Готово"_w;
+Text KickSomebody(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
+  const Text whom = TakeWord(rest);
+  return Kick(chat, speaker, whom, Text(rest), now);
 }
 
-Text Eject(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
-  Text nick = TakeWord(rest);
+// "[seconds] nick [reason]"; without a number it is for good, 0 gives the right back. A nick of
+// digits is meant where no other nick stands behind it.
+Text TakeOrGive(Chat& chat, const Speaker& speaker, Right right, std::string_view rest,
+                const Moment& now) {
+  const Text first = TakeWord(rest);
+  const auto seconds = ReadNumber(first, kMostDigits);
+  std::string_view behind = rest;
+  const Text second = TakeWord(behind);
+  const auto is_there = [&](const Text& nick) {
+    return FindMember(*speaker.channel, nick) != nullptr;
+  };
+  if (!seconds || second.empty() || (!is_there(second) && is_there(first)))
+    return TakeRight(chat, speaker, right, first, std::nullopt, Text(rest), now);
+  if (*seconds == 0) return GiveRight(chat, speaker, right, second, now);
+  return TakeRight(chat, speaker, right, second, seconds, Text(behind), now);
+}
+
+Text Mute(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
+  return TakeOrGive(chat, speaker, Right::kVoice, rest, now);
+}
+
+Text Lower(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
+  return TakeOrGive(chat, speaker, Right::kCapitals, rest, now);
+}
+
+Text EjectSomebody(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
+  const Text nick = TakeWord(rest);
   const bool oneself = nick.empty() || EqualsNoCase(nick, speaker.account.nick);
-  if (oneself) nick = speaker.account.nick;
   if (!oneself && !IsOperator(*speaker.member)) return NotOperator();
-  const Member* target = FindMember(*speaker.channel, nick);
-  if (target == nullptr) return "Нет такого ника на канале: "_w + nick;
-  if (!oneself && IsProtected(*target)) return "Этот ник под защитой"_w;
-  const Text name = target->account->nick;
-  Expel(chat, speaker, name, "катапультируется"_w, rest, FrameEnd::kEject, now);
-  return name + " катапультируется"_w;
+  return Eject(chat, speaker, oneself ? speaker.account.nick : nick, Text(rest), now);
 }
 
 Text ChangeTopic(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
@@ -241,37 +154,41 @@ Text Act(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment
   return "Сообщение отправлено"_w;
 }
 
+// A command that needs a presence on the channel.
+struct Command {
+  std::string_view name;
+  bool is_for_operators;
+  Text (*run)(Chat&, const Speaker&, std::string_view rest, const Moment&);
+};
+
+constexpr std::array<Command, 7> kCommands = {{
+    {"/op", false, SayToOperators},
+    {"/me", false, Act},
+    {"/eject", false, EjectSomebody},
+    {"/k", true, KickSomebody},
+    {"/mu", true, Mute},
+    {"/l", true, Lower},
+    {"/topic", true, ChangeTopic},
+}};
+
 }  // namespace
 
 Text RunCommand(Chat& chat, const Speaker& speaker, const Text& text, const Moment& now) {
   std::string_view rest(text);
-  const Text command = LCase(TakeWord(rest));
+  const Text name = LCase(TakeWord(rest));
   // What concerns the nick alone needs no channel.
-  if (command == "/set" || command == "/s") return Set(speaker, rest);
-  if (command == "/mo") return Mode(chat, speaker, rest, now);
-  if (command == "/status") {
+  if (name == "/set" || name == "/s") return Set(speaker, rest);
+  if (name == "/mo") return Mode(chat, speaker, rest, now);
+  if (name == "/status") {
     speaker.account.status = Text(rest);
     return "Статус установлен"_w;
   }
-  const std::array<std::string_view, 3> for_all = {"/op", "/me", "/eject"};
-  const std::array<std::string_view, 4> for_operators = {"/k", "/l", "/mu", "/topic"};
-  const bool is_for_operators =
-      std::find(for_operators.begin(), for_operators.end(), command) != for_operators.end();
-  if (!is_for_operators && std::find(for_all.begin(), for_all.end(), command) == for_all.end())
-    return "Такой команды нет: "_w + command;
+  const auto command = std::find_if(kCommands.begin(), kCommands.end(),
+                                    [&](const Command& each) { return each.name == name; });
+  if (command == kCommands.end()) return "Такой команды нет: "_w + name;
   if (speaker.member == nullptr) return NotOnChannel();
-  if (is_for_operators && !IsOperator(*speaker.member)) return NotOperator();
-  if (command == "/op") return SayToOperators(chat, speaker, rest, now);
-  if (command == "/me") return Act(chat, speaker, rest, now);
-  if (command == "/eject") return Eject(chat, speaker, rest, now);
-  if (command == "/k") return Kick(chat, speaker, rest, now);
-  if (command == "/topic") return ChangeTopic(chat, speaker, rest, now);
-  if (command == "/mu")
-    return Restrict(chat, speaker, rest,
-                    {&Channel::muted, "лишается права голоса"_w, "получает право голоса"_w}, now);
-  return Restrict(
-      chat, speaker, rest,
-      {&Channel::lowered, "переходит на строчные буквы"_w, "снова пишет любыми буквами"_w}, now);
+  if (command->is_for_operators && !IsOperator(*speaker.member)) return NotOperator();
+  return command->run(chat, speaker, rest, now);
 }
 
 }  // namespace parlorwire::service

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "service/names.h"
 #include "service/posting.h"
@@ -19,18 +22,42 @@ constexpr std::size_t kBytesInLine = 64;          // at least
 
 struct Persona {
   std::string_view nick;
-  std::string_view address;
-  bool oper;
+  std::string_view address;  // "" hides it
+  std::string_view behind;   // the address behind that of a proxy; "" if it is none
+  std::string_view status;
 };
 
-constexpr std::array<Persona, 6> kPersonas = {{
-    {W<"Операторша">, "192.0.2.1", true},
-    {W<"Василиса">, "192.0.2.14", false},
-    {W<"Фонарщик">, "192.0.2.23", false},
-    {W<"Шкипер">, "198.51.100.7", false},
-    {W<"nordwind">, "198.51.100.112", false},
-    {W<"Ёжик">, "203.0.113.9", false},
+// They live on their channels. The first is the robot, who operates and never leaves.
+constexpr std::array<Persona, 6> kResidents = {{
+    {W<"Операторша">, "192.0.2.1", "", W<"слежу за порядком">},
+    {W<"Василиса">, "192.0.2.14", "", ""},
+    {W<"Фонарщик">, "192.0.2.23", "", W<"на маяке">},
+    {W<"Шкипер">, "198.51.100.7", "", ""},
+    {W<"nordwind">, "198.51.100.112", "", "away"},
+    {W<"Ёжик">, "203.0.113.9", "", ""},
 }};
+
+// They come for a while. The lighthouse has one address, and so has the reading room, with more
+// nicks than a list of them would name.
+constexpr std::array<Persona, 16> kVisitors = {{
+    {W<"Сверчок">, "192.0.2.23", "", ""},
+    {W<"Росинка">, "192.0.2.23", "", W<"в гостях на маяке">},
+    {W<"Почтальон">, "198.51.100.80", "10.20.30.40", ""},
+    {W<"Невидимка">, "", "", ""},
+    {W<"Абзац">, "203.0.113.40", "", W<"в читальном зале">},
+    {W<"Буквоед">, "203.0.113.40", "", ""},
+    {W<"Глава">, "203.0.113.40", "", ""},
+    {W<"Закладка">, "203.0.113.40", "", ""},
+    {W<"Корешок">, "203.0.113.40", "", ""},
+    {W<"Листок">, "203.0.113.40", "", ""},
+    {W<"Обложка">, "203.0.113.40", "", ""},
+    {W<"Переплет">, "203.0.113.40", "", ""},
+    {W<"Строка">, "203.0.113.40", "", ""},
+    {W<"Том">, "203.0.113.40", "", ""},
+    {W<"Формат">, "203.0.113.40", "", ""},
+    {W<"Эпиграф">, "203.0.113.40", "", ""},
+}};
+constexpr std::int64_t kMostVisitors = 5;  // at a time
 
 constexpr std::array<std::string_view, 16> kPhrases = {
     W<"кто-нибудь видел сегодня закат?">,
@@ -63,7 +90,7 @@ constexpr std::array<std::string_view, 4> kGreetings = {
     W<"здравствуй, проходи">,
 };
 
-constexpr std::array<std::string_view, 6> kTones = {
+constexpr std::array<std::string_view, 6> kMoods = {
     "", "", "", W<"смеется">, W<"задумчиво">, W<"напевает">};
 
 template <class Array>
@@ -71,29 +98,40 @@ const auto& Pick(Chat& chat, const Array& array) {
   return array[static_cast<std::size_t>(chat.random() % array.size())];
 }
 
-Account& AccountOf(Chat& chat, const Persona& persona) {
+void Register(Chat& chat, const Persona& persona) {
   Account& account = chat.accounts[NickKey(persona.nick)];
   account.nick = persona.nick;
+  account.status = persona.status;
   account.robot = true;
   account.timer = false;
-  return account;
+}
+
+Account& AccountOf(Chat& chat, std::string_view nick) {
+  return chat.accounts.at(NickKey(nick));
 }
 
 bool IsThere(Channel& channel, const Persona& persona) {
   return FindMember(channel, persona.nick) != nullptr;
 }
 
-void Speak(Chat& chat, const Persona& persona, const Text& channel, const Text& text,
-           std::string_view tone, const Moment& now) {
-  Post(chat, AccountOf(chat, persona), channel, text, Text(tone), {}, now);
+void Come(Chat& chat, const Persona& persona, const Text& channel, bool announced,
+          const Moment& now) {
+  const bool oper = &persona == kResidents.data();
+  Settle(chat, AccountOf(chat, persona.nick), channel,
+         {Text(persona.address), Text(persona.behind)}, oper, announced, now);
 }
 
-const Persona& SomebodyThere(Chat& chat, Channel& channel) {
-  const Persona& picked = Pick(chat, kPersonas);
-  if (IsThere(channel, picked)) return picked;
-  for (const Persona& persona : kPersonas)
-    if (IsThere(channel, persona)) return persona;
-  return kPersonas[0];
+void Speak(Chat& chat, std::string_view nick, const Text& channel, const Text& text,
+           std::string_view tone, const Moment& now) {
+  Post(chat, AccountOf(chat, nick), channel, text, Text(tone), {}, now);
+}
+
+// The nick of one who is there; the robot always is.
+Text SomebodyThere(Chat& chat, const Channel& channel) {
+  std::vector<Text> nicks;
+  for (const Member& member : channel.members)
+    if (member.account->robot) nicks.push_back(member.account->nick);
+  return nicks.empty() ? Text(kResidents[0].nick) : Pick(chat, nicks);
 }
 
 // Greets one who came since the last time; false if there is none.
@@ -118,14 +156,21 @@ bool HasNewcomer(Inhabitants& inhabitants, Channel& channel) {
   });
 }
 
-// One comes or goes. The robot that greets stays.
+// One comes or goes. Visitors come more often than residents leave, but not too many at a time.
 void ComeOrGo(Chat& chat, Channel& channel, const Moment& now) {
-  const Persona& persona = kPersonas[1 + chat.random() % (kPersonas.size() - 1)];
-  if (IsThere(channel, persona))
-    PartMember(chat, channel, persona.nick, FrameEnd::kNone, now);
+  const auto crowd = std::count_if(kVisitors.begin(), kVisitors.end(),
+                                   [&](const Persona& each) { return IsThere(channel, each); });
+  const std::uint64_t dice = chat.random() % 6;
+  const Persona* persona = &Pick(chat, kVisitors);
+  if (dice == 0)
+    persona = &kResidents[1 + chat.random() % (kResidents.size() - 1)];
+  else if (crowd >= kMostVisitors || (dice == 1 && crowd > 0))
+    while (!IsThere(channel, *persona))
+      persona = persona == &kVisitors.back() ? kVisitors.data() : persona + 1;
+  if (IsThere(channel, *persona))
+    PartMember(chat, channel, persona->nick, FrameEnd::kNone, now);
   else
-    Settle(chat, AccountOf(chat, persona), channel.name, Text(persona.address), persona.oper, true,
-           now);
+    Come(chat, *persona, channel.name, true, now);
 }
 
 void DoSomething(Inhabitants& inhabitants, Chat& chat, Channel& channel, const Moment& now) {
@@ -135,11 +180,23 @@ void DoSomething(Inhabitants& inhabitants, Chat& chat, Channel& channel, const M
     ComeOrGo(chat, channel, now);
     return;
   }
-  const Persona& persona = SomebodyThere(chat, channel);
+  const Text nick = SomebodyThere(chat, channel);
   if (dice < 24)
-    Speak(chat, persona, channel.name, "/me " + Text(Pick(chat, kActions)), "", now);
+    Speak(chat, nick, channel.name, "/me " + Text(Pick(chat, kActions)), "", now);
   else
-    Speak(chat, persona, channel.name, Text(Pick(chat, kPhrases)), Pick(chat, kTones), now);
+    Speak(chat, nick, channel.name, Text(Pick(chat, kPhrases)), Pick(chat, kMoods), now);
+}
+
+// Comings and goings by the clock, if they are wanted; when the next is due.
+std::int64_t Visit(Inhabitants& inhabitants, Chat& chat, Channel& channel, const Moment& now) {
+  const std::int64_t period = inhabitants.options.visit_ms;
+  if (period == 0) return kForever;
+  auto [due, is_new] = inhabitants.next_visit.try_emplace(channel.name, now.ms + period);
+  if (due->second <= now.ms) {
+    ComeOrGo(chat, channel, now);
+    due->second = now.ms + period;
+  }
+  return due->second;
 }
 
 // The deeds of one channel; when the next is due.
@@ -147,6 +204,7 @@ std::int64_t LiveOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channe
                            const Moment& now) {
   if (!HasPeople(channel)) {
     inhabitants.next_deed.erase(channel.name);
+    inhabitants.next_visit.erase(channel.name);
     return kForever;
   }
   auto [due, is_new] = inhabitants.next_deed.try_emplace(channel.name, now.ms + kGreetAfterMs);
@@ -157,7 +215,7 @@ std::int64_t LiveOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channe
     due->second = now.ms + 4000 + static_cast<std::int64_t>(chat.random() % 9000);
     if (HasNewcomer(inhabitants, channel)) due->second = now.ms + kGreetAfterMs;
   }
-  return due->second;
+  return std::min(due->second, Visit(inhabitants, chat, channel, now));
 }
 
 // How many lines the slowest reader is still to be given.
@@ -175,9 +233,8 @@ void TalkOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channel, const
   auto& load = inhabitants.loads[channel.name];
   if (load.from_ms < 0) {
     load = {now.ms, 0};
-    for (const Persona& persona : kPersonas)
-      Settle(chat, AccountOf(chat, persona), channel.name, Text(persona.address), persona.oper,
-             false, now);
+    for (const Persona& persona : kResidents)
+      Come(chat, persona, channel.name, false, now);
   }
   const std::int64_t due = (now.ms - load.from_ms) * inhabitants.options.talk / 1000;
   // After a pause the arrears are made up in portions.
@@ -187,11 +244,11 @@ void TalkOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channel, const
   for (; load.said < last; ++load.said) {
     Text number = std::to_string(load.said + 1);
     number.insert(0, number.size() < 8 ? 8 - number.size() : 0, '0');
-    const Persona& persona = kPersonas[static_cast<std::size_t>(load.said) % kPersonas.size()];
+    const Persona& persona = kResidents[static_cast<std::size_t>(load.said) % kResidents.size()];
     Text text = "#" + number + " " + Text(Pick(chat, kPhrases));
     while (std::ssize(text) < inhabitants.options.talk_length)
       text.append(" ").append(Pick(chat, kPhrases));
-    Speak(chat, persona, channel.name, text, "", now);
+    Speak(chat, persona.nick, channel.name, text, "", now);
   }
 }
 
@@ -221,17 +278,20 @@ void Talk(Inhabitants& inhabitants, Chat& chat, const Moment& now) {
 }  // namespace
 
 Inhabitants MoveIn(Chat& chat, const InhabitantOptions& options, const Moment& now) {
-  Inhabitants inhabitants{options, kForever, {}, {}, {}, false};
+  Inhabitants inhabitants;
+  inhabitants.options = options;
   if (!options.present) return inhabitants;
-  for (const Persona& persona : kPersonas)
-    AccountOf(chat, persona);
+  for (const Persona& persona : kResidents)
+    Register(chat, persona);
+  for (const Persona& persona : kVisitors)
+    Register(chat, persona);
   for (const Text& name : options.channels) {
     Channel& channel = chat.channels[NickKey(name)];
     channel.name = name;
     channel.permanent = true;
-    channel.topics.push_back({"Добро пожаловать"_w, Text(kPersonas[0].nick), now.local});
-    for (const Persona& persona : kPersonas)
-      Settle(chat, AccountOf(chat, persona), name, Text(persona.address), persona.oper, false, now);
+    channel.topics.push_back({"Добро пожаловать"_w, Text(kResidents[0].nick), now.local});
+    for (const Persona& persona : kResidents)
+      Come(chat, persona, name, false, now);
     for (int i = 0; i < 6; ++i)
       Speak(chat, SomebodyThere(chat, channel), name, Text(Pick(chat, kPhrases)), "", now);
   }

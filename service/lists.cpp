@@ -32,6 +32,19 @@ Text UserLine(const Channel& channel, const Member& member, bool form_b) {
   return nick + "|" + flags + "[" + address + "]'" + status + "'\n";
 }
 
+// "" if it has run its time.
+Text PenaltyRow(const Penalty& penalty, const Text& without, const Moment& now) {
+  if (penalty.until_ms <= now.ms) return {};
+  Text until = "навсегда"_w;
+  if (penalty.until_ms != kForever) {
+    const std::int64_t seconds = (penalty.until_ms - now.ms + 999) / 1000;
+    until =
+        TimeText(now.local + seconds, now.local) + " (еще "_w + std::to_string(seconds) + " с)"_w;
+  }
+  return Row(
+      {TimeText(penalty.local, now.local), penalty.of, without, penalty.reason, penalty.by, until});
+}
+
 }  // namespace
 
 Text UserFrame(const Channel& channel, const Account& reader, bool form_b) {
@@ -61,15 +74,13 @@ Text UserPage(const Channel& channel, const Visitor& visitor) {
 }
 
 Text BanListPage(const Channel& channel, const Moment& now) {
-  Text rows;
-  for (const Ban& ban : channel.bans) {
-    if (ban.until_ms <= now.ms) continue;
-    const Text until =
-        ban.until_ms == kForever
-            ? "навсегда"_w
-            : "еще "_w + std::to_string((ban.until_ms - now.ms + 999) / 1000) + " с"_w;
-    rows += Row({TimeText(ban.local, now.local), ban.mask, ban.reason, ban.by, until});
-  }
+  Text rows = Row({"когда"_w, "кто"_w, "без чего"_w, "причина"_w, "оператор"_w, "до"_w});
+  for (const Penalty& ban : channel.bans)
+    rows += PenaltyRow(ban, "входа на канал"_w, now);
+  for (const auto& [nick, mute] : channel.muted)
+    rows += PenaltyRow(mute, "права голоса"_w, now);
+  for (const auto& [nick, lowering] : channel.lowered)
+    rows += PenaltyRow(lowering, "заглавных букв"_w, now);
   return Page("Бан-лист"_w, "<h1>Бан-лист канала "_w + EscapeHtml(channel.name) +
                                 "</h1>\n<table border=1>\n" + rows + "</table>\n");
 }

@@ -16,7 +16,7 @@ Text UserFrame(const Channel& channel, const Account& reader, bool form_b);
 // The same as a page, for those who don't read in the robots' style.
 Text UserPage(const Channel& channel, const Visitor& visitor);
 
-// Whom the channel keeps out, why, and until when.
+// Whom the channel keeps out, silences or makes write small letters; why, by whom, and until when.
 Text BanListPage(const Channel& channel, const Moment& now);
 // Its operators, whether they are there or not.
 Text OperatorListPage(const Chat& chat, const Channel& channel);

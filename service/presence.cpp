@@ -20,6 +20,11 @@ void SetOrigin(Member& member, const Origin& origin) {
   }
 }
 
+// Where he comes from, as it stands behind what he does.
+Text InBrackets(const Member& member) {
+  return member.shown_address.empty() ? Text() : " (" + member.shown_address + ")";
+}
+
 Member& AddMember(const Chat& chat, Channel& channel, Account& account) {
   const auto& admins = chat.options.admins;
   Member& member = channel.members.emplace_back();
@@ -74,25 +79,24 @@ Frame* Enter(Chat& chat, Account& account, const Text& name, const Text& passwor
   member.oper = channel.opers.contains(frame.account);
   SetOrigin(member, origin);
   const bool is_oper = member.oper;
-  const Text address = " (" + member.shown_address + ")";
-  BroadcastSystem(chat.frames, channel, account.nick + " приходит на канал"_w + address, now);
+  const Text line = account.nick + " приходит на канал"_w + InBrackets(member);
+  BroadcastSystem(chat.frames, channel, line, now);
   if (is_oper)
     BroadcastSystem(chat.frames, channel, account.nick + " стал оператором канала"_w, now);
   return &frame;
 }
 
-void Settle(Chat& chat, Account& account, const Text& name, const Text& address, bool oper,
+void Settle(Chat& chat, Account& account, const Text& name, const Origin& origin, bool oper,
             bool announced, const Moment& now) {
   Channel& channel = chat.channels[NickKey(name)];
   if (channel.name.empty()) channel.name = name;
-  if (FindMember(channel, account.nick) != nullptr ||
-      IsKeptOut(channel, account, {address, {}}, now))
+  if (FindMember(channel, account.nick) != nullptr || IsKeptOut(channel, account, origin, now))
     return;
   Member& member = AddMember(chat, channel, account);
-  member.address = member.shown_address = address;
+  SetOrigin(member, origin);
   member.oper = oper;
   if (announced)
-    BroadcastSystem(chat.frames, channel, account.nick + " приходит к нам ("_w + address + ")",
+    BroadcastSystem(chat.frames, channel, account.nick + " приходит к нам"_w + InBrackets(member),
                     now);
 }
 
@@ -101,7 +105,7 @@ void PartMember(Chat& chat, Channel& channel, std::string_view nick, FrameEnd en
   const Member* member = FindMember(channel, nick);
   if (member == nullptr) return;
   if (member->frame != nullptr) End(chat.frames, *member->frame, end);
-  const Text line = member->account->nick + " покидает нас ("_w + member->shown_address + ")";
+  const Text line = member->account->nick + " покидает нас"_w + InBrackets(*member);
   channel.members.erase(channel.members.begin() + (member - channel.members.data()));
   BroadcastSystem(chat.frames, channel, line, now);
   TidyUp(chat, channel);

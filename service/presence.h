@@ -17,8 +17,8 @@ Frame* Enter(Chat& chat, Account& account, const Text& channel, const Text& pass
              const Origin& origin, const Moment& now, std::string_view head);
 
 // Puts an inhabitant, who has no frame, on a channel, where he operates or not. Nothing happens if
-// he is there already, or kept out.
-void Settle(Chat& chat, Account& account, const Text& channel, const Text& address, bool oper,
+// he is there already, or kept out. Who has no address hides it.
+void Settle(Chat& chat, Account& account, const Text& channel, const Origin& origin, bool oper,
             bool announced, const Moment& now);
 
 // Takes a member off a channel: his frame ends in the way told, the others read that he left. A

@@ -38,6 +38,7 @@ TEST(CommandLine, TakesEveryOption) {
                                       "--quiet",
                                       "--talk",
                                       "50",
+                                      "--visits=20",
                                       "--talk-lines",
                                       "700",
                                       "--talk-frames=3",
@@ -69,6 +70,7 @@ TEST(CommandLine, TakesEveryOption) {
   EXPECT_EQ(options.port, 8080);
   EXPECT_EQ(options.address, "0.0.0.0");
   EXPECT_FALSE(options.inhabitants.present);
+  EXPECT_EQ(options.inhabitants.visit_ms, 20000);
   EXPECT_EQ(options.inhabitants.talk, 50);
   EXPECT_EQ(options.inhabitants.talk_lines, 700);
   EXPECT_EQ(options.inhabitants.talk_frames, 3U);
@@ -105,12 +107,12 @@ TEST(CommandLine, SaysWhatIsWrong) {
 TEST(CommandLine, HelpNamesEveryOption) {
   const auto line = ReadCommandLine(std::vector<const char*>{"--help"});
   EXPECT_TRUE(std::get<CommandLine>(line).help);
-  for (const char* option :
-       {"--port",       "--address",     "--quiet",       "--no-inhabitants", "--talk",
-        "--talk-lines", "--talk-frames", "--talk-length", "--patient",        "--keepalive",
-        "--history",    "--grace",       "--kick-time",   "--max-frames",     "--max-connections",
-        "--channels",   "--ban",         "--admin",       "--seed",           "--form-b",
-        "--misbehave",  "--help"})
+  for (const char* option : {"--port",        "--address",   "--quiet",      "--no-inhabitants",
+                             "--visits",      "--talk",      "--talk-lines", "--talk-frames",
+                             "--talk-length", "--patient",   "--keepalive",  "--history",
+                             "--grace",       "--kick-time", "--max-frames", "--max-connections",
+                             "--channels",    "--ban",       "--admin",      "--seed",
+                             "--form-b",      "--misbehave", "--help"})
     EXPECT_TRUE(Contains(HelpText(), option)) << option;
 }
 

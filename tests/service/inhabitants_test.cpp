@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
+#include <random>
+#include <set>
+#include <string_view>
 #include <vector>
 
 #include "chat_fixture.h"
@@ -17,8 +22,9 @@ struct InhabitantsTest : ChatFixture {
 
   void Live(Inhabitants& inhabitants, std::int64_t ms) {
     const std::int64_t until = now.ms + ms;
+    LiveOn(inhabitants, chat, now);
     while (now.ms < until) {
-      now.ms += 10;
+      now.ms = std::min(until, std::max(inhabitants.next_ms, now.ms + 10));
       LiveOn(inhabitants, chat, now);
     }
   }
@@ -153,6 +159,80 @@ TEST_F(InhabitantsTest, TheirChannelOutlivesItsPeopleAndForgetsItsOperators) {
   ASSERT_NE(FindChannel(chat, "hall"), nullptr);
   Come("bob");
   EXPECT_TRUE(FindMember(*FindChannel(chat, "hall"), "bob")->oper);
+}
+
+// The nicks that came, by the address in brackets behind the line; "" for none.
+std::map<Text, std::set<Text>> Arrivals(const Text& said) {
+  std::map<Text, std::set<Text>> nicks;
+  for (const std::string_view line : Split(said, "\n")) {
+    const auto words = Split(line, " ");
+    if (words.size() < 4 || words[1] != W<"приходит">) continue;
+    const Text address = words.size() == 4 ? "" : Text(line.substr(line.find('(')));
+    nicks[address].insert(Text(words[0].substr(words[0].find(']') + 1)));
+  }
+  return nicks;
+}
+
+TEST_F(InhabitantsTest, ComeAndGoByTheClockFromAddressesThatSomeShare) {
+  options.visit_ms = 1000;
+  chat.random = std::mt19937_64(5);
+  Inhabitants inhabitants = MoveIn(chat, options, now);
+  Frame& alice = Come("alice");
+  LiveOn(inhabitants, chat, now);
+  EXPECT_EQ(inhabitants.next_ms, now.ms + 1000);
+  Text said;
+  for (int i = 0; i < 600; ++i) {
+    Live(inhabitants, 1000);
+    const Text now_said = Read(alice);
+    EXPECT_TRUE(Contains(now_said, "приходит к нам"_w) || Contains(now_said, "покидает нас"_w));
+    said += now_said;
+  }
+  auto nicks = Arrivals(said);
+  EXPECT_EQ(nicks["(203.0.113.40)"].size(), 12U);
+  EXPECT_EQ(nicks["(192.0.2.23)"], (std::set<Text>{"Росинка"_w, "Сверчок"_w, "Фонарщик"_w}));
+  EXPECT_EQ(nicks["(198.51.100.80 (10.20.30.40))"], std::set<Text>{"Почтальон"_w});
+  EXPECT_EQ(nicks[""], std::set<Text>{"Невидимка"_w});
+  EXPECT_TRUE(Contains(said, "]Фонарщик покидает нас (192.0.2.23)\n"_w));
+  EXPECT_TRUE(Contains(said, "]Невидимка покидает нас\n"_w));
+}
+
+TEST_F(InhabitantsTest, VisitInNumbersThatLeaveRoomForTheOthers) {
+  options.visit_ms = 1000;
+  chat.random = std::mt19937_64(5);
+  Inhabitants inhabitants = MoveIn(chat, options, now);
+  Come("alice");
+  std::size_t most = 0;
+  for (int i = 0; i < 600; ++i) {
+    Live(inhabitants, 1000);
+    most = std::max(most, FindChannel(chat, "hall")->members.size());
+  }
+  // alice, six who live here, and five visitors.
+  EXPECT_LE(most, 12U);
+  EXPECT_GE(most, 10U);
+}
+
+TEST_F(InhabitantsTest, WhoShareABannedAddressAllStayOut) {
+  options.visit_ms = 1000;
+  chat.random = std::mt19937_64(5);
+  Inhabitants inhabitants = MoveIn(chat, options, now);
+  Frame& alice = Come("alice");
+  Say("alice", "/mo +b 203.0.113.40");
+  Live(inhabitants, 600000);
+  auto nicks = Arrivals(Read(alice));
+  EXPECT_FALSE(nicks.contains("(203.0.113.40)"));
+  EXPECT_TRUE(nicks.contains("(192.0.2.23)"));
+}
+
+TEST_F(InhabitantsTest, AMutedInhabitantIsNotHeard) {
+  chat.random = std::mt19937_64(5);
+  Inhabitants inhabitants = MoveIn(chat, options, now);
+  Frame& alice = Come("alice");
+  Live(inhabitants, 1800000);
+  EXPECT_TRUE(Contains(Read(alice), "]nordwind:("));
+  Say("alice", "/mu nordwind");
+  Read(alice);
+  Live(inhabitants, 1800000);
+  EXPECT_FALSE(Contains(Read(alice), "]nordwind:("));
 }
 
 TEST_F(InhabitantsTest, AKickedInhabitantStaysOutWhileTheKickLasts) {

@@ -71,6 +71,26 @@ TEST_F(ListsTest, ChannelsForBrowsersAreLinksIntoThem) {
                        "target=\"_top\">hall</a>\n (2)\n"));
 }
 
+TEST_F(ListsTest, BansTellOfWhomWhyByWhomAndUntilWhen) {
+  hall().bans = {{"10.*", "<spam>", "bo&b", now.local - 86400, kForever},
+                 {"troll", "", "alice", now.local, now.ms + 59001},
+                 {"gone", "", "alice", now.local, now.ms}};
+  hall().muted["carol"] = {"Carol", "", "alice", now.local, now.ms + 86400000};
+  hall().lowered["dave"] = {"Dave", "loud", "alice", now.local, kForever};
+  const Text page = BanListPage(hall(), now);
+  EXPECT_TRUE(Contains(page, "<h1>Бан-лист канала hall</h1>"_w));
+  EXPECT_TRUE(Contains(page,
+                       "<tr><td>05/05/2024 07:08:09</td><td>10.*</td><td>входа на канал</td>"
+                       "<td>&lt;spam&gt;</td><td>bo&amp;b</td><td>навсегда</td></tr>\n"
+                       "<tr><td>07:08:09</td><td>troll</td><td>входа на канал</td><td></td>"
+                       "<td>alice</td><td>07:09:09 (еще 60 с)</td></tr>\n"
+                       "<tr><td>07:08:09</td><td>Carol</td><td>права голоса</td><td></td>"
+                       "<td>alice</td><td>07/05/2024 07:08:09 (еще 86400 с)</td></tr>\n"
+                       "<tr><td>07:08:09</td><td>Dave</td><td>заглавных букв</td><td>loud</td>"
+                       "<td>alice</td><td>навсегда</td></tr>\n</table>"_w))
+      << page;
+}
+
 TEST_F(ListsTest, OperatorsAreNamedAlsoWhenTheyAreAway) {
   Leave(chat, alice(), "hall", now);
   const Text page = OperatorListPage(chat, hall());
