@@ -15,6 +15,7 @@
 #include "shell/assembly.h"
 #include "support/loopback_peer.h"
 #include "support/pane_runs.h"
+#include "support/qt/qt_test.h"
 #include "support/qt/service_thread.h"
 #include "support/simulated_platform.h"
 #include "text/cut.h"
@@ -182,5 +183,5 @@ class ProxyTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::ProxyTest)
+WINDOW_TEST(parlorwire::ProxyTest)
 #include "proxy_test.moc"

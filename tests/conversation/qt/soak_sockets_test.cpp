@@ -21,6 +21,7 @@
 #include "shell/qt/client_main.h"
 #include "shell/qt/qt_desktop.h"
 #include "support/frame_witness.h"
+#include "support/qt/qt_test.h"
 #include "support/qt/service_thread.h"
 #include "support/simulated_platform.h"
 #include "text/cut.h"
@@ -249,5 +250,5 @@ class SoakSocketsTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::SoakSocketsTest)
+WINDOW_TEST(parlorwire::SoakSocketsTest)
 #include "soak_sockets_test.moc"

@@ -1,11 +1,12 @@
 // A pane as a screen reader meets it.
 #include "pane/qt/accessible.h"
+#include "pane/qt/shown_pane.h"
+#include "support/qt/qt_test.h"
+#include "text/text.h"
 
 #include <QAccessible>
 #include <memory>
 
-#include "pane/qt/shown_pane.h"
-#include "text/text.h"
 
 namespace parlorwire {
 namespace {
@@ -237,5 +238,5 @@ class RichTextViewAccessibleTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::RichTextViewAccessibleTest)
+WINDOW_TEST(parlorwire::RichTextViewAccessibleTest)
 #include "accessible_test.moc"

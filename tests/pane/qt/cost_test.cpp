@@ -6,6 +6,7 @@
 
 #include "pane/qt/reader_selection.h"
 #include "pane/qt/shown_pane.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -186,5 +187,5 @@ class RichTextViewCostTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::RichTextViewCostTest)
+WINDOW_TEST(parlorwire::RichTextViewCostTest)
 #include "cost_test.moc"

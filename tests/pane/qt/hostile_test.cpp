@@ -5,6 +5,7 @@
 
 #include "pane/qt/shown_pane.h"
 #include "platform/qt/text_conversion.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -275,5 +276,5 @@ class RichTextViewHostileTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::RichTextViewHostileTest)
+WINDOW_TEST(parlorwire::RichTextViewHostileTest)
 #include "hostile_test.moc"

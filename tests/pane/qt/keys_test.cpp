@@ -8,6 +8,7 @@
 
 #include "pane/qt/copy.h"
 #include "pane/qt/shown_pane.h"
+#include "support/qt/qt_test.h"
 #include "text/text.h"
 
 namespace parlorwire {
@@ -308,5 +309,5 @@ class RichTextViewKeysTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::RichTextViewKeysTest)
+WINDOW_TEST(parlorwire::RichTextViewKeysTest)
 #include "keys_test.moc"

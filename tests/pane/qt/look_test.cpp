@@ -7,6 +7,7 @@
 #include "pane/qt/fonts.h"
 #include "pane/qt/shown_pane.h"
 #include "platform/qt/text_conversion.h"
+#include "support/qt/qt_test.h"
 #include "text/text.h"
 
 namespace parlorwire {
@@ -275,5 +276,5 @@ class RichTextViewLookTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::RichTextViewLookTest)
+WINDOW_TEST(parlorwire::RichTextViewLookTest)
 #include "look_test.moc"

@@ -9,6 +9,7 @@
 #include <random>
 
 #include "pane/qt/shown_pane.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -422,5 +423,5 @@ class RichTextViewMouseTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::RichTextViewMouseTest)
+WINDOW_TEST(parlorwire::RichTextViewMouseTest)
 #include "mouse_test.moc"

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "pane/qt/shown_pane.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -178,5 +179,5 @@ class RichTextViewScaleTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::RichTextViewScaleTest)
+WINDOW_TEST(parlorwire::RichTextViewScaleTest)
 #include "scale_test.moc"

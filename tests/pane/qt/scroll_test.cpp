@@ -12,6 +12,7 @@
 #include <random>
 
 #include "pane/qt/shown_pane.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -499,5 +500,5 @@ class RichTextViewScrollTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::RichTextViewScrollTest)
+WINDOW_TEST(parlorwire::RichTextViewScrollTest)
 #include "scroll_test.moc"

@@ -7,6 +7,7 @@
 #include <QWheelEvent>
 
 #include "pane/qt/shown_pane.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -259,5 +260,5 @@ class RichTextViewSidewaysTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::RichTextViewSidewaysTest)
+WINDOW_TEST(parlorwire::RichTextViewSidewaysTest)
 #include "sideways_test.moc"

@@ -1,4 +1,5 @@
 #include "platform/qt/qt_clipboard.h"
+#include "support/qt/qt_test.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -53,5 +54,5 @@ class ClipboardTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::ClipboardTest)
+WINDOW_TEST(parlorwire::ClipboardTest)
 #include "qt_clipboard_test.moc"

@@ -1,4 +1,8 @@
 #include "platform/qt/qt_platform.h"
+#include "support/loopback_peer.h"
+#include "support/qt/qt_test.h"
+#include "support/simulated_platform.h"
+#include "support/temporary_folder.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -6,9 +10,6 @@
 #include <QFile>
 #include <QTest>
 
-#include "support/loopback_peer.h"
-#include "support/simulated_platform.h"
-#include "support/temporary_folder.h"
 
 namespace parlorwire {
 
@@ -122,5 +123,5 @@ class PlatformTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::PlatformTest)
+WINDOW_TEST(parlorwire::PlatformTest)
 #include "qt_platform_test.moc"

@@ -1,4 +1,6 @@
 #include "platform/qt/qt_timer.h"
+#include "support/qt/qt_test.h"
+#include "text/fault.h"
 
 #include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
@@ -6,7 +8,6 @@
 #include <memory>
 #include <vector>
 
-#include "text/fault.h"
 
 namespace parlorwire {
 
@@ -204,5 +205,5 @@ class TimerTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_GUILESS_MAIN(parlorwire::TimerTest)
+EVENT_LOOP_TEST(parlorwire::TimerTest)
 #include "qt_timer_test.moc"

@@ -15,6 +15,7 @@
 
 #include "platform/qt/qt_winsock.h"
 #include "support/loopback_peer.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -193,14 +194,17 @@ class WinsockRoutesTest : public QObject {
   }
 };
 
-}  // namespace parlorwire
+namespace {
 
-int main(int argc, char** argv) {
-  parlorwire::has_own_network = unshare(CLONE_NEWNET | CLONE_NEWNS) == 0 &&
-                                mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-  QCoreApplication application(argc, argv);
-  parlorwire::WinsockRoutesTest test;
-  return QTest::qExec(&test, argc, argv);
+int RunInOwnNetwork(int argc, char** argv) {
+  has_own_network = unshare(CLONE_NEWNET | CLONE_NEWNS) == 0 &&
+                    mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+  return RunQtTest<QCoreApplication, WinsockRoutesTest>(argc, argv);
 }
+
+const QtTestFile test_file(__FILE__, RunInOwnNetwork);
+
+}  // namespace
+}  // namespace parlorwire
 
 #include "qt_winsock_routes_test.moc"

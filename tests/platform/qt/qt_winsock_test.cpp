@@ -1,4 +1,7 @@
 #include "platform/qt/qt_winsock.h"
+#include "platform/socket_error.h"
+#include "support/loopback_peer.h"
+#include "support/qt/qt_test.h"
 
 #include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
@@ -11,8 +14,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/socket_error.h"
-#include "support/loopback_peer.h"
 
 namespace parlorwire {
 namespace {
@@ -673,5 +674,5 @@ class WinsockTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_GUILESS_MAIN(parlorwire::WinsockTest)
+EVENT_LOOP_TEST(parlorwire::WinsockTest)
 #include "qt_winsock_test.moc"

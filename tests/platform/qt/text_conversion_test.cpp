@@ -1,4 +1,5 @@
 #include "platform/qt/text_conversion.h"
+#include "support/qt/qt_test.h"
 
 #include <QTest>
 
@@ -40,5 +41,5 @@ class TextConversionTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_GUILESS_MAIN(parlorwire::TextConversionTest)
+EVENT_LOOP_TEST(parlorwire::TextConversionTest)
 #include "text_conversion_test.moc"

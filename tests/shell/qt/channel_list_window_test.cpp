@@ -4,6 +4,7 @@
 
 #include "session/connect.h"
 #include "shell/qt/windows_fixture.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -52,5 +53,5 @@ class ChannelListWindowTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::ChannelListWindowTest)
+WINDOW_TEST(parlorwire::ChannelListWindowTest)
 #include "channel_list_window_test.moc"

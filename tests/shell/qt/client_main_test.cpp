@@ -20,6 +20,7 @@
 #include "shell/qt/ss_tab.h"
 #include "shell/qt/windows_fixture.h"
 #include "shell/qt/zastavka.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -519,5 +520,5 @@ class ClientMainTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::ClientMainTest)
+WINDOW_TEST(parlorwire::ClientMainTest)
 #include "client_main_test.moc"

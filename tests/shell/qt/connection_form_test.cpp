@@ -7,6 +7,7 @@
 
 #include "shell/qt/connection_form.h"
 #include "shell/qt/windows_fixture.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -322,5 +323,5 @@ class ConnectionFormTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::ConnectionFormTest)
+WINDOW_TEST(parlorwire::ConnectionFormTest)
 #include "connection_form_test.moc"

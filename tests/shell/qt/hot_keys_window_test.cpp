@@ -10,6 +10,7 @@
 #include "session/connect.h"
 #include "shell/qt/ss_tab.h"
 #include "shell/qt/windows_fixture.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -378,5 +379,5 @@ class HotKeysWindowTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::HotKeysWindowTest)
+WINDOW_TEST(parlorwire::HotKeysWindowTest)
 #include "hot_keys_window_test.moc"

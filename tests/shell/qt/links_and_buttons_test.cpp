@@ -8,6 +8,7 @@
 #include "shell/qt/link_label.h"
 #include "shell/qt/open_url.h"
 #include "shell/qt/windows_fixture.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 
@@ -263,5 +264,5 @@ class LinksAndButtonsTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::LinksAndButtonsTest)
+WINDOW_TEST(parlorwire::LinksAndButtonsTest)
 #include "links_and_buttons_test.moc"

@@ -10,6 +10,7 @@
 #include "shell/qt/ss_tab.h"
 #include "shell/qt/twips.h"
 #include "shell/qt/windows_fixture.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -297,5 +298,5 @@ class MainLayoutTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::MainLayoutTest)
+WINDOW_TEST(parlorwire::MainLayoutTest)
 #include "main_layout_test.moc"

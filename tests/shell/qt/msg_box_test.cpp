@@ -6,6 +6,7 @@
 
 #include "session/wire_encoding.h"
 #include "shell/qt/windows_fixture.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -304,5 +305,5 @@ class MsgBoxTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::MsgBoxTest)
+WINDOW_TEST(parlorwire::MsgBoxTest)
 #include "msg_box_test.moc"

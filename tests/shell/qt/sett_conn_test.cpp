@@ -9,6 +9,7 @@
 #include "session/proxy_dialog.h"
 #include "shell/qt/sett_conn.h"
 #include "shell/qt/windows_fixture.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -281,5 +282,5 @@ class SettConnTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::SettConnTest)
+WINDOW_TEST(parlorwire::SettConnTest)
 #include "sett_conn_test.moc"

@@ -5,6 +5,7 @@
 #include "pane/qt/rich_text_view.h"
 #include "shell/qt/twips.h"
 #include "shell/qt/windows_fixture.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -287,5 +288,5 @@ class SplitterTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::SplitterTest)
+WINDOW_TEST(parlorwire::SplitterTest)
 #include "splitter_test.moc"

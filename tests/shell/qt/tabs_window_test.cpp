@@ -4,6 +4,7 @@
 
 #include "shell/qt/ss_tab.h"
 #include "shell/qt/windows_fixture.h"
+#include "support/qt/qt_test.h"
 
 namespace parlorwire {
 namespace {
@@ -248,5 +249,5 @@ class TabsWindowTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::TabsWindowTest)
+WINDOW_TEST(parlorwire::TabsWindowTest)
 #include "tabs_window_test.moc"
