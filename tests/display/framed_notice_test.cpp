@@ -13,9 +13,6 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr PaneScroll kUp = PaneScroll::kLineUp;
-constexpr PaneScroll kBottom = PaneScroll::kBottom;
-
 struct FramedNoticeTest : testing::Test {
   FramedNoticeTest() {
     client.app.rFontMain.Name = "Main";
@@ -46,6 +43,7 @@ TEST_F(FramedNoticeTest, BotReport) {
 }
 
 TEST_F(FramedNoticeTest, Scrolling) {
+  using enum PaneScroll;
   struct Case {
     bool ticked;
     PaneScrollInfo bar;
@@ -54,8 +52,8 @@ TEST_F(FramedNoticeTest, Scrolling) {
   const std::vector<Case> cases = {
       {false, {0, 100, 10, 20}, {kBottom}}, {true, {0, 0, 0, 0}, {kBottom}},
       {true, {0, 100, 10, 20}, {}},         {true, {0, 100, 10, 88}, {}},
-      {true, {0, 100, 10, 89}, {kUp}},      {true, {0, 100, 10, 90}, {kUp}},
-      {true, {0, 100, 10, 95}, {kUp}}};
+      {true, {0, 100, 10, 89}, {kLineUp}},      {true, {0, 100, 10, 90}, {kLineUp}},
+      {true, {0, 100, 10, 95}, {kLineUp}}};
   for (const Case& c : cases) {
     for (const bool report : {false, true}) {
       ScriptedView view(pane);
@@ -71,6 +69,7 @@ TEST_F(FramedNoticeTest, Scrolling) {
 }
 
 TEST_F(FramedNoticeTest, YieldsOnceBetweenTheBarsStateAndTheScroll) {
+  using enum PaneScroll;
   ScriptedView view(pane);
   platform.desktop.on_yield = [&] {
     EXPECT_TRUE(view.scrolls.empty());

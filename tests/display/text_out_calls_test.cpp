@@ -152,10 +152,8 @@ TEST_F(MentionElsewhereTest, NotForOwnLinesAndLinesAboutTheUser) {
 
 // ---- scrolling and painting ----
 
-constexpr PaneScroll kUp = PaneScroll::kLineUp;
-constexpr PaneScroll kBottom = PaneScroll::kBottom;
-
 TEST_F(TextOutTest, ScrollsByTheTickAndTheBar) {
+  using enum PaneScroll;
   struct Case {
     bool ticked;
     PaneScrollInfo bar;
@@ -164,8 +162,8 @@ TEST_F(TextOutTest, ScrollsByTheTickAndTheBar) {
   const std::vector<Case> cases = {
       {false, {0, 100, 10, 20}, {kBottom}}, {false, {0, 0, 0, 0}, {kBottom}},
       {true, {0, 0, 0, 0}, {kBottom}},      {true, {0, 100, 10, 20}, {}},
-      {true, {0, 100, 10, 89}, {}},         {true, {0, 100, 10, 90}, {kUp, kUp}},
-      {true, {0, 100, 10, 95}, {kUp, kUp}}};
+      {true, {0, 100, 10, 89}, {}},         {true, {0, 100, 10, 90}, {kLineUp, kLineUp}},
+      {true, {0, 100, 10, 95}, {kLineUp, kLineUp}}};
   for (const Case& c : cases) {
     ScriptedView view(session.Rich);
     view.bar = c.bar;

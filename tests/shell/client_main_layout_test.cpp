@@ -7,7 +7,7 @@ namespace {
 
 constexpr ClientMainMeasures kWindow = {14000, 8000, 330, 390};
 
-SharedPlaces Shared(int width, int height, const SharedPlaces& before = {}) {
+SharedPlaces PlacesAt(int width, int height, const SharedPlaces& before = {}) {
   return PlaceShared({width, height, kWindow.panel_row, kWindow.strip}, before);
 }
 
@@ -43,14 +43,14 @@ TEST(PlaceShared, WhatIsSeenOfSSTabEndsWithTheRowUnderIt) {
 
 TEST(PlaceShared, NothingMovesInAWindowLowerThanTheFixedHeights) {
   const SharedPlaces before = PlaceShared(kWindow, {});
-  EXPECT_EQ(Shared(14000, 600 + 330 + 1800 - 1, before), before);
-  EXPECT_EQ(Shared(14000, 0, before), before);
-  EXPECT_EQ(Shared(14000, -500, before), before);
+  EXPECT_EQ(PlacesAt(14000, 600 + 330 + 1800 - 1, before), before);
+  EXPECT_EQ(PlacesAt(14000, 0, before), before);
+  EXPECT_EQ(PlacesAt(14000, -500, before), before);
 }
 
 TEST(PlaceShared, SSTabMayHaveNoHeightAtAll) {
   const SharedPlaces before = PlaceShared(kWindow, {});
-  const SharedPlaces at = Shared(14000, 600 + 330 + 1800, before);
+  const SharedPlaces at = PlacesAt(14000, 600 + 330 + 1800, before);
   EXPECT_EQ(at.SSTab, (Place{120, 600, 13900, 0}));
   EXPECT_EQ(at.page, before.page);
   EXPECT_EQ(at.StopScroll_top, 740);
@@ -58,7 +58,7 @@ TEST(PlaceShared, SSTabMayHaveNoHeightAtAll) {
 
 TEST(PlaceShared, MsgStaysWhereItIsInANarrowWindowAndTheButtonsStayBehindIt) {
   const SharedPlaces before = PlaceShared(kWindow, {});
-  const SharedPlaces at = Shared(5000, 8000, before);
+  const SharedPlaces at = PlacesAt(5000, 8000, before);
   EXPECT_EQ(at.SSTab, (Place{120, 600, 4900, 5270}));
   EXPECT_EQ(at.msg, before.msg);
   EXPECT_EQ(at.button_say, before.button_say);
@@ -67,8 +67,8 @@ TEST(PlaceShared, MsgStaysWhereItIsInANarrowWindowAndTheButtonsStayBehindIt) {
 
 TEST(PlaceShared, SSTabStaysWhereItIsInAWindowWithoutWidth) {
   const SharedPlaces before = PlaceShared(kWindow, {});
-  EXPECT_EQ(Shared(99, 8000, before), before);
-  EXPECT_EQ(Shared(100, 8000, before).SSTab.width, 0);
+  EXPECT_EQ(PlacesAt(99, 8000, before), before);
+  EXPECT_EQ(PlacesAt(100, 8000, before).SSTab.width, 0);
 }
 
 TEST(MeasuresAround, FrameTitleMenuAndPanelsAreAddedToTheClientArea) {
@@ -107,7 +107,7 @@ TEST(PlaceSlot, TheUserListEndsAheadOfTheEdgeOfSSTab) {
 
 // Both tests of the split fire, the second one last.
 TEST(PlaceSlot, InAnSSTabOfThreeThousandTheUserListHasWhatTheMessagePaneLeaves) {
-  const SharedPlaces shared = Shared(3100, 8000);
+  const SharedPlaces shared = PlacesAt(3100, 8000);
   ASSERT_EQ(shared.SSTab.width, 3000);
   const SlotPlaces at = PlaceSlot(shared, 50, {});
   EXPECT_DOUBLE_EQ(at.split_percent, 2000.0 * 100 / 3000);
@@ -119,7 +119,7 @@ TEST(PlaceSlot, InAnSSTabOfThreeThousandTheUserListHasWhatTheMessagePaneLeaves) 
 
 TEST(PlaceSlot, AUserListWithoutRoomStaysWhereItIs) {
   const SlotPlaces before = PlaceSlot(PlaceShared(kWindow, {}), 75, {});
-  const SlotPlaces at = PlaceSlot(Shared(2000, 8000), 75, before);
+  const SlotPlaces at = PlaceSlot(PlacesAt(2000, 8000), 75, before);
   EXPECT_EQ(at.Rich.width, 2000);
   EXPECT_EQ(at.line_razdel.left, 2180);
   EXPECT_EQ(at.Rich_Users, before.Rich_Users);
@@ -130,9 +130,9 @@ TEST(PlaceSlot, AUserListWithoutRoomStaysWhereItIs) {
 TEST(PlaceSlot, PanesWithoutHeightStayWhereTheyAre) {
   const SharedPlaces wide = PlaceShared(kWindow, {});
   const SlotPlaces before = PlaceSlot(wide, 75, {});
-  EXPECT_EQ(PlaceSlot(Shared(14000, 2900, wide), 75, before).Rich, before.Rich);
-  EXPECT_EQ(PlaceSlot(Shared(14000, 2900, wide), 75, before).Rich_Users, before.Rich_Users);
-  EXPECT_EQ(PlaceSlot(Shared(14000, 500, wide), 75, before), before);
+  EXPECT_EQ(PlaceSlot(PlacesAt(14000, 2900, wide), 75, before).Rich, before.Rich);
+  EXPECT_EQ(PlaceSlot(PlacesAt(14000, 2900, wide), 75, before).Rich_Users, before.Rich_Users);
+  EXPECT_EQ(PlaceSlot(PlacesAt(14000, 500, wide), 75, before), before);
 }
 
 TEST(PlaceSlot, TheSplitIsGivenBackClamped) {

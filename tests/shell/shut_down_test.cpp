@@ -132,7 +132,7 @@ TEST_F(ShutDown, StopAllTimersStopsEveryTimerOfEverySlot) {
       timers.push_back(timer->get());
     // Two nicks are being highlighted; the first slot never has a timer.
     tab.JoinTimers.resize(3);
-    for (const std::size_t slot : {1, 2}) {
+    for (std::size_t slot = 1; slot <= 2; ++slot) {
       tab.JoinTimers[slot] = client.platform.NewTimer();
       timers.push_back(tab.JoinTimers[slot].get());
     }

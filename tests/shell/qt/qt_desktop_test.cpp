@@ -1,5 +1,6 @@
 // What the desktop port knows of the toolkit's event loop.
 #include "shell/qt/qt_desktop.h"
+#include "support/qt/qt_test.h"
 
 #include <QApplication>
 #include <QTest>
@@ -53,5 +54,5 @@ class QtDesktopTest : public QObject {
 }  // namespace
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::QtDesktopTest)
+WINDOW_TEST(parlorwire::QtDesktopTest)
 #include "qt_desktop_test.moc"
