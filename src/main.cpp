@@ -8,12 +8,13 @@
 #include "shell/qt/client_main.h"
 #include "shell/qt/leave_on_signal.h"
 #include "shell/qt/qt_desktop.h"
+#include "shell/version.h"
 
 int main(int argc, char** argv) {
   using namespace parlorwire;
   QApplication application(argc, argv);
   QApplication::setApplicationName("parlorwire");
-  QApplication::setApplicationVersion("25.7");
+  QApplication::setApplicationVersion(kVersion);
   QApplication::setQuitOnLastWindowClosed(false);
 
   QtDesktop desktop;

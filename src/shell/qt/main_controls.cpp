@@ -18,6 +18,7 @@
 #include "shell/qt/link_label.h"
 #include "shell/qt/msg_box.h"
 #include "shell/qt/ss_tab.h"
+#include "shell/version.h"
 
 namespace parlorwire {
 namespace {
@@ -66,7 +67,8 @@ void NewPanels(MainControls& c, QStatusBar* bar) {
     c.panels[i] = panel;
   }
   c.panels[2]->setText(ToQString(
-      "Parlorwire SE build 25.7; Все пожелания и замеченные недостатки сообщайте на канале или в перс"_w));
+      Text("Parlorwire SE build ") + kVersion +
+      "; Все пожелания и замеченные недостатки сообщайте на канале или в перс"_w));
   c.panels[2]->setToolTip(c.panels[2]->text());
   SayControl(c.panels[2], c.panels[2]->text());
 }

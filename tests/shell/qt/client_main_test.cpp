@@ -93,6 +93,13 @@ class ClientMainTest : public QObject {
       QCOMPARE(tab.frame_button_update->palette().color(QPalette::Window), QColor(0, 0, 128));
   }
 
+  void TheBannerSaysTheVersion() {
+    Windows windows;
+    QCOMPARE(windows.Find<QLabel>("panel_3")->text(),
+             ToQString("Parlorwire SE build 25.7; Все пожелания и замеченные недостатки сообщайте на "
+                       "канале или в перс"_w));
+  }
+
   void NumbersAreReadOutByScreenReaders() {
     Windows windows;
     windows.desktop.SetUsersNumCaption(0, "Пользователей: 1/5"_w);
