@@ -2,7 +2,7 @@
 
 #include "display/chat_log.h"
 #include "display/framed_notice.h"
-#include "display/nick_colours.h"
+#include "display/message_colours.h"
 #include "display/pane_output.h"
 #include "display/rank_colour.h"
 #include "display/spam_rules.h"

@@ -6,7 +6,7 @@
 #include "bot/autokick.h"
 #include "bot/ip_log.h"
 #include "display/fonts.h"
-#include "display/nick_colours.h"
+#include "display/message_colours.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
 #include "text/number.h"

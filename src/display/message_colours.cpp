@@ -1,4 +1,4 @@
-#include "display/nick_colours.h"
+#include "display/message_colours.h"
 
 #include "display/fonts.h"
 #include "session/fault_trap.h"
