@@ -63,8 +63,4 @@ bool ProxyPortTakes(char character) {
   return character == '\b' || (character >= '0' && character <= '9');
 }
 
-Text FirstLine(const Text& text) {
-  return text.substr(0, text.find_first_of("\r\n"));
-}
-
 }  // namespace parlorwire
