@@ -13,13 +13,6 @@ const Text& EntryAt(const TabSession& session, std::uint8_t position) {
   return session.HistoryLines[position];
 }
 
-void Remember(TabSession& session, const Text& text) {
-  auto& lines = session.HistoryLines;
-  std::shift_right(lines.begin(), lines.end(), 1);
-  lines[0] = text;
-  session.HistoryState = "none";
-}
-
 Text StepUp(TabSession& session) {
   if (session.HistoryState == "down") ++session.HistoryPos;
   Text entry = EntryAt(session, session.HistoryPos);
@@ -43,26 +36,19 @@ Text StepDown(TabSession& session) {
 
 }  // namespace
 
-Text InputHistoryStep(Client& client, HistoryDirection direction, const Text& text, bool browse,
-                      int tab) {
-  TabSession& session = client.tab(tab);
-  if (!browse) {
-    Remember(session, text);
-    return {};
-  }
-  switch (direction) {
-    case HistoryDirection::kUp:
-      return StepUp(session);
-    case HistoryDirection::kDown:
-      return StepDown(session);
-    case HistoryDirection::kNone:
-      break;
-  }
-  return {};
+void RememberInput(TabSession& session, const Text& text) {
+  auto& lines = session.HistoryLines;
+  std::shift_right(lines.begin(), lines.end(), 1);
+  lines[0] = text;
+  session.HistoryState = "none";
+}
+
+Text InputHistoryStep(TabSession& session, HistoryDirection direction) {
+  return direction == HistoryDirection::kUp ? StepUp(session) : StepDown(session);
 }
 
 void BrowseInputHistory(Client& client, HistoryDirection direction, int tab) {
-  const Text line = InputHistoryStep(client, direction, "", true, tab);
+  const Text line = InputHistoryStep(client.tab(tab), direction);
   if (!TrimView(line).empty()) client.platform.desktop.SetMsgText(tab, line);
 }
 
