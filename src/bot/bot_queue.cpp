@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/socket_error.h"
+#include "session/client.h"
 #include "session/connect.h"
 #include "session/exchange.h"
 #include "session/fault_trap.h"

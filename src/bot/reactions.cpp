@@ -6,6 +6,7 @@
 
 #include "bot/join_highlight.h"
 #include "display/rank_colour.h"
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "text/cut.h"
 #include "text/number.h"

@@ -3,9 +3,12 @@
 
 #include <string_view>
 
-#include "session/client.h"
+#include "pane/rich_text_box.h"
 
 namespace parlorwire {
+
+struct AppState;
+struct Client;
 
 // The colour by the flags of a user, as in "[+o]"; the first of "+o", "+O" and "+A" decides, in
 // this order and with regard to case. Without any of them: rRichColors.Nicks.

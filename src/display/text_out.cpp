@@ -6,6 +6,7 @@
 #include "display/pane_output.h"
 #include "display/rank_colour.h"
 #include "display/spam_rules.h"
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "session/personal_notice.h"
 #include "text/cut.h"

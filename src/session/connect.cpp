@@ -2,6 +2,7 @@
 
 #include "platform/socket_error.h"
 #include "session/both_languages.h"
+#include "session/client.h"
 #include "session/exchange.h"
 #include "session/fault_trap.h"
 #include "session/frame_end.h"

@@ -2,6 +2,7 @@
 
 #include "session/both_languages.h"
 #include "session/channel_list.h"
+#include "session/client.h"
 #include "session/exchange.h"
 #include "session/fault_trap.h"
 #include "session/http_answer.h"

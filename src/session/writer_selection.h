@@ -2,9 +2,10 @@
 #pragma once
 
 #include "pane/rich_text_box.h"
-#include "session/client.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // Selects [start, end) anywhere in a pane, 0-based, out of the user's sight unless he is selecting
 // with the mouse. The end is only where most callers write.

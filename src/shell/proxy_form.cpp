@@ -1,5 +1,6 @@
 #include "shell/proxy_form.h"
 
+#include "session/client.h"
 #include "session/ini.h"
 #include "session/proxy_dialog.h"
 #include "text/cut.h"

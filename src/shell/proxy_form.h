@@ -4,10 +4,13 @@
 
 #include <array>
 
-#include "session/client.h"
 #include "shell/control_text.h"
+#include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
+struct ProxyControls;
 
 // Which controls the user can use.
 struct ProxyFormState {

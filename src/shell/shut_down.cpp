@@ -2,6 +2,7 @@
 
 #include "display/fonts.h"
 #include "display/message_colours.h"
+#include "session/client.h"
 #include "session/ini.h"
 #include "text/number.h"
 

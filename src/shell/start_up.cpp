@@ -7,6 +7,7 @@
 #include "bot/ip_log.h"
 #include "display/fonts.h"
 #include "display/message_colours.h"
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
 #include "text/number.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "session/both_languages.h"
+#include "session/client.h"
 #include "session/connect.h"
 #include "session/fault_trap.h"
 #include "session/personal_notice.h"

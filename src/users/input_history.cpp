@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "session/client.h"
 #include "text/cut.h"
 #include "text/fault.h"
 

@@ -4,10 +4,12 @@
 #include <cstddef>
 #include <optional>
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
+struct TabSession;
 
 enum class HistoryDirection { kUp, kDown };
 

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "display/fonts.h"
+#include "session/client.h"
 #include "session/exchange.h"
 #include "session/fault_trap.h"
 #include "session/http_request.h"

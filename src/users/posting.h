@@ -6,10 +6,11 @@
 #include <cstddef>
 #include <string_view>
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // An entry of the list `intonacia`, and the value that a post sends for it.
 struct Tone {

@@ -5,6 +5,7 @@
 #include "display/pane_output.h"
 #include "display/rank_colour.h"
 #include "session/both_languages.h"
+#include "session/client.h"
 #include "session/exchange.h"
 #include "session/fault_trap.h"
 #include "session/http_answer.h"
