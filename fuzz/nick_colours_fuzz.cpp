@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "session/nick_colours.h"
+#include "support/fault_of.h"
 #include "text/cut.h"
-#include "text/fault.h"
 #include "text/number.h"
 
 using namespace parlorwire;
@@ -48,16 +48,6 @@ struct PlainText {
     Prepend(nick, colour);
   }
 };
-
-template <class Call>
-int FaultOf(Call call) {
-  try {
-    call();
-  } catch (const Fault& fault) {
-    return fault.number;
-  }
-  return 0;
-}
 
 }  // namespace
 

@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Assemble(client);
   TabSession& session = client.tab(0);
   session.Rich_Server.Text("old");
-  button_say_MouseUp(client, 0, 1);
+  button_say_MouseUp(client, 0);
   AnswerInChunks(Simulated(session.Winsock2), data, size);
 
   if (!session.SendBuffer.empty()) std::abort();

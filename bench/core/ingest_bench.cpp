@@ -124,11 +124,7 @@ struct Evening {
 
   SimulatedPlatform platform;
   NoFiles no_files;
-  Client client{[this] {
-    const Platform ports = platform.Ports();
-    return Platform{no_files,      ports.clock,      ports.random,  ports.clipboard,
-                    ports.desktop, ports.NewWinsock, ports.NewTimer};
-  }()};
+  Client client{platform.Ports(no_files)};
   TabSession& session = client.tab(0);
   std::vector<Text> chunks;
 };
@@ -163,9 +159,7 @@ void BM_LogOnDisk(benchmark::State& state) {
   }
   SimulatedPlatform platform;
   PosixFiles files(folder);
-  const Platform ports = platform.Ports();
-  Client client({files, ports.clock, ports.random, ports.clipboard, ports.desktop, ports.NewWinsock,
-                 ports.NewTimer});
+  Client client(platform.Ports(files));
   const Text channel = "Болтовня"_w;
   for (auto _ : state) {
     LogChatLine(client, "[16:45:57] ", channel);

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/socket_error.h"
+#include "session/client.h"
 #include "session/connect.h"
+#include "session/exchange.h"
 #include "session/fault_trap.h"
-#include "session/http_request.h"
-#include "session/proxy_dialog.h"
 #include "session/status.h"
 #include "users/posting.h"
 
@@ -14,12 +15,6 @@ namespace parlorwire {
 namespace {
 
 constexpr std::string_view kStyleFix = "/set s 9";
-constexpr int kTimedOut = 10060;
-
-void ConnectAfresh(Client& client, TabSession& session) {
-  session.Winsock4->Close();
-  ConnectToService(client, *session.Winsock4);
-}
 
 // The first command that waits; the list's end if none does.
 std::vector<Text>::iterator Head(std::vector<Text>& queue) {
@@ -37,15 +32,14 @@ void SayBot(Client& client, const Text& text, int tab) {
   session.BotQueue.push_back(text);
   const SocketState state = session.Winsock4->State();
   if (state == SocketState::kConnected || state == SocketState::kConnecting) return;
-  GoOnAfterFault(client, ". Function: SayBot", [&] { ConnectAfresh(client, session); });
+  GoOnAfterFault(client, ". Function: SayBot", [&] { ConnectAfresh(client, *session.Winsock4); });
 }
 
 void Winsock4_Connect(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   const auto head = Head(session.BotQueue);
   const Text text = head == session.BotQueue.end() ? Text() : *head;
-  PassOverFault(
-      [&] { session.Winsock4->SendData(BuildRequest(client, PostUrl(client, text, tab))); });
+  PassOverFault([&] { SendRequest(client, *session.Winsock4, PostUrl(client, text, tab)); });
 }
 
 void Winsock4_Close(Client& client, int tab) {
@@ -60,15 +54,15 @@ void Winsock4_Close(Client& client, int tab) {
     }
   }
   if (Head(session.BotQueue) != session.BotQueue.end())
-    ConnectAfresh(client, session);
+    ConnectAfresh(client, *session.Winsock4);
   else
     ResetQueue(session);
 }
 
 void Winsock4_Error(Client& client, int tab, int number) {
   TabSession& session = client.tab(tab);
-  if (number == kTimedOut)
-    ConnectAfresh(client, session);
+  if (number == kSocketTimedOut)
+    ConnectAfresh(client, *session.Winsock4);
   else
     ResetQueue(session);
 }

@@ -2,10 +2,11 @@
 // by one over Winsock4, each when the service has closed the connection of the one ahead.
 #pragma once
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // Queues a command, and connects unless a command is under way. Faults are logged and passed over.
 void SayBot(Client& client, const Text& text, int tab);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "display/rank_colour.h"
+#include "session/client.h"
 #include "session/event_entry.h"
 #include "text/cut.h"
 #include "text/fault.h"

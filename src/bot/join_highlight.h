@@ -4,9 +4,9 @@
 
 #include <string_view>
 
-#include "session/client.h"
-
 namespace parlorwire {
+
+struct Client;
 
 // The nick is to be highlighted once the list of users shows it. While a highlight of the tab
 // sweeps it takes the next slot, else slot 1. Only the latest that waits starts with the list; one

@@ -1,13 +1,12 @@
 #include "bot/reactions.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "bot/join_highlight.h"
 #include "display/rank_colour.h"
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "text/cut.h"
 #include "text/number.h"
@@ -31,24 +30,36 @@ Text PhraseOf(std::string_view rest) {
   return Text(words[0]) + " " + Text(words[1]) + " " + Text(words[2]);
 }
 
-// How the statements of a procedure run: each is guarded for itself.
-using GoOn = std::function<void(const std::function<void()>& statement)>;
+// A line that the client reacts to.
+struct Reaction {
+  Client& client;
+  const Text& line;
+  int tab;
 
-void GreetUser(Client& client, const Text& nick, int tab, const GoOn& go_on) {
-  TabSession& session = client.tab(tab);
+  TabSession& session() const { return client.tab(tab); }
+  // One of the statements that may fault. After a fault, which is logged, the next one runs.
+  template <class Statement>
+  void GoOn(Statement&& statement) const {
+    GoOnAfterFault(client, ". Function: ClientAction. Dump: " + line, statement);
+  }
+};
+
+void GreetUser(const Reaction& reaction, const Text& nick) {
+  Client& client = reaction.client;
+  TabSession& session = reaction.session();
   if (client.app.AutoKick && session.IsOperator) {
     const std::uint32_t session_number = session.SessionNumber;
     Text reason;
-    go_on([&] { reason = client.hooks.FindAutoKick(nick, session.Channel, true, ""); });
+    reaction.GoOn([&] { reason = client.hooks.FindAutoKick(nick, session.Channel, true, ""); });
     if (session.SessionNumber != session_number) return;
     if (!reason.empty()) {
-      client.hooks.SayBot("/k " + nick + " " + reason, tab);
+      client.hooks.SayBot("/k " + nick + " " + reason, reaction.tab);
       return;
     }
   }
-  go_on([&] { StartJoinHighlight(client, tab, nick); });
+  reaction.GoOn([&] { StartJoinHighlight(client, reaction.tab, nick); });
   session.JoinLines += session.JoinLines.empty() ? nick : "\r\n" + nick;
-  client.hooks.UpdateUsersFrame(tab);
+  client.hooks.UpdateUsersFrame(reaction.tab);
 }
 
 void LoseRank(Client& client, int tab) {
@@ -58,14 +69,15 @@ void LoseRank(Client& client, int tab) {
   if (desktop.ActiveTab() == tab) desktop.SetSayUseOp(false, false);
 }
 
-void ActOn(Client& client, const Text& nick, std::string_view phrase, int tab, const GoOn& go_on) {
-  const bool own = EqualsNoCase(nick, client.tab(tab).Login);
+void ActOn(const Reaction& reaction, const Text& nick, std::string_view phrase) {
+  const bool own = EqualsNoCase(nick, reaction.session().Login);
   if (phrase == W<"приходит на канал"> || phrase == W<"приходит к нам">)
-    GreetUser(client, nick, tab, go_on);
+    GreetUser(reaction, nick);
   else if (phrase == W<"стал оператором канала"> || phrase == W<"стал администратором чата">) {
-    if (own) client.hooks.UpdateUsersFrame(tab);  // the new flag comes with the list
+    if (own)
+      reaction.client.hooks.UpdateUsersFrame(reaction.tab);  // the new flag comes with the list
   } else if (phrase == W<"больше не оператор"> || phrase == W<"больше не администратор">) {
-    if (own) LoseRank(client, tab);
+    if (own) LoseRank(reaction.client, reaction.tab);
   }
 }
 
@@ -73,18 +85,16 @@ void ActOn(Client& client, const Text& nick, std::string_view phrase, int tab, c
 
 void ClientAction(Client& client, const Text& line, int tab) {
   if (!client.tab(tab).ActionsArmed) return;
-  const GoOn go_on = [&](const std::function<void()>& statement) {
-    GoOnAfterFault(client, ". Function: ClientAction. Dump: " + line, statement);
-  };
+  const Reaction reaction{client, line, tab};
   const Position blank = InStr(line, " ");
   Text nick;
-  go_on([&] { nick = Left(line, blank - 1); });
+  reaction.GoOn([&] { nick = Left(line, blank - 1); });
   Text rest = LCase(Mid(line, blank + 1));
-  go_on([&] { rest = WithoutAddress(rest); });
+  reaction.GoOn([&] { rest = WithoutAddress(rest); });
   if (rest == W<"покидает нас">)
-    go_on([&] { RemoveUser(client, nick, tab); });
+    reaction.GoOn([&] { RemoveUser(client, nick, tab); });
   else
-    ActOn(client, nick, PhraseOf(rest), tab, go_on);
+    ActOn(reaction, nick, PhraseOf(rest));
 }
 
 void RemoveUser(Client& client, std::string_view nick, int tab) {

@@ -4,9 +4,11 @@
 
 #include <string_view>
 
-#include "session/client.h"
+#include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // A system line, "nick rest", is about to be shown. Nothing happens until `ActionsArmed` is set, so
 // the old lines at the start of a frame start nothing.

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "text/cut.h"
 

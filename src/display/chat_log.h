@@ -3,9 +3,11 @@
 
 #include <string_view>
 
-#include "session/client.h"
+#include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // Appends a piece of a line to today's log of a channel, creating the folders if need be. Pieces
 // come in the order in which they are written to the pane; the first ones of a line end in the

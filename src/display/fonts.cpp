@@ -1,5 +1,6 @@
 #include "display/fonts.h"
 
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
 #include "text/cut.h"

@@ -4,9 +4,13 @@
 
 #include <cstdint>
 
-#include "session/client.h"
+#include "pane/rich_text_box.h"
+#include "text/text.h"
 
 namespace parlorwire {
+
+struct AppState;
+struct Client;
 
 // The four records take their defaults and then what section `Fonts` of config.ini has. A key that
 // is absent, empty or doesn't convert leaves the default.

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "display/pane_output.h"
+#include "session/client.h"
 
 namespace parlorwire {
 namespace {

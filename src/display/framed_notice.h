@@ -3,9 +3,11 @@
 
 #include <string_view>
 
-#include "session/client.h"
+#include "pane/rich_text_box.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // Tells in the pane of `pane_tab` of a line that concerns the user on another channel: that channel
 // and the login there, the line, and the word "Перейти". `id` is where the line begins in the pane

@@ -1,6 +1,7 @@
 #include "display/pane_mouse.h"
 
 #include "session/channel_list.h"
+#include "session/client.h"
 #include "text/cut.h"
 
 namespace parlorwire {

@@ -3,9 +3,10 @@
 #pragma once
 
 #include "pane/rich_text_box.h"
-#include "session/client.h"
 
 namespace parlorwire {
+
+struct Client;
 
 enum class MouseButton { kLeft = 1, kRight = 2 };
 

@@ -1,5 +1,7 @@
 #include "display/pane_output.h"
 
+#include "session/client.h"
+
 namespace parlorwire {
 namespace {
 

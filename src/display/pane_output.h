@@ -4,10 +4,12 @@
 #include <string_view>
 
 #include "pane/rich_text_box.h"
-#include "session/client.h"
 #include "session/writer_selection.h"
+#include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // A format that is neither bold nor italic nor underlined. Set whole by RichTextBox::SelFormat, it
 // is what setting name, size, colour and the three attributes one by one comes to.

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "display/text_out.h"
+#include "session/client.h"
 #include "text/cut.h"
 #include "text/fault.h"
 

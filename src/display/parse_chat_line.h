@@ -4,10 +4,11 @@
 #include <string_view>
 
 #include "display/line_kind.h"
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 struct ChatLine {
   std::string_view time;  // with its brackets; may be empty

@@ -1,5 +1,6 @@
 #include "display/rank_colour.h"
 
+#include "session/client.h"
 #include "text/cut.h"
 
 namespace parlorwire {

@@ -3,9 +3,12 @@
 
 #include <string_view>
 
-#include "session/client.h"
+#include "pane/rich_text_box.h"
 
 namespace parlorwire {
+
+struct AppState;
+struct Client;
 
 // The colour by the flags of a user, as in "[+o]"; the first of "+o", "+O" and "+A" decides, in
 // this order and with regard to case. Without any of them: rRichColors.Nicks.
@@ -16,7 +19,7 @@ PaneColour RankColour(const AppState& app, std::string_view flags);
 bool HasOperatorFlag(std::string_view flags);
 
 // The colour of a nick in the list of users that the tab has. A nick that is not in it:
-// rRichColors.Nicks. A nick that is a part of a longer one ahead of it gets that one's colour.
+// rRichColors.Nicks. A nick that a longer one ahead of it ends with gets that one's colour.
 PaneColour ListedRankColour(const Client& client, std::string_view nick, int tab);
 
 }  // namespace parlorwire

@@ -2,10 +2,11 @@
 
 #include "display/chat_log.h"
 #include "display/framed_notice.h"
-#include "display/nick_colours.h"
+#include "display/message_colours.h"
 #include "display/pane_output.h"
 #include "display/rank_colour.h"
 #include "display/spam_rules.h"
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "session/personal_notice.h"
 #include "text/cut.h"

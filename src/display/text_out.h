@@ -5,9 +5,10 @@
 #include <string_view>
 
 #include "display/line_kind.h"
-#include "session/client.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // Writes a line behind all that the tab's Rich holds, and logs it. `time` has its brackets and may
 // be empty; `nick` has its colon and is empty for a system line. A fault is logged and ends the

@@ -16,7 +16,7 @@ PanePosition SizeOf(std::string_view text) {
 }
 
 void RefuseNegative(PanePosition value) {
-  if (value < 0) throw Fault(380, "Invalid property value");
+  if (value < 0) throw Fault(fault::kInvalidProperty);
 }
 
 }  // namespace

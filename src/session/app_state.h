@@ -98,7 +98,6 @@ struct AppState {
   FontSystem rFontSystem;
   FontStatus rFontStatus;
   RichColors rRichColors;
-  PaneColour MainBackColor = Rgb(233, 235, 231);
 
   NickColours CmIniText;      // the text of CM.ini: the colours of nicks
   bool CmIniUnknown = false;  // the file could not be read, so it is not written either

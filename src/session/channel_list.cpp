@@ -1,5 +1,6 @@
 #include "session/channel_list.h"
 
+#include "session/client.h"
 #include "session/connect.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"

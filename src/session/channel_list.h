@@ -1,9 +1,11 @@
 // The page of channels, which the service gives to a tab without a channel.
 #pragma once
 
-#include "session/client.h"
+#include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // Renders ChannelListPage into Rich of the tab. A page that is cut short inside a value ends with
 // Fault 5 at that place, one that would fill the memory with Fault 7; what was rendered stays.

@@ -2,14 +2,21 @@
 
 namespace parlorwire {
 
+namespace {
+
+constexpr int kConnectAgain = 5000;  // ms
+constexpr int kPersBlink = 300;      // ms
+
+}  // namespace
+
 Client::Client(const Platform& ports) : platform(ports) {
   for (TabSession& tab : tabs) {
-    for (auto* socket : {&tab.Winsock1, &tab.Winsock2, &tab.Winsock3, &tab.Winsock4, &tab.Winsock5})
+    for (auto* socket : tab.Sockets())
       *socket = platform.NewWinsock();
-    for (auto* timer : {&tab.Timer1, &tab.Timer2, &tab.Timer3, &tab.Timer6, &tab.Timer26})
+    for (auto* timer : tab.Timers())
       *timer = platform.NewTimer();
-    tab.Timer1->Interval(5000);
-    tab.Timer2->Interval(300);
+    tab.Timer1->Interval(kConnectAgain);
+    tab.Timer2->Interval(kPersBlink);
   }
 }
 

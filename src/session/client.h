@@ -18,16 +18,19 @@ struct Client {
   explicit Client(const Platform& ports);
 
   // A slot 0..9. Any other index is a programming error.
-  TabSession& tab(int index) {
-    assert(index >= 0 && index < kTabCount);
-    return tabs[static_cast<std::size_t>(index)];
-  }
-  const TabSession& tab(int index) const { return const_cast<Client*>(this)->tab(index); }
+  TabSession& tab(int index) { return tabs[SlotIndex(index)]; }
+  const TabSession& tab(int index) const { return tabs[SlotIndex(index)]; }
 
   AppState app;
   std::array<TabSession, kTabCount> tabs;
   Platform platform;
   Hooks hooks;
+
+ private:
+  static std::size_t SlotIndex(int index) {
+    assert(index >= 0 && index < kTabCount);
+    return static_cast<std::size_t>(index);
+  }
 };
 
 }  // namespace parlorwire

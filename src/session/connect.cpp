@@ -1,11 +1,13 @@
 #include "session/connect.h"
 
+#include "platform/socket_error.h"
 #include "session/both_languages.h"
+#include "session/client.h"
+#include "session/exchange.h"
 #include "session/fault_trap.h"
 #include "session/frame_end.h"
 #include "session/frame_stream.h"
 #include "session/http_answer.h"
-#include "session/http_request.h"
 #include "session/personal_notice.h"
 #include "session/proxy_dialog.h"
 #include "session/status.h"
@@ -19,23 +21,23 @@ namespace {
 constexpr std::string_view kInConnectToChat = ". Function: ConnectToChat";
 constexpr std::string_view kInClose = ". Function: Winsock1_Close";
 
-Text LoginRequest(Client& client, TabSession& tab) {
+Text LoginUrl(TabSession& tab) {
   Text url = "/newmsg?username=" + UrlEncodeKoi(tab.Login);
   url += "&passwd=" + UrlEncodeKoi(tab.Password);
   url += "&channel=" + UrlEncodeKoi(tab.Channel);
   url += "&chpwd=" + UrlEncodeKoi(tab.ChannelPassword);
-  return BuildRequest(client, url);
+  return url;
 }
 
 // The frame of the channel or, without a channel, the page of channels. Here alone the ticket is
 // escaped, too.
-Text FrameRequest(Client& client, TabSession& tab) {
+Text FrameUrl(TabSession& tab) {
   Text url = TrimView(tab.Channel).empty() ? "/?username=" : "/pframe?username=";
   url += UrlEncodeKoi(tab.Login);
   url += "&ticket=" + UrlEncodeKoi(tab.Ticket);
   url += "&channel=" + UrlEncodeKoi(tab.Channel);
   url += "&chpwd=" + UrlEncodeKoi(tab.ChannelPassword);
-  return BuildRequest(client, url);
+  return url;
 }
 
 // The value behind the "=" that follows `key_at`, up to the next "'" or "&". With neither behind it
@@ -100,8 +102,7 @@ void ReadLoginAnswer(Client& client, int tab) {
   else
     StatusOut(client, InLanguage(client, {W<"Чтение с канала...">, "Reading from channel..."}),
               tab);
-  session.Winsock1->Close();
-  ConnectToService(client, *session.Winsock1);
+  ConnectAfresh(client, *session.Winsock1);
 }
 
 }  // namespace
@@ -113,15 +114,11 @@ void ConnectToChat(Client& client, int tab) {
   ++session.SessionNumber;
 
   desktop.SetTabControlsEnabled(tab, false);
-  if (session.ClearPanesOnConnect) {
-    session.Rich.Text("");
-    session.ClearPanesOnConnect = false;
-  }
+  if (session.ClearPanesOnConnect) session.Rich.Text("");
   session.Rich_Users.Text("");
+  static_cast<ConnectionState&>(session) = {};
   session.Connecting = true;
   desktop.SetUsersNumCaption(tab, "");
-  session.ReservedText.clear();
-  session.ReservedFlag = false;
 
   desktop.SetTabCaption(tab, InLanguage(client, {W<"Подключение...">, "Connecting.."}));
   if (proxy.use_proxy)
@@ -136,39 +133,16 @@ void ConnectToChat(Client& client, int tab) {
   session.Winsock1->Close();
   session.Winsock5->Close();
   StopPersonalNotice(client, tab);
-
-  session.JoinLines.clear();
-  session.IsChannelList = false;
-  session.ChannelListPage.clear();
   session.Rich_Server.Text("");
-  session.InScript = false;
-  session.IgnoreStream = false;
-  session.LogoffPending = false;
-  session.LeavePending = false;
-  session.ReconnectRequested = false;
-  session.TabClosing = false;
-  session.LogoffNick.clear();
-
-  session.BotQueue.assign(1, Text());
   session.Winsock4->Close();
-  session.IsOperator = false;
 
-  session.LinesArmed = false;
   GoOnAfterFault(client, kInConnectToChat,
                  [&] { session.Timer26->Interval(client.app.ActionDelayValue); });
   session.Timer26->Enabled(true);
   session.Timer6->Enabled(false);
   GoOnAfterFault(client, kInConnectToChat,
                  [&] { session.Timer6->Interval(client.app.ActionDelayValue); });
-  session.ActionsArmed = false;
-
-  session.CloseHandled = false;
-  session.LoginAnswer.clear();
-  session.Authorized = false;
-  session.Connected = false;
-  session.LineCarry.clear();
   session.Timer3->Enabled(false);
-  session.WatchdogTicks = 0;
   session.Timer1->Enabled(false);
 
   ConnectToService(client, *session.Winsock1);
@@ -177,7 +151,7 @@ void ConnectToChat(Client& client, int tab) {
 void Winsock1_Connect(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   if (session.Authorized) {
-    session.Winsock1->SendData(FrameRequest(client, session));
+    SendRequest(client, *session.Winsock1, FrameUrl(session));
     return;
   }
   StatusOk(client, tab);
@@ -185,16 +159,16 @@ void Winsock1_Connect(Client& client, int tab) {
             InLanguage(client, {W<"Проверка имени пользователя и пароля...">,
                                 "Veryfing login and password..."}),
             tab);
-  session.Winsock1->SendData(LoginRequest(client, session));
+  SendRequest(client, *session.Winsock1, LoginUrl(session));
 }
 
 void Winsock1_DataArrival(Client& client, int tab, std::size_t bytes_total) {
-  if (bytes_total == 0) return;
   TabSession& session = client.tab(tab);
   if (!session.Authorized) {
-    TakeAnswer(session.LoginAnswer, session.Winsock1->GetData());
+    GatherAnswer(*session.Winsock1, bytes_total, session.LoginAnswer);
     return;
   }
+  if (bytes_total == 0) return;
   const Text decoded = DecodeKoi(session.Winsock1->GetData());
   session.Connecting = false;
   TakeAnswer(session.ChannelListPage, decoded);
@@ -241,14 +215,13 @@ void Winsock1_Error(Client& client, int tab, int number, const Text& description
     return;
   }
 
-  constexpr int kAborted = 10053, kTimedOut = 10060, kHostUnreachable = 10065;
   Text russian = reason;
-  if (number == kHostUnreachable) russian = "нет связи с хостом"_w + number_in_brackets;
-  if (number == kTimedOut) russian = "таймаут соединения"_w;
-  if (number == kAborted)
+  if (number == kSocketHostUnreachable) russian = "нет связи с хостом"_w + number_in_brackets;
+  if (number == kSocketTimedOut) russian = "таймаут соединения"_w;
+  if (number == kSocketConnectionAborted)
     russian = "связь прервана в связи с превышением времени ожидания либо другой ошибкой"_w;
   StatusOut(client, InLanguage(client, {russian, reason}), StatusMode::kFailed, tab);
-  if (number == kTimedOut)
+  if (number == kSocketTimedOut)
     ConnectToChat(client, tab);
   else if (session.EverConnected)
     session.Timer1->Enabled(true);

@@ -1,10 +1,13 @@
 // The start of a session, and the conversation that takes a tab from nothing to a read frame.
 #pragma once
 
-#include "session/client.h"
+#include <cstddef>
+
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // The one reset and start of a tab. Logs in with the tab's identity, password and all.
 void ConnectToChat(Client& client, int tab);

@@ -1,5 +1,6 @@
 #include "session/error_log.h"
 
+#include "session/client.h"
 #include "session/fault_trap.h"
 
 namespace parlorwire {

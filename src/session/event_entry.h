@@ -4,11 +4,13 @@
 #include <exception>
 #include <string_view>
 
-#include "session/client.h"
 #include "session/fault_trap.h"
 #include "text/fault.h"
+#include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // Runs what an event does. What nobody has caught is logged under the event's name, and the program
 // goes on with the next event.

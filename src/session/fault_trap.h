@@ -3,11 +3,12 @@
 
 #include <string_view>
 
-#include "session/client.h"
 #include "session/error_log.h"
 #include "text/fault.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // Writes "Error ", number, " ", description and `suffix` to error.log; number 360 is dropped.
 void LogFault(Client& client, const Fault& fault, std::string_view suffix);

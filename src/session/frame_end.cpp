@@ -2,6 +2,7 @@
 
 #include "session/both_languages.h"
 #include "session/channel_list.h"
+#include "session/client.h"
 #include "session/connect.h"
 #include "session/fault_trap.h"
 #include "session/personal_notice.h"

@@ -1,9 +1,9 @@
 // What the end of a frame means, and the silence that comes before some ends.
 #pragma once
 
-#include "session/client.h"
-
 namespace parlorwire {
+
+struct Client;
 
 // The frame's connection was closed by the server. Whether the tab connects again is read off what
 // the client did or saw before.

@@ -2,12 +2,14 @@
 
 #include <cstdint>
 
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "session/frame_style.h"
 #include "session/http_answer.h"
 #include "session/personal_notice.h"
 #include "session/status.h"
 #include "text/cut.h"
+#include "text/entities.h"
 
 namespace parlorwire {
 namespace {
@@ -15,15 +17,6 @@ namespace {
 constexpr std::string_view kInCacheMessages = ". Function: CacheMessages";
 constexpr std::string_view kEjectLine = W<"<hr>----- Аварийное катапультирование ----<hr>">;
 constexpr std::string_view kScriptEnd = "</script>";
-
-Text DecodeEntities(std::string_view piece) {
-  if (piece.find('&') == std::string_view::npos) return Text(piece);
-  Text line = Replace(piece, "&lt;", "<");
-  line = Replace(line, "&gt;", ">");
-  line = Replace(line, "&amp;", "&");
-  line = Replace(line, "&quot;", "\"");
-  return Replace(line, "&nbsp;", " ");
-}
 
 enum class AfterPiece { kReadOn, kDropChunk };
 

@@ -1,10 +1,11 @@
 // The first reader of the frame: cuts the stream into lines as it arrives.
 #pragma once
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // Reads one decoded chunk, exactly as the socket handed it over: the header and the marks of the
 // style count in the chunk in which they come. The first chunk with a whole line decides whether

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "session/client.h"
 #include "session/error_log.h"
 #include "session/fault_trap.h"
 #include "session/http_answer.h"

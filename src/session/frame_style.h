@@ -4,10 +4,11 @@
 
 #include <string_view>
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 enum class FrameStyle {
   kRobots,  // style 9: the tab is on the channel now

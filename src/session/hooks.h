@@ -23,7 +23,6 @@ class Hook<Result(Arguments...)> {
     procedure_ = std::move(procedure);
     return *this;
   }
-  bool Filled() const { return static_cast<bool>(procedure_); }
   Result operator()(Arguments... arguments) const {
     return procedure_ ? procedure_(static_cast<Arguments>(arguments)...) : Result();
   }

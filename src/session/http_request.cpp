@@ -1,5 +1,6 @@
 #include "session/http_request.h"
 
+#include "session/client.h"
 #include "session/proxy_dialog.h"
 #include "session/wire_encoding.h"
 #include "text/cut.h"

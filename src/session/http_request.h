@@ -4,10 +4,12 @@
 
 #include <string_view>
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
+struct TabSession;
 
 // The whole text to send, in the direct or in a proxy form as the proxy's controls say. `url` is
 // the path, "?", and the query, which becomes the body; a url without "?" is Fault 5.

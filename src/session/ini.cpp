@@ -1,6 +1,7 @@
 #include "session/ini.h"
 
 #include "platform/profile_file.h"
+#include "session/client.h"
 #include "session/fault_trap.h"
 
 namespace parlorwire {

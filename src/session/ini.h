@@ -4,10 +4,11 @@
 #include <cstdint>
 #include <string_view>
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // The largest file, in bytes, that is taken for settings. A larger one counts as unreadable.
 inline constexpr std::int64_t kLargestConfigFile = std::int64_t{16} * 1024 * 1024;

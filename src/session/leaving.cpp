@@ -2,36 +2,27 @@
 
 #include "session/both_languages.h"
 #include "session/channel_list.h"
+#include "session/client.h"
+#include "session/exchange.h"
 #include "session/fault_trap.h"
 #include "session/http_answer.h"
-#include "session/http_request.h"
-#include "session/proxy_dialog.h"
 #include "session/status.h"
 #include "session/wire_encoding.h"
 #include "text/charset.h"
 #include "text/cut.h"
 
 namespace parlorwire {
-namespace {
-
-void Ask(Client& client, TabSession& session) {
-  session.Winsock5->Close();
-  ConnectToService(client, *session.Winsock5);
-}
-
-}  // namespace
-
 void LogoffChat(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   session.LogoffPending = true;
   session.LogoffNick = LCase(session.Login);
-  Ask(client, session);
+  ConnectAfresh(client, *session.Winsock5);
 }
 
 void LeaveChannel(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   session.LeavePending = true;
-  Ask(client, session);
+  ConnectAfresh(client, *session.Winsock5);
 }
 
 void Winsock5_Connect(Client& client, int tab) {
@@ -43,7 +34,7 @@ void Winsock5_Connect(Client& client, int tab) {
   if (session.LeavePending)  // overrules a logoff; the nick is escaped once more then
     url = "/leave?username=" + UrlEncodeKoi(session.Login) + "&ticket=" + session.Ticket +
           "&channel=" + UrlEncodeKoi(session.Channel);
-  session.Winsock5->SendData(BuildRequest(client, url));
+  SendRequest(client, *session.Winsock5, url);
 }
 
 void Winsock5_DataArrival(Client& client, int tab, std::size_t bytes_total) {

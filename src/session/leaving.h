@@ -2,9 +2,11 @@
 // channel to the list of channels.
 #pragma once
 
-#include "session/client.h"
+#include <cstddef>
 
 namespace parlorwire {
+
+struct Client;
 
 // The actions `logoff` and `logout` on a tab.
 void LogoffChat(Client& client, int tab);

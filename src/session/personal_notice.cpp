@@ -1,5 +1,6 @@
 #include "session/personal_notice.h"
 
+#include "session/client.h"
 #include "session/status.h"
 
 namespace parlorwire {

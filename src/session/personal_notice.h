@@ -2,9 +2,10 @@
 #pragma once
 
 #include "session/both_languages.h"
-#include "session/client.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // The underscore joins the words that a click is looked for on.
 inline constexpr BothLanguages kPersonalNotice{W<"Вам пришло персональное_сообщение!">,

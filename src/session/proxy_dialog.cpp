@@ -1,5 +1,6 @@
 #include "session/proxy_dialog.h"
 
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
 #include "text/number.h"

@@ -1,9 +1,11 @@
 // The proxy settings, where everybody reads them: in the controls of the proxy dialog.
 #pragma once
 
-#include "session/client.h"
-
 namespace parlorwire {
+
+struct Client;
+struct ProxyControls;
+class Winsock;
 
 // The controls, loaded from config.ini the first time anything touches them.
 ProxyControls& ProxyDialog(Client& client);

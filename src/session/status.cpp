@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "session/both_languages.h"
+#include "session/client.h"
 #include "session/personal_notice.h"
 #include "session/writer_selection.h"
 #include "text/cut.h"

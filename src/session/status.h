@@ -1,10 +1,11 @@
 // What the session says about itself, in the tab's message pane and day log.
 #pragma once
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 enum class StatusMode {
   kLine = 0,    // a new line with the time in front

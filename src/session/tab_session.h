@@ -15,29 +15,16 @@
 
 namespace parlorwire {
 
-struct TabSession {
-  // ---- identity, set by the login dialog ----
-  // Building a request escapes these in place, so a nick with "+" changes in memory at the first
-  // request and grows at each further one. All who read them later see the grown value.
-  Text Login;
-  Text Password;
-  Text Channel;  // "" means that the channel list is wanted
-  Text ChannelPassword;
-  Text Ticket;  // from the login answer; kept until the next answer replaces it
-
-  // ---- state of the connection ----
-  // ConnectToChat resets all of them but EverConnected, EjectSeen and FixingFlagR, and sets
-  // Connecting.
+// What ConnectToChat gives its default again, all of it at once. Of what else a tab knows a connect
+// changes nothing but `Connecting`, which it sets, and `SessionNumber`, which grows.
+struct ConnectionState {
   bool Connecting = false;          // a connect sequence runs
   bool Authorized = false;          // the answer gave a ticket; Winsock1 carries the frame
   bool Connected = false;           // the frame is in the robots' style and is being read
-  bool EverConnected = false;       // Connected at least once; socket errors then retry
   bool CloseHandled = false;        // the next close of Winsock1 is to be ignored
   bool IsChannelList = false;       // the frame answer is the page of channels
   bool IgnoreStream = false;        // every later chunk of this connection is dropped
-  bool EjectSeen = false;           // the service told the client to go
   bool InScript = false;            // the lines are inside a script block
-  bool FixingFlagR = false;         // "/mo -R" was sent because of a flag +R
   bool ReconnectRequested = false;  // reconnect at once when the frame closes
   bool LogoffPending = false;       // a logoff request runs on Winsock5
   bool LeavePending = false;        // a leave request runs on Winsock5
@@ -47,23 +34,39 @@ struct TabSession {
   bool IsOperator = false;           // the own user line shows +a or +o
   bool ActionsArmed = false;         // Timer6 has passed: ClientAction may act
   bool LinesArmed = false;           // Timer26 has passed: mentions may raise balloons
+  Text ReservedText;  // these two are reset, here and elsewhere, and claimed by nothing
+  bool ReservedFlag = false;
 
-  // Grows with every ConnectToChat and every close of the tab. Who lets the event loop run in the
-  // middle of something compares it behind: another number is another session.
-  std::uint32_t SessionNumber = 0;
-
-  // ---- buffers ----
   Text LoginAnswer;      // raw bytes of the login answer
   Text LineCarry;        // decoded tail of the frame without a line end yet
   Text ChannelListPage;  // decoded frame text; emptied at each pass that reads lines
   std::uint8_t WatchdogTicks = 0;
-  Text ReservedText;  // reset with the connection; nothing else uses these two
-  bool ReservedFlag = false;
+
+  Text JoinLines;                      // nicks that joined since the last user frame, CR LF between
+  std::vector<Text> BotQueue{Text()};  // element 0 stays empty
+};
+
+struct TabSession : ConnectionState {
+  // ---- identity, set by the login dialog ----
+  // Building a request escapes these in place, so a nick with "+" changes in memory at the first
+  // request and grows at each further one. All who read them later see the grown value.
+  Text Login;
+  Text Password;
+  Text Channel;  // "" means that the channel list is wanted
+  Text ChannelPassword;
+  Text Ticket;  // from the login answer; kept until the next answer replaces it
+
+  // ---- what a new connect leaves as it is ----
+  bool EverConnected = false;  // Connected at least once; socket errors then retry
+  bool EjectSeen = false;      // the service told the client to go
+  bool FixingFlagR = false;    // "/mo -R" was sent because of a flag +R
+  // Grows with every ConnectToChat and every close of the tab. Who lets the event loop run in the
+  // middle of something compares it behind: another number is another session.
+  std::uint32_t SessionNumber = 0;
 
   // ---- users ----
   Text UsersBuffer;       // raw bytes of the user frame
   UserRecords UsersText;  // the records of the last user frame
-  Text JoinLines;         // nicks that joined since the last frame, CR LF between them
 
   // ---- sending ----
   Text PostText;                     // the message being posted
@@ -73,7 +76,6 @@ struct TabSession {
   Text HistoryState = "none";        // "none", "up", "down" or "upoverflow"
 
   // ---- bot ----
-  std::vector<Text> BotQueue{Text()};  // element 0 stays empty
   // The highlights of nicks that have just joined, by slot; slot 0 is never used. The lists of all
   // tabs have one size.
   std::int16_t JoinSlot = 0;                  // of the latest highlight
@@ -103,15 +105,21 @@ struct TabSession {
   std::unique_ptr<Winsock> Winsock3;  // user frame
   std::unique_ptr<Winsock> Winsock4;  // the bot's post
   std::unique_ptr<Winsock> Winsock5;  // leave and logoff
+  std::array<std::unique_ptr<Winsock>*, 5> Sockets() {
+    return {&Winsock1, &Winsock2, &Winsock3, &Winsock4, &Winsock5};
+  }
 
   // ---- timers ----
-  std::unique_ptr<Timer> Timer1;   // 5000 ms: connect again
-  std::unique_ptr<Timer> Timer2;   // 300 ms: pers blinks
+  std::unique_ptr<Timer> Timer1;   // connects again
+  std::unique_ptr<Timer> Timer2;   // pers blinks
   std::unique_ptr<Timer> Timer3;   // ReconnectDelayValue: the watchdog
   std::unique_ptr<Timer> Timer6;   // ActionDelayValue: sets ActionsArmed
   std::unique_ptr<Timer> Timer26;  // ActionDelayValue: sets LinesArmed
-  // Timer7 (tab 0) to Timer16 (tab 9), 150 ms: an element for each slot of a highlight, made when
-  // it is first needed.
+  std::array<std::unique_ptr<Timer>*, 5> Timers() {
+    return {&Timer1, &Timer2, &Timer3, &Timer6, &Timer26};
+  }
+  // Timer7 (tab 0) to Timer16 (tab 9): an element for each slot of a highlight, made when it is
+  // first needed.
   std::vector<std::unique_ptr<Timer>> JoinTimers;
 };
 

@@ -25,9 +25,9 @@ class UserRecords {
   // The flags of the record in whose nick the place `at` lies. "" where the text ends early.
   Text FlagsOfRecord(Position at) const;
 
-  // The same for chat lines, which look from two characters behind a nick of `length` for the next
-  // line feed and take the field behind it: the flags of a whole nick, and of one that a longer
-  // nick begins with unless only one letter is missing. Kept on purpose.
+  // The same for chat lines, which look from the second character behind a nick of `length` for the
+  // next line feed and take the field behind it: the flags of a whole nick and of one that a longer
+  // nick ends with, but the address for any other part of a nick. Kept on purpose.
   Text FlagsBehind(Position at, Position length) const;
 
  private:

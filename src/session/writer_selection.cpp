@@ -1,5 +1,7 @@
 #include "session/writer_selection.h"
 
+#include "session/client.h"
+
 namespace parlorwire {
 namespace {
 

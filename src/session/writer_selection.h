@@ -2,12 +2,13 @@
 #pragma once
 
 #include "pane/rich_text_box.h"
-#include "session/client.h"
 
 namespace parlorwire {
 
-// Selects [start, end) in a pane, 0-based, out of the user's sight unless he is selecting with the
-// mouse.
+struct Client;
+
+// Selects [start, end) anywhere in a pane, 0-based, out of the user's sight unless he is selecting
+// with the mouse. The end is only where most callers write.
 void SelectPaneEnd(Client& client, PanePosition start, PanePosition end, int tab);  // Rich
 void SelectUsersPaneEnd(Client& client, PanePosition start, PanePosition end,
                         int tab);  // Rich_Users

@@ -7,6 +7,7 @@
 #include "bot/reactions.h"
 #include "display/chat_log.h"
 #include "display/parse_chat_line.h"
+#include "session/client.h"
 #include "session/connect.h"
 #include "session/event_entry.h"
 #include "session/frame_end.h"

@@ -1,9 +1,9 @@
 // Puts the rooms of the core together.
 #pragma once
 
-#include "session/client.h"
-
 namespace parlorwire {
+
+struct Client;
 
 // Fills the hooks, and gives every event of the sockets and timers of all tabs to its procedure. A
 // fault that escapes a procedure ends there: it is logged, and the event loop goes on.

@@ -1,5 +1,6 @@
 #include "shell/hot_keys.h"
 
+#include "session/client.h"
 #include "session/connect.h"
 #include "session/leaving.h"
 

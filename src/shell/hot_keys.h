@@ -2,9 +2,10 @@
 // keys go down; a key that is held acts once.
 #pragma once
 
-#include "session/client.h"
-
 namespace parlorwire {
+
+struct Client;
+class RichTextBox;
 
 // Ctrl+Tab and, the other way round, Ctrl+Shift+Tab: the visible tab after (ahead of) the active
 // one, and from the last the first.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "session/client.h"
 #include "session/connect.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"

@@ -5,10 +5,12 @@
 #include <array>
 #include <vector>
 
-#include "session/client.h"
 #include "shell/control_text.h"
+#include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // The controls.
 struct LoginDialog {

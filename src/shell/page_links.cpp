@@ -1,5 +1,6 @@
 #include "shell/page_links.h"
 
+#include "session/client.h"
 #include "session/wire_encoding.h"
 
 namespace parlorwire {

@@ -1,9 +1,12 @@
 // The labels of the main window that open a page of the service in the user's browser.
 #pragma once
 
-#include "session/client.h"
+#include "text/text.h"
 
 namespace parlorwire {
+
+struct AppState;
+struct Client;
 
 // "http://", the service's host and, unless it is 80, ":" and its port.
 Text ServiceAddress(const AppState& app);

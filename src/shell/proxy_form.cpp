@@ -1,5 +1,6 @@
 #include "shell/proxy_form.h"
 
+#include "session/client.h"
 #include "session/ini.h"
 #include "session/proxy_dialog.h"
 #include "text/cut.h"
@@ -61,10 +62,6 @@ void CancelProxyForm(Client& client) {
 
 bool ProxyPortTakes(char character) {
   return character == '\b' || (character >= '0' && character <= '9');
-}
-
-Text FirstLine(const Text& text) {
-  return text.substr(0, text.find_first_of("\r\n"));
 }
 
 }  // namespace parlorwire

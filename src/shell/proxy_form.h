@@ -4,10 +4,13 @@
 
 #include <array>
 
-#include "session/client.h"
 #include "shell/control_text.h"
+#include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
+struct ProxyControls;
 
 // Which controls the user can use.
 struct ProxyFormState {
@@ -36,9 +39,6 @@ void CancelProxyForm(Client& client);
 
 // Whether `proxy_port` takes a typed character: a digit or Backspace (8).
 bool ProxyPortTakes(char character);
-
-// What Ctrl+V puts into a text box: the first line of the clipboard's text.
-Text FirstLine(const Text& text);
 
 // `window`, `frame` and the labels have no names of their own.
 inline constexpr std::array<ControlText, 8> kProxyFormTexts = {{

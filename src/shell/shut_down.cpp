@@ -1,7 +1,8 @@
 #include "shell/shut_down.h"
 
 #include "display/fonts.h"
-#include "display/nick_colours.h"
+#include "display/message_colours.h"
+#include "session/client.h"
 #include "session/ini.h"
 #include "text/number.h"
 
@@ -32,7 +33,7 @@ void UnloadStep(Client& client, const std::optional<WindowPlace>& place) {
 
 void StopAllTimers(Client& client) {
   for (TabSession& tab : client.tabs) {
-    for (auto* timer : {&tab.Timer1, &tab.Timer2, &tab.Timer3, &tab.Timer6, &tab.Timer26})
+    for (auto* timer : tab.Timers())
       (*timer)->Enabled(false);
     for (auto& timer : tab.JoinTimers)
       if (timer) timer->Enabled(false);

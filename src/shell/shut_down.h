@@ -3,10 +3,11 @@
 
 #include <optional>
 
-#include "session/client.h"
 #include "shell/start_up.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // Closes the frame sockets, saves the settings, and stops all timers. `place` is the window's
 // place, or nothing when it is minimized: then the saved place stays. Every failure is skipped.

@@ -2,9 +2,10 @@
 #pragma once
 
 #include "session/both_languages.h"
-#include "session/client.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // In twips, on the screen.
 struct WindowPlace {

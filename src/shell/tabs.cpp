@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "session/both_languages.h"
+#include "session/client.h"
 #include "session/connect.h"
 #include "session/fault_trap.h"
 #include "session/personal_notice.h"
@@ -29,8 +30,7 @@ void Silence(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   session.Timer1->Enabled(false);
   StopPersonalNotice(client, tab);
-  for (auto* socket : {&session.Winsock1, &session.Winsock2, &session.Winsock3, &session.Winsock4,
-                       &session.Winsock5})
+  for (auto* socket : session.Sockets())
     (*socket)->Close();
 }
 

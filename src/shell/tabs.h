@@ -1,9 +1,10 @@
 // The ten tabs of the main window.
 #pragma once
 
-#include "session/client.h"
-
 namespace parlorwire {
+
+struct Client;
+struct TabSession;
 
 // The first tab that is not visible becomes visible, empty and active. With all ten visible there
 // is a message and nothing else.

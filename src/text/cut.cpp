@@ -16,13 +16,6 @@ std::size_t FindNoCase(std::string_view text, std::string_view what, std::size_t
   return at == text.end() ? std::string_view::npos : static_cast<std::size_t>(at - text.begin());
 }
 
-std::size_t RFindNoCase(std::string_view text, std::string_view what, std::size_t last_start) {
-  if (what.size() > text.size()) return std::string_view::npos;
-  for (std::size_t at = std::min(last_start, text.size() - what.size()) + 1; at-- > 0;)
-    if (EqualsNoCase(text.substr(at, what.size()), what)) return at;
-  return std::string_view::npos;
-}
-
 Position FoundAt(std::size_t index) {
   return index == std::string_view::npos ? 0 : static_cast<Position>(index) + 1;
 }
@@ -103,15 +96,6 @@ Position InStrRev(std::string_view text, std::string_view what) {
   return text.empty() ? 0 : InStrRev(text, what, Len(text));
 }
 
-Position InStrRevNoCase(std::string_view text, std::string_view what, Position start) {
-  return SearchBack(text, what, start,
-                    [&](std::size_t last) { return RFindNoCase(text, what, last); });
-}
-
-Position InStrRevNoCase(std::string_view text, std::string_view what) {
-  return text.empty() ? 0 : InStrRevNoCase(text, what, Len(text));
-}
-
 bool Contains(std::string_view text, std::string_view what) {
   return text.find(what) != std::string_view::npos;
 }
@@ -132,12 +116,6 @@ bool StartsWithNoCase(std::string_view text, std::string_view prefix) {
 Text LCase(std::string_view text) {
   Text result(text);
   std::transform(result.begin(), result.end(), result.begin(), LowerCase);
-  return result;
-}
-
-Text UCase(std::string_view text) {
-  Text result(text);
-  std::transform(result.begin(), result.end(), result.begin(), UpperCase);
   return result;
 }
 

@@ -40,8 +40,6 @@ Position InStrNoCase(std::string_view text, std::string_view what);
 // at `start`.
 Position InStrRev(std::string_view text, std::string_view what, Position start);
 Position InStrRev(std::string_view text, std::string_view what);
-Position InStrRevNoCase(std::string_view text, std::string_view what, Position start);
-Position InStrRevNoCase(std::string_view text, std::string_view what);
 
 bool Contains(std::string_view text, std::string_view what);
 bool ContainsNoCase(std::string_view text, std::string_view what);
@@ -49,7 +47,6 @@ bool EqualsNoCase(std::string_view a, std::string_view b);
 bool StartsWithNoCase(std::string_view text, std::string_view prefix);
 
 Text LCase(std::string_view text);
-Text UCase(std::string_view text);
 
 // Takes off blanks (0x20) at both ends, and nothing else.
 Text Trim(std::string_view text);

@@ -39,6 +39,8 @@ Text FaultDescription(int number) {
       return "Path not found";
     case fault::kAlreadyLoaded:
       return "Object already loaded";
+    case fault::kInvalidProperty:
+      return "Invalid property value";
     default:
       return "Application-defined or object-defined error";
   }

@@ -33,7 +33,8 @@ inline constexpr int kBadRecordNumber = 63;  // a position in a file below 1
 inline constexpr int kPermissionDenied = 70;
 inline constexpr int kPathFileAccess = 75;  // any other failure of the file system
 inline constexpr int kPathNotFound = 76;
-inline constexpr int kAlreadyLoaded = 360;  // never logged
+inline constexpr int kAlreadyLoaded = 360;    // never logged
+inline constexpr int kInvalidProperty = 380;  // a value that a property can't have
 }  // namespace fault
 
 // The classic description of a number; "Application-defined or object-defined error" for others.

@@ -1,4 +1,4 @@
-// Lower and upper case of all 256 characters of Windows-1251: those of Unicode.
+// The lower case of all 256 characters of Windows-1251: that of Unicode.
 #pragma once
 
 #include <array>
@@ -30,36 +30,25 @@ inline constexpr std::array<Pair, 15> kScatteredPairs = {{{0xA8, 0xB8},
                                                           {0xB2, 0xB3},
                                                           {0xBD, 0xBE}}};
 
-consteval std::array<char, 256> MakeTable(bool to_lower) {
+consteval std::array<char, 256> MakeLower() {
   std::array<char, 256> table{};
   for (unsigned i = 0; i < 256; ++i)
     table[i] = static_cast<char>(i);
-  const auto add = [&](unsigned upper, unsigned lower) {
-    if (to_lower)
-      table[upper] = static_cast<char>(lower);
-    else
-      table[lower] = static_cast<char>(upper);
-  };
   for (unsigned i = 'A'; i <= 'Z'; ++i)
-    add(i, i + 0x20);
+    table[i] = static_cast<char>(i + 0x20);
   for (unsigned i = 0xC0; i <= 0xDF; ++i)
-    add(i, i + 0x20);
+    table[i] = static_cast<char>(i + 0x20);
   for (const Pair& pair : kScatteredPairs)
-    add(pair.upper, pair.lower);
+    table[pair.upper] = static_cast<char>(pair.lower);
   return table;
 }
 
-inline constexpr std::array<char, 256> kLower = MakeTable(true);
-inline constexpr std::array<char, 256> kUpper = MakeTable(false);
+inline constexpr std::array<char, 256> kLower = MakeLower();
 
 }  // namespace letter_case
 
 constexpr char LowerCase(char c) {
   return letter_case::kLower[static_cast<std::uint8_t>(c)];
-}
-
-constexpr char UpperCase(char c) {
-  return letter_case::kUpper[static_cast<std::uint8_t>(c)];
 }
 
 }  // namespace parlorwire

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "session/client.h"
 #include "text/cut.h"
 #include "text/fault.h"
 
@@ -11,13 +12,6 @@ namespace {
 const Text& EntryAt(const TabSession& session, std::uint8_t position) {
   if (position >= session.HistoryLines.size()) throw Fault(fault::kSubscript);
   return session.HistoryLines[position];
-}
-
-void Remember(TabSession& session, const Text& text) {
-  auto& lines = session.HistoryLines;
-  std::shift_right(lines.begin(), lines.end(), 1);
-  lines[0] = text;
-  session.HistoryState = "none";
 }
 
 Text StepUp(TabSession& session) {
@@ -43,26 +37,19 @@ Text StepDown(TabSession& session) {
 
 }  // namespace
 
-Text InputHistoryStep(Client& client, HistoryDirection direction, const Text& text, bool browse,
-                      int tab) {
-  TabSession& session = client.tab(tab);
-  if (!browse) {
-    Remember(session, text);
-    return {};
-  }
-  switch (direction) {
-    case HistoryDirection::kUp:
-      return StepUp(session);
-    case HistoryDirection::kDown:
-      return StepDown(session);
-    case HistoryDirection::kNone:
-      break;
-  }
-  return {};
+void RememberInput(TabSession& session, const Text& text) {
+  auto& lines = session.HistoryLines;
+  std::shift_right(lines.begin(), lines.end(), 1);
+  lines[0] = text;
+  session.HistoryState = "none";
+}
+
+Text InputHistoryStep(TabSession& session, HistoryDirection direction) {
+  return direction == HistoryDirection::kUp ? StepUp(session) : StepDown(session);
 }
 
 void BrowseInputHistory(Client& client, HistoryDirection direction, int tab) {
-  const Text line = InputHistoryStep(client, direction, "", true, tab);
+  const Text line = InputHistoryStep(client.tab(tab), direction);
   if (!TrimView(line).empty()) client.platform.desktop.SetMsgText(tab, line);
 }
 

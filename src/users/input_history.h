@@ -4,18 +4,21 @@
 #include <cstddef>
 #include <optional>
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
 
-enum class HistoryDirection { kNone, kUp, kDown };
+struct Client;
+struct TabSession;
 
-// Without `browse`, remembers `text` as the newest line; the result is "". With it, walks one step
-// through the lines and gives the one that is reached, which may be "". The walk stops at both
-// ends.
-Text InputHistoryStep(Client& client, HistoryDirection direction, const Text& text, bool browse,
-                      int tab);
+enum class HistoryDirection { kUp, kDown };
+
+// `text` becomes the newest line.
+void RememberInput(TabSession& session, const Text& text);
+
+// Walks one step through the lines and gives the one that is reached, which may be "". The walk
+// stops at both ends. A `HistoryPos` behind the lines: Fault 9.
+Text InputHistoryStep(TabSession& session, HistoryDirection direction);
 
 // Up or Down in `msg`: a step through the lines. The line that is reached becomes the text of the
 // box, with the caret at its end; a blank one leaves the box as it is.
@@ -28,7 +31,7 @@ enum class MsgKey {
   kUp,          // BrowseInputHistory
   kDown,        // BrowseInputHistory
   kDeleteWord,  // DeleteWordAhead
-  kSend,        // button_say_MouseUp with the left button; the box must not see the key
+  kSend,        // button_say_MouseUp; the box must not see the key
   kSelectAll,   // all of the box is selected; the box must not see the key
   kSwallow,     // the box must not see the key
 };

@@ -1,22 +1,23 @@
 #include "users/posting.h"
 
 #include <algorithm>
+#include <span>
 
 #include "display/fonts.h"
+#include "session/client.h"
+#include "session/exchange.h"
 #include "session/fault_trap.h"
-#include "session/http_answer.h"
 #include "session/http_request.h"
 #include "session/personal_notice.h"
-#include "session/proxy_dialog.h"
 #include "session/wire_encoding.h"
 #include "text/charset.h"
 #include "text/cut.h"
+#include "text/entities.h"
 #include "users/input_history.h"
 
 namespace parlorwire {
 namespace {
 
-constexpr int kLeftButton = 1;
 constexpr PaneColour kGreen = 0xFF00;
 
 // The sentence in the first font of size 1 of the answer, as it came.
@@ -26,12 +27,12 @@ std::string_view AnswerSentence(std::string_view answer) {
   return ElementAt(Split(ElementAt(pieces, 1), "</font>"), 0);
 }
 
+// In a sentence "&nbsp;" stays as it is.
+constexpr std::span kEntitiesOfSentences = std::span(kEntities).first(kEntities.size() - 1);
+static_assert(kEntities.back().name == "&nbsp;");
+
 Text DecodeSentence(std::string_view sentence) {
-  Text text = DecodeKoi(Text(sentence));
-  text = Replace(text, "&lt;", "<");
-  text = Replace(text, "&gt;", ">");
-  text = Replace(text, "&amp;", "&");
-  return Replace(text, "&quot;", "\"");
+  return DecodeEntities(DecodeKoi(Text(sentence)), kEntitiesOfSentences);
 }
 
 void ShowSentence(RichTextBox& line, const Text& sentence) {
@@ -51,16 +52,14 @@ int ToneAction(std::string_view label) {
   return tone == kTones.end() ? 0 : tone->action;
 }
 
-void button_say_MouseUp(Client& client, int tab, int button) {
-  if (button != kLeftButton) return;
+void button_say_MouseUp(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   Desktop& desktop = client.platform.desktop;
   desktop.FocusMsg(tab);
   desktop.SetStopScroll(tab, false);
-  session.Winsock2->Close();
-  PassOverFault([&] { ConnectToService(client, *session.Winsock2); });
+  ConnectAfresh(client, *session.Winsock2);
   const Text text = desktop.MsgText(tab);
-  if (!TrimView(text).empty()) InputHistoryStep(client, HistoryDirection::kNone, text, false, tab);
+  if (!TrimView(text).empty()) RememberInput(session, text);
   session.HistoryPos = 0;
   session.PostText = (desktop.SayUseOpChecked() ? "/op " : "") + text;
   desktop.SetMsgText(tab, "");
@@ -79,13 +78,12 @@ void Winsock2_Connect(Client& client, int tab) {
   const int action = ToneAction(client.platform.desktop.IntonaciaText(tab));
   client.platform.desktop.SelectIntonacia(tab, 0);
   const Text url = PostUrl(client, session.PostText, tab) + "&action=" + std::to_string(action);
-  session.Winsock2->SendData(BuildRequest(client, url));
+  SendRequest(client, *session.Winsock2, url);
 }
 
 void Winsock2_DataArrival(Client& client, int tab, std::size_t bytes_total) {
-  if (bytes_total == 0) return;
   TabSession& session = client.tab(tab);
-  TakeAnswer(session.SendBuffer, session.Winsock2->GetData());
+  GatherAnswer(*session.Winsock2, bytes_total, session.SendBuffer);
 }
 
 void Winsock2_Close(Client& client, int tab) {

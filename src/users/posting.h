@@ -6,10 +6,11 @@
 #include <cstddef>
 #include <string_view>
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // An entry of the list `intonacia`, and the value that a post sends for it.
 struct Tone {
@@ -29,10 +30,9 @@ inline constexpr std::array<Tone, 7> kTones = {{{W<"Обычным тоном">,
 // The value of a label; 0 for a label that is not in the table.
 int ToneAction(std::string_view label);
 
-// `button_say` let go, or Enter in `msg`: posts what `msg` holds, even if that is nothing, and
-// empties the box. A message that is still on its way is dropped. Does nothing unless `button` is
-// 1, the left one.
-void button_say_MouseUp(Client& client, int tab, int button);
+// The left button let go over `button_say`, or Enter in `msg`: posts what `msg` holds, even if that
+// is nothing, and empties the box. A message that is still on its way is dropped.
+void button_say_MouseUp(Client& client, int tab);
 
 // The path and query of a post of `text`, without a tone. Escapes the tab's own fields in place;
 // `text` goes out twice and equal.

@@ -5,13 +5,15 @@
 #include "display/pane_output.h"
 #include "display/rank_colour.h"
 #include "session/both_languages.h"
+#include "session/client.h"
+#include "session/exchange.h"
 #include "session/fault_trap.h"
 #include "session/http_answer.h"
 #include "session/http_request.h"
 #include "session/personal_notice.h"
-#include "session/proxy_dialog.h"
 #include "text/charset.h"
 #include "text/cut.h"
+#include "text/entities.h"
 #include "users/user_line.h"
 #include "users/users_out.h"
 
@@ -65,7 +67,7 @@ void ReadUsers(Client& client, std::string_view page, UserFrameForm form, int ta
   for (const std::string_view piece : Split(page, "\n")) {
     const std::string_view line = TrimView(piece);
     if (line == "<tr>" || line.empty()) continue;
-    const UserRecord user = CutUserLine(DecodeUserEntities(line), form);
+    const UserRecord user = CutUserLine(DecodeEntitiesNoCase(line), form);
     SeeOwnRecord(client, user, tab);
     UsersOut(client, user, tab);
     session.UsersText.Append(user.nick, user.IP, user.flags, user.status);
@@ -113,21 +115,19 @@ void UpdateUsersFrame(Client& client, int tab) {
   const SocketState state = session.Winsock3->State();
   if (state == SocketState::kClosing || state == SocketState::kClosed)
     AppendNote(client, {W<" Обновление фрейма...">, " Updating..."}, tab);
-  session.Winsock3->Close();
-  PassOverFault([&] { ConnectToService(client, *session.Winsock3); });
+  ConnectAfresh(client, *session.Winsock3);
 }
 
 void Winsock3_Connect(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   const Text url = "/chl?" + SessionQuery(session);
   session.UsersBuffer.clear();
-  session.Winsock3->SendData(BuildRequest(client, url));
+  SendRequest(client, *session.Winsock3, url);
 }
 
 void Winsock3_DataArrival(Client& client, int tab, std::size_t bytes_total) {
-  if (bytes_total == 0) return;
   TabSession& session = client.tab(tab);
-  TakeAnswer(session.UsersBuffer, session.Winsock3->GetData());
+  GatherAnswer(*session.Winsock3, bytes_total, session.UsersBuffer);
 }
 
 void Winsock3_Close(Client& client, int tab) {

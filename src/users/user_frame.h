@@ -4,9 +4,9 @@
 
 #include <cstddef>
 
-#include "session/client.h"
-
 namespace parlorwire {
+
+struct Client;
 
 // Starts a fetch, giving up one that runs. The pane gets a note, unless a connection is under way.
 void UpdateUsersFrame(Client& client, int tab);

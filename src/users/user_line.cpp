@@ -40,14 +40,4 @@ UserRecord CutUserLine(std::string_view line, UserFrameForm form) {
   return form == UserFrameForm::kA ? CutFormA(line) : CutFormB(line);
 }
 
-Text DecodeUserEntities(std::string_view line) {
-  Text text(line);
-  if (!Contains(text, "&")) return text;
-  text = ReplaceNoCase(text, "&lt;", "<");
-  text = ReplaceNoCase(text, "&gt;", ">");
-  text = ReplaceNoCase(text, "&amp;", "&");
-  text = ReplaceNoCase(text, "&quot;", "\"");
-  return ReplaceNoCase(text, "&nbsp;", " ");
-}
-
 }  // namespace parlorwire

@@ -17,8 +17,4 @@ enum class UserFrameForm {
 // and one of form B without its "]": Fault 5.
 UserRecord CutUserLine(std::string_view line, UserFrameForm form);
 
-// "&lt;", "&gt;", "&amp;", "&quot;" and "&nbsp;" replaced in this order, in any case; so "&amp;lt;"
-// ends as "&lt;".
-Text DecodeUserEntities(std::string_view line);
-
 }  // namespace parlorwire

@@ -5,6 +5,7 @@
 
 #include "display/pane_output.h"
 #include "display/rank_colour.h"
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "text/cut.h"
 

@@ -1,10 +1,11 @@
 // The list of users, drawn in Rich_Users: a line for each, in the order of the frame.
 #pragma once
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // A user as the user frame shows him.
 struct UserRecord {

@@ -35,7 +35,7 @@ Guest& Evening::Come(const Text& nick, const Text& channel, const Text& password
 
 void Evening::Say(Guest& guest, const Text& text, int tab) {
   guest.platform.desktop.SetMsgText(tab, text);
-  button_say_MouseUp(guest.client, tab, 1);
+  button_say_MouseUp(guest.client, tab);
   Settle();
 }
 
@@ -44,8 +44,7 @@ void Evening::Settle() {
     busy = false;
     for (const auto& guest : guests) {
       for (TabSession& tab : guest->client.tabs) {
-        for (const auto* socket :
-             {&tab.Winsock1, &tab.Winsock2, &tab.Winsock3, &tab.Winsock4, &tab.Winsock5})
+        for (const auto* socket : tab.Sockets())
           if (*socket) busy = Serve(*guest, Simulated(*socket)) || busy;
       }
     }

@@ -41,8 +41,7 @@ RoughEvening::RoughEvening(std::uint32_t seed) : engine_(seed) {
     session.Password = "secret";
     session.Channel = ChannelOf(i);
     int number = 0;
-    for (const auto* socket : {&session.Winsock1, &session.Winsock2, &session.Winsock3,
-                               &session.Winsock4, &session.Winsock5})
+    for (const auto* socket : session.Sockets())
       lines_[&Simulated(*socket)] = {i, ++number};
     guest().platform.desktop.SetTabVisible(i, true);
     watches_.at(static_cast<std::size_t>(i)) =
@@ -182,8 +181,7 @@ void RoughEvening::StopService() {
   running_ = false;
   back_at_ = now.ms + 60'000 + Dice(180) * 1000;
   for (TabSession& session : guest().client.tabs) {
-    for (const auto* socket : {&session.Winsock1, &session.Winsock2, &session.Winsock3,
-                               &session.Winsock4, &session.Winsock5}) {
+    for (const auto* socket : session.Sockets()) {
       if (Dice(3) == 0)
         Simulated(*socket).Fail(10054);
       else
@@ -353,8 +351,7 @@ void RoughEvening::ClearAll() {
     for (Text* text : {&session.ChannelListPage, &session.LoginAnswer, &session.LineCarry,
                        &session.UsersBuffer, &session.SendBuffer, &session.PostText})
       text->shrink_to_fit();
-    for (const auto* socket : {&session.Winsock1, &session.Winsock2, &session.Winsock3,
-                               &session.Winsock4, &session.Winsock5})
+    for (const auto* socket : session.Sockets())
       Simulated(*socket).sent.shrink_to_fit();
     ExpectedOf(i) = Expected{};
   }

@@ -299,9 +299,7 @@ TEST_F(TextOutTest, WhatIsLoggedInWhichPieces) {
   };
   LoggingFiles files;
   files.folders = {"Logs", "Logs\\talk"};
-  Platform ports = platform.Ports();
-  Client logging({files, ports.clock, ports.random, ports.clipboard, ports.desktop,
-                  ports.NewWinsock, ports.NewTimer});
+  Client logging(platform.Ports(files));
   logging.tab(0).Channel = "talk";
   logging.tab(0).Login = "Me";
   TextOut(logging, "[1]", "Me:", "hello", kMessage, 0);

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "pane/rich_text_box.h"
-#include "text/fault.h"
+#include "support/fault_of.h"
 #include "text/text.h"
 
 namespace parlorwire {
@@ -138,16 +138,8 @@ TEST(RichTextBoxSelLength, KeepsTheStartAndIsClamped) {
 TEST(RichTextBoxSelStart, RefusesNegativesWithFault380) {
   const auto pane = PaneWith("abc");
   pane->ExSetSel(1, 2);
-  const auto number_of = [](auto call) {
-    try {
-      call();
-    } catch (const Fault& fault) {
-      return fault.number;
-    }
-    return 0;
-  };
-  EXPECT_EQ(number_of([&] { pane->SelStart(-1); }), 380);
-  EXPECT_EQ(number_of([&] { pane->SelLength(-1); }), 380);
+  EXPECT_EQ(FaultOf([&] { pane->SelStart(-1); }), 380);
+  EXPECT_EQ(FaultOf([&] { pane->SelLength(-1); }), 380);
   EXPECT_EQ(SelectionOf(*pane), Range(1, 2));
 }
 

@@ -308,7 +308,7 @@ TEST_F(Connect, TheProxysCredentialsGoOutOnEveryRequestOnEverySocket) {
   expect_credentials(chat.Winsock1(), "/pframe");
   chat.Winsock3().Accept();
   expect_credentials(chat.Winsock3(), "/chl");
-  button_say_MouseUp(chat.client, 0, 1);
+  button_say_MouseUp(chat.client, 0);
   chat.Winsock2().Accept();
   expect_credentials(chat.Winsock2(), "/newmsg_t");
   chat.client.hooks.SayBot("/k bob", 0);

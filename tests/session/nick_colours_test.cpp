@@ -5,7 +5,7 @@
 #include <random>
 #include <string>
 
-#include "text/fault.h"
+#include "support/fault_of.h"
 #include "text/number.h"
 
 namespace parlorwire {
@@ -36,17 +36,6 @@ struct PlainText {
     return colour;
   }
 };
-
-// The number of the fault, or 0.
-template <class Call>
-int FaultOf(Call call) {
-  try {
-    call();
-  } catch (const Fault& fault) {
-    return fault.number;
-  }
-  return 0;
-}
 
 TEST(NickColours, KeepsAnyTextAsItIs) {
   for (const std::string_view text :

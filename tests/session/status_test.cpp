@@ -202,54 +202,5 @@ TEST_F(Status, ScrollsToTheBottomUnlessStopScrollIsOnAndTheViewIsNotAtTheEnd) {
   EXPECT_EQ(view.painted_changes, 0);
 }
 
-// ---- error.log ----
-
-struct ErrorLog : testing::Test {
-  Text& file() { return chat.platform.files.files["error.log"]; }
-  Chat chat;
-};
-
-TEST_F(ErrorLog, AFirstEntryCreatesTheFile) {
-  chat.platform.time.SetNow({2026, 1, 2, 3, 4, 5});
-  WriteErrorLog(chat.client, "Error 5");
-  EXPECT_EQ(file(), "[02.01.2026 3:04:05] Error 5\r\n");
-}
-
-TEST_F(ErrorLog, FurtherEntriesAreAppended) {
-  WriteErrorLog(chat.client, "a");
-  WriteErrorLog(chat.client, "b\r\nc");
-  EXPECT_EQ(file(), "[21.11.2026 12:00:00] a\r\n[21.11.2026 12:00:00] b\r\nc\r\n");
-}
-
-TEST_F(ErrorLog, AFileOf50999BytesIsAppendedToAndOneOf51000IsStartedAnew) {
-  file() = Text(50999, 'x');
-  WriteErrorLog(chat.client, "a");
-  EXPECT_EQ(file(), Text(50999, 'x') + "[21.11.2026 12:00:00] a\r\n");
-  file() = Text(51000, 'x');
-  WriteErrorLog(chat.client, "a");
-  EXPECT_EQ(file(), "[21.11.2026 12:00:00] a\r\n");
-}
-
-TEST_F(ErrorLog, ASizeThatCannotBeReadDoesNotEmptyTheFile) {
-  struct Sizeless : SimulatedFiles {
-    std::int64_t Size(const Text&) const override { throw Fault(fault::kPermissionDenied); }
-  };
-  Sizeless files;
-  files.files["error.log"] = "old\r\n";
-  Platform ports = chat.platform.Ports();
-  Client other({files, ports.clock, ports.random, ports.clipboard, ports.desktop, ports.NewWinsock,
-                ports.NewTimer});
-  WriteErrorLog(other, "a");
-  EXPECT_EQ(files.files["error.log"], "old\r\n[21.11.2026 12:00:00] a\r\n");
-}
-
-TEST_F(ErrorLog, AFailureOfTheFileLosesTheEntryAndNothingElse) {
-  chat.platform.files.write_fault = 61;
-  WriteErrorLog(chat.client, "a");
-  chat.platform.files.write_fault.reset();
-  WriteErrorLog(chat.client, "b");
-  EXPECT_EQ(file(), "[21.11.2026 12:00:00] b\r\n");
-}
-
 }  // namespace
 }  // namespace parlorwire

@@ -49,15 +49,9 @@ class Shared {
 struct OnDisk {
   explicit OnDisk(const std::filesystem::path& folder) : files(folder) {}
 
-  Platform Ports() {
-    Platform ports = rest.Ports();
-    return {files,         ports.clock,      ports.random,  ports.clipboard,
-            ports.desktop, ports.NewWinsock, ports.NewTimer};
-  }
-
   SimulatedPlatform rest;
   PosixFiles files;
-  Client client{Ports()};
+  Client client{rest.Ports(files)};
 };
 
 // The pieces of a day: of each line the time, the nick and the text.

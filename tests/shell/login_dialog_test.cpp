@@ -439,9 +439,9 @@ TEST_F(Login, ClosingHidesATabThatWasNeverUsed) {
 }
 
 TEST_F(Login, ClosingKeepsATabThatWasUsed) {
-  for (bool TabSession::* flag :
-       {&TabSession::IsChannelList, &TabSession::Connected, &TabSession::Connecting,
-        &TabSession::EverConnected, &TabSession::LoginShown}) {
+  for (bool TabSession::* flag : std::initializer_list<bool TabSession::*>{
+           &TabSession::IsChannelList, &TabSession::Connected, &TabSession::Connecting,
+           &TabSession::EverConnected, &TabSession::LoginShown}) {
     client.tab(0).Connecting = true;
     desktop.tabs[0].visible = desktop.tabs[5].visible = true;
     desktop.active_tab = 5;

@@ -133,15 +133,6 @@ TEST(ProxyPort, TakesDigitsAndBackspaceOnly) {
   }
 }
 
-TEST(ProxyPaste, KeepsTheFirstLine) {
-  EXPECT_EQ(FirstLine("one\r\ntwo"), "one");
-  EXPECT_EQ(FirstLine("one\ntwo"), "one");
-  EXPECT_EQ(FirstLine("one\rtwo"), "one");
-  EXPECT_EQ(FirstLine("one"), "one");
-  EXPECT_EQ(FirstLine("\r\ntwo"), "");
-  EXPECT_EQ(FirstLine(""), "");
-}
-
 TEST(ProxyFormTexts, StandInBothLanguages) {
   const std::vector<std::vector<Text>> expected = {
       {"window", "Дополнительные настройки подключения"_w, "Advanced connection settings"},

@@ -66,7 +66,7 @@ void SimulatedTimer::StartPeriod() {
 }
 
 void SimulatedTimer::Interval(int milliseconds) {
-  if (milliseconds < 0) throw Fault(380, "Invalid property value");
+  if (milliseconds < 0) throw Fault(fault::kInvalidProperty);
   interval_ = milliseconds;
   StartPeriod();
 }
@@ -250,12 +250,12 @@ bool SimulatedDesktop::AskYesNo(const Text& text, BoxIcon icon) {
 
 // ---- all of it ----
 
-Platform SimulatedPlatform::Ports() {
-  return {files,
+Platform SimulatedPlatform::Ports(Files& chosen_files, Desktop& chosen_desktop) {
+  return {chosen_files,
           time,
           random,
           clipboard,
-          desktop,
+          chosen_desktop,
           [] { return std::make_unique<SimulatedSocket>(); },
           [this] { return time.NewTimer(); }};
 }

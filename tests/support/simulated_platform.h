@@ -213,7 +213,13 @@ class SimulatedPlatform {
   SimulatedClipboard clipboard;
   SimulatedDesktop desktop;
 
-  Platform Ports();
+  Platform Ports() { return Ports(files, desktop); }
+  // The same with other files, and with other windows.
+  Platform Ports(Files& other_files) { return Ports(other_files, desktop); }
+  Platform Ports(Desktop& other_desktop) { return Ports(files, other_desktop); }
+
+ private:
+  Platform Ports(Files& chosen_files, Desktop& chosen_desktop);
 };
 
 // The socket behind a port of the simulated platform.

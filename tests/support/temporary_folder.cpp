@@ -12,8 +12,6 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "text/fault.h"
-
 namespace parlorwire {
 namespace {
 
@@ -109,15 +107,6 @@ void InChildThatIsKilled(int microseconds, const std::function<void()>& action) 
   waitpid(child, &status, 0);
   if (!WIFSIGNALED(status) || WTERMSIG(status) != SIGKILL)
     throw std::runtime_error("the child ended before it was killed");
-}
-
-int FaultOf(const std::function<void()>& action) {
-  try {
-    action();
-    return 0;
-  } catch (const Fault& fault) {
-    return fault.number;
-  }
 }
 
 }  // namespace parlorwire

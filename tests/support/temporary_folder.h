@@ -40,7 +40,4 @@ int InChildOnSmallDisk(const std::filesystem::path& mount_point, int bytes,
 // Lets a child run `action` over and over, and kills it after so many microseconds.
 void InChildThatIsKilled(int microseconds, const std::function<void()>& action);
 
-// The number of the Fault that `action` throws; 0 if it throws none.
-int FaultOf(const std::function<void()>& action);
-
 }  // namespace parlorwire

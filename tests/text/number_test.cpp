@@ -2,20 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "text/fault.h"
+#include "support/fault_of.h"
 
 namespace parlorwire {
 namespace {
-
-template <class Call>
-int FaultOf(Call call) {
-  try {
-    call();
-  } catch (const Fault& fault) {
-    return fault.number;
-  }
-  return 0;
-}
 
 TEST(Number, DecimalWithBlanksSignFractionAndExponent) {
   EXPECT_EQ(ToLong(" 42 "), 42);

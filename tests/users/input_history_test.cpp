@@ -4,19 +4,19 @@
 
 #include <ostream>
 
+#include "support/fault_of.h"
 #include "support/simulated_platform.h"
-#include "text/fault.h"
 
 namespace parlorwire {
 namespace {
 
 struct InputHistoryTest : testing::Test {
   void Send(const Text& text) {
-    InputHistoryStep(client, HistoryDirection::kNone, text, false, 0);
+    RememberInput(session, text);
     session.HistoryPos = 0;
   }
-  Text Up() { return InputHistoryStep(client, HistoryDirection::kUp, "", true, 0); }
-  Text Down() { return InputHistoryStep(client, HistoryDirection::kDown, "", true, 0); }
+  Text Up() { return InputHistoryStep(session, HistoryDirection::kUp); }
+  Text Down() { return InputHistoryStep(session, HistoryDirection::kDown); }
 
   SimulatedPlatform platform;
   Client client{platform.Ports()};
@@ -85,17 +85,12 @@ TEST_F(InputHistoryTest, IsEmptyAtFirst) {
 
 TEST_F(InputHistoryTest, TabsHaveHistoriesOfTheirOwn) {
   Send("a");
-  EXPECT_EQ(InputHistoryStep(client, HistoryDirection::kUp, "", true, 1), "");
+  EXPECT_EQ(InputHistoryStep(client.tab(1), HistoryDirection::kUp), "");
 }
 
 TEST_F(InputHistoryTest, APositionBehindTheLinesIsAFault) {
   session.HistoryPos = 3;
-  try {
-    Up();
-    FAIL();
-  } catch (const Fault& fault) {
-    EXPECT_EQ(fault.number, 9);
-  }
+  EXPECT_EQ(FaultOf([&] { Up(); }), 9);
 }
 
 TEST_F(InputHistoryTest, BrowsingFillsTheBox) {

@@ -24,7 +24,7 @@ struct PostingTest : testing::Test {
   }
   void Say(const Text& text) {
     desktop.at(0).msg = text;
-    button_say_MouseUp(client, 0, 1);
+    button_say_MouseUp(client, 0);
   }
   SimulatedSocket& socket() { return Simulated(session.Winsock2); }
   void Answer(const Text& answer) {
@@ -190,15 +190,6 @@ TEST_F(PostingTest, SendingEmptiesAndFocusesTheBoxAndLetsThePaneScroll) {
   EXPECT_EQ(desktop.focused_msg, 0);
   EXPECT_FALSE(desktop.at(0).stop_scroll);
   EXPECT_EQ(session.HistoryPos, 0);
-}
-
-TEST_F(PostingTest, OnlyTheLeftButtonSends) {
-  desktop.at(0).msg = "hi";
-  for (const int button : {0, 2, 4})
-    button_say_MouseUp(client, 0, button);
-  EXPECT_EQ(desktop.at(0).msg, "hi");
-  EXPECT_EQ(socket().connects, 0);
-  EXPECT_EQ(desktop.focused_msg, -1);
 }
 
 TEST_F(PostingTest, ASecondPostDropsAFirstThatHasNotConnected) {

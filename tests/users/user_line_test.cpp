@@ -4,7 +4,7 @@
 
 #include <ostream>
 
-#include "text/fault.h"
+#include "support/fault_of.h"
 
 namespace parlorwire {
 
@@ -69,12 +69,7 @@ void PrintTo(const Broken& broken, std::ostream* out) {
 class BrokenUserLineTest : public testing::TestWithParam<Broken> {};
 
 TEST_P(BrokenUserLineTest, IsAFault) {
-  try {
-    CutUserLine(GetParam().line, GetParam().form);
-    FAIL();
-  } catch (const Fault& fault) {
-    EXPECT_EQ(fault.number, 5);
-  }
+  EXPECT_EQ(FaultOf([] { CutUserLine(GetParam().line, GetParam().form); }), 5);
 }
 
 INSTANTIATE_TEST_SUITE_P(Forms, BrokenUserLineTest,
@@ -88,16 +83,6 @@ INSTANTIATE_TEST_SUITE_P(Forms, BrokenUserLineTest,
                                          Broken{"OlderBracketAheadOfTheColon", kB, "[+o]1:Nick"},
                                          Broken{"OlderNothing", kB, ""}),
                          [](const auto& test) { return std::string(test.param.name); });
-
-TEST(DecodeUserEntities, GoesKindByKindInItsOrder) {
-  EXPECT_EQ(DecodeUserEntities("&lt;&gt;&amp;&quot;&nbsp;"), "<>&\" ");
-  EXPECT_EQ(DecodeUserEntities("&LT;&Gt;&aMP;&QUOT;&NBSP;"), "<>&\" ");
-  EXPECT_EQ(DecodeUserEntities("a&amp;lt;b"), "a&lt;b");
-  EXPECT_EQ(DecodeUserEntities("&amp;gt;"), "&gt;");
-  EXPECT_EQ(DecodeUserEntities("&amp;quot;"), "\"");
-  EXPECT_EQ(DecodeUserEntities("&amp;nbsp;"), " ");
-  EXPECT_EQ(DecodeUserEntities("plain"), "plain");
-}
 
 }  // namespace
 }  // namespace parlorwire

@@ -13,7 +13,7 @@ QtTimer::QtTimer() {
 }
 
 void QtTimer::Interval(int milliseconds) {
-  if (milliseconds < 0) throw Fault(380, "Invalid property value");
+  if (milliseconds < 0) throw Fault(fault::kInvalidProperty);
   interval_ = milliseconds;
   if (enabled_) StartPeriod();
 }

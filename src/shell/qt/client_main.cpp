@@ -134,7 +134,7 @@ void client_main::WireLinks() {
 void client_main::WireTab(int slot) {
   const TabControls& tab = controls.tab(slot);
   tab.msg->Send = [this, slot] {
-    OnEvent(client_, "msg_KeyPress", [&] { button_say_MouseUp(client_, slot, 1); });
+    OnEvent(client_, "msg_KeyPress", [&] { button_say_MouseUp(client_, slot); });
   };
   tab.msg->Browse = [this, slot](bool up) {
     OnEvent(client_, "msg_KeyDown", [&] {
@@ -154,7 +154,7 @@ void client_main::WireTab(int slot) {
     }
   };
   connect(tab.button_say, &QAbstractButton::clicked, this, [this, slot] {
-    OnEvent(client_, "button_say", [&] { button_say_MouseUp(client_, slot, 1); });
+    OnEvent(client_, "button_say", [&] { button_say_MouseUp(client_, slot); });
   });
   connect(tab.button_clear, &QAbstractButton::clicked, this, [this, slot] {
     desktop_.SetMsgText(slot, "");

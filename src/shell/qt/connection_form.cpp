@@ -12,6 +12,7 @@
 #include <QWindow>
 
 #include "platform/qt/text_conversion.h"
+#include "session/client.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/first_line.h"
 #include "shell/qt/graphic_button.h"

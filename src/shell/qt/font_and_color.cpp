@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "platform/qt/text_conversion.h"
+#include "session/app_state.h"
 #include "shell/qt/control_names.h"
 
 namespace parlorwire {

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/text_conversion.h"
+#include "session/client.h"
 #include "session/proxy_dialog.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/text_field.h"

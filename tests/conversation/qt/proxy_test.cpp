@@ -122,7 +122,7 @@ class ProxyTest : public QObject {
     QVERIFY2(alice.Connect(), alice.Pane());
     QVERIFY(alice.Pane().contains("Подключение к прокси... Ok."));
     alice.desktop.SetMsgText(0, "сквозь прокси"_w);
-    button_say_MouseUp(alice.client, 0, 1);
+    button_say_MouseUp(alice.client, 0);
     QTRY_VERIFY2(alice.Pane().contains("] alice: сквозь прокси\r\n"), alice.Pane());
     QTRY_COMPARE(session.Rich_Server.Text(), "Сообщение отправлено"_w);
     UpdateUsersFrame(alice.client, 0);

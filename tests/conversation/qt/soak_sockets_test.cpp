@@ -161,7 +161,7 @@ class SoakSocketsTest : public QObject {
     for (int i = 0; i < kTabCount; ++i) {
       if (!talker.client.tab(i).Connected || said % 3 == i % 3) continue;
       talker.client.platform.desktop.SetMsgText(i, NumberedLine(++said));
-      button_say_MouseUp(talker.client, i, 1);
+      button_say_MouseUp(talker.client, i);
     }
   }
 

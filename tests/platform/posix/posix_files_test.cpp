@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/fault_of.h"
 #include "support/temporary_folder.h"
 
 namespace parlorwire {

@@ -32,16 +32,6 @@ struct Windows {
     if (!QTest::qWaitForWindowActive(window.get())) qFatal("the window is not active");
   }
 
-  Platform Ports() {
-    return {outside.files,
-            outside.time,
-            outside.random,
-            outside.clipboard,
-            desktop,
-            [] { return std::make_unique<SimulatedSocket>(); },
-            [this] { return outside.time.NewTimer(); }};
-  }
-
   // The control of that name, wherever it is; it must exist.
   template <class Control = QWidget>
   Control* Find(const char* name) {
@@ -60,7 +50,7 @@ struct Windows {
 
   SimulatedPlatform outside;
   QtDesktop desktop;
-  Client client{Ports()};
+  Client client{outside.Ports(desktop)};
   std::unique_ptr<client_main> window;
 };
 

@@ -1,6 +1,7 @@
-#include "display/nick_colours.h"
+#include "display/message_colours.h"
 
 #include "display/fonts.h"
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
 #include "text/fault.h"

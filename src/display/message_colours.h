@@ -3,9 +3,12 @@
 
 #include <string_view>
 
-#include "session/client.h"
+#include "pane/rich_text_box.h"
+#include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // The colour of a nick; a ":" at its end doesn't count. A nick without one is given a random
 // colour, whose green part is at least 100. The nick's entry moves to the front of `CmIniText`. A

@@ -1,4 +1,4 @@
-#include "display/nick_colours.h"
+#include "display/message_colours.h"
 
 #include <gtest/gtest.h>
 
