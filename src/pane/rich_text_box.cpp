@@ -301,8 +301,7 @@ void RichTextBox::ReplaceSel(std::string_view text) {
 void RichTextBox::ExSetSel(PanePosition min, PanePosition max) {
   Storage& s = *storage_;
   const PanePosition length = Length();
-  if (min < 0 && max >= 0) return s.Select(s.selection_end, s.selection_end);
-  if (min == max && (min < 0 || min > length)) return s.Select(length, length);
+  if (min < 0) min = max = max < 0 ? length : s.selection_end;
   if (max < 0) max = length;
   if (min > max) std::swap(min, max);
   s.Select(s.Clamped(min), s.Clamped(max));
