@@ -10,7 +10,7 @@ namespace {
 void FindChannel(Client& client, int tab, PanePosition at) {
   constexpr std::string_view kLabel = W<"Канал:">;
   RichTextBox& pane = client.tab(tab).Rich;
-  const RichTextBox::Line line = pane.LineByIndex(pane.LineAt(at));
+  const PaneLine line = pane.LineByIndex(pane.LineAt(at));
   const Text text = pane.TextBetween(line.start, line.start + line.length);
   if (!text.starts_with(Text(kLabel) + " ")) return;
   if (at < line.start + Len(kLabel) || at >= line.start + line.length) return;

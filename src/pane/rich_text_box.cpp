@@ -1,6 +1,7 @@
 #include "pane/rich_text_box.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "pane/formats.h"
@@ -23,7 +24,8 @@ void RefuseNegative(PanePosition value) {
 
 struct RichTextBox::Storage {
   PaneFormats formats;
-  PaneText text;
+  PaneWork work;
+  PaneText text{work};
 
   PanePosition selection_start = 0;
   PanePosition selection_end = 0;
@@ -389,7 +391,7 @@ std::int64_t RichTextBox::LineAt(PanePosition position) const {
   return storage_->text.LineAt(storage_->Clamped(position));
 }
 
-RichTextBox::Line RichTextBox::LineByIndex(std::int64_t index) const {
+PaneLine RichTextBox::LineByIndex(std::int64_t index) const {
   return storage_->text.Line(std::clamp<std::int64_t>(index, 0, LineCount() - 1));
 }
 
@@ -399,8 +401,8 @@ void RichTextBox::Attach(PaneView* view) {
 
 // ---- counted work and memory ----
 
-const RichTextBox::Counters& RichTextBox::counters() const {
-  return storage_->text.counters();
+const PaneWork& RichTextBox::work() const {
+  return storage_->work;
 }
 
 std::size_t RichTextBox::MemoryUsed() const {

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-#include "pane/rich_text_box.h"
+#include "pane/units.h"
 #include "platform/desktop.h"
 #include "session/nick_colours.h"
 #include "text/text.h"

@@ -1,5 +1,5 @@
 // A pane as a screen reader meets it.
-#include "pane/qt/accessible.h"
+#include "pane/qt/announcer.h"
 #include "pane/qt/shown_pane.h"
 #include "support/qt/qt_test.h"
 #include "text/text.h"
