@@ -20,10 +20,11 @@ void FindChannel(Client& client, int tab, PanePosition at) {
 
 }  // namespace
 
-void Rich_MouseDown(Client& client, int, PanePosition at, MouseButton button) {
+void Rich_MouseDown(Client& client, int tab, PanePosition at, MouseButton button) {
   if (at <= 0 || button != MouseButton::kLeft) return;
   client.app.MouseSelecting = true;
   client.app.MouseDownChar = at;
+  client.app.MouseDownTab = tab;
 }
 
 void Rich_MouseMove(Client& client, int tab, PanePosition at) {

@@ -146,6 +146,7 @@ struct AppState {
   // Under the mouse, whichever pane it is in.
   bool MouseSelecting = false;     // the left button went down on text in a pane
   PanePosition MouseDownChar = 0;  // where
+  int MouseDownTab = 0;            // in the pane of which tab
   Text HoverChannel;               // the name of the channel on a list of channels
 };
 
