@@ -6,8 +6,8 @@
 
 namespace parlorwire {
 
-// Selects [start, end) in a pane, 0-based, out of the user's sight unless he is selecting in that tab
-// with the mouse.
+// Selects [start, end) in a pane, 0-based, out of the user's sight unless he is selecting in that
+// tab with the mouse.
 void SelectPaneEnd(Client& client, PanePosition start, PanePosition end, int tab);  // Rich
 void SelectUsersPaneEnd(Client& client, PanePosition start, PanePosition end,
                         int tab);  // Rich_Users
