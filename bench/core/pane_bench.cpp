@@ -154,7 +154,7 @@ void BM_TintNickAnywhere(benchmark::State& state) {
   Anywhere anywhere(PanesOf(state.range(0)));
   for (auto _ : state) {
     const auto& [pane, position] = anywhere.Next();
-    const RichTextBox::Line line = pane->LineByIndex(pane->LineAt(position));
+    const PaneLine line = pane->LineByIndex(pane->LineAt(position));
     const std::string text = pane->TextBetween(line.start, line.start + line.length);
     const auto nick = line.start + static_cast<PanePosition>(text.find(' ') + 1);
     const auto nick_end = line.start + static_cast<PanePosition>(text.find(':', kTime.size()));
@@ -178,7 +178,7 @@ void BM_ReadLineAnywhere(benchmark::State& state) {
   Anywhere anywhere(PanesOf(state.range(0)));
   for (auto _ : state) {
     const auto& [pane, position] = anywhere.Next();
-    const RichTextBox::Line line = pane->LineByIndex(pane->LineAt(position));
+    const PaneLine line = pane->LineByIndex(pane->LineAt(position));
     benchmark::DoNotOptimize(pane->TextBetween(line.start, line.start + line.length));
     benchmark::DoNotOptimize(pane->RunsBetween(line.start, line.next));
   }
@@ -189,7 +189,7 @@ void BM_DeleteLineAnywhereAndAppendOne(benchmark::State& state) {
   Anywhere anywhere(PanesOf(state.range(0)));
   for (auto _ : state) {
     const auto& [pane, position] = anywhere.Next();
-    const RichTextBox::Line line = pane->LineByIndex(pane->LineAt(position));
+    const PaneLine line = pane->LineByIndex(pane->LineAt(position));
     pane->ExSetSel(line.start, line.next);
     pane->ReplaceSel("");
     AppendLine(*pane);

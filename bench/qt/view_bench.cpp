@@ -56,7 +56,7 @@ void AppendOneLine(benchmark::State& state) {
 // A thousand lines between two turns of the event loop, each with the pane's own scrolling rule.
 void AppendThousandLines(benchmark::State& state) {
   Shown& shown = ShownOf(static_cast<int>(state.range(0)));
-  const auto before = shown.view.counters();
+  const auto before = shown.view.work();
   for (auto _ : state) {
     for (int i = 0; i < 1000; ++i) {
       shown.box.SetRedraw(false);
@@ -68,7 +68,7 @@ void AppendThousandLines(benchmark::State& state) {
     }
     Shown::Paint();
   }
-  const auto after = shown.view.counters();
+  const auto after = shown.view.work();
   const auto turns = static_cast<double>(state.iterations());
   state.counters["paints"] = static_cast<double>(after.paints - before.paints) / turns;
   state.counters["laid_out"] = static_cast<double>(after.laid_out - before.laid_out) / turns;
@@ -141,8 +141,8 @@ void WordAndLineAtPosition(benchmark::State& state) {
   int step = 0;
   for (auto _ : state) {
     const PanePosition at = shown.box.Length() / 100 * (++step * 37 % 100);
-    benchmark::DoNotOptimize(RangeAround(shown.box, at, PaneGrain::kWord));
-    benchmark::DoNotOptimize(RangeAround(shown.box, at, PaneGrain::kLine));
+    benchmark::DoNotOptimize(RangeAround(shown.box, at, SelectionGrain::kWord));
+    benchmark::DoNotOptimize(RangeAround(shown.box, at, SelectionGrain::kLine));
   }
 }
 

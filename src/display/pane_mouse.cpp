@@ -11,7 +11,7 @@ namespace {
 void FindChannel(Client& client, int tab, PanePosition at) {
   constexpr std::string_view kLabel = W<"Канал:">;
   RichTextBox& pane = client.tab(tab).Rich;
-  const RichTextBox::Line line = pane.LineByIndex(pane.LineAt(at));
+  const PaneLine line = pane.LineByIndex(pane.LineAt(at));
   const Text text = pane.TextBetween(line.start, line.start + line.length);
   if (!text.starts_with(Text(kLabel) + " ")) return;
   if (at < line.start + Len(kLabel) || at >= line.start + line.length) return;
@@ -21,10 +21,11 @@ void FindChannel(Client& client, int tab, PanePosition at) {
 
 }  // namespace
 
-void Rich_MouseDown(Client& client, int, PanePosition at, MouseButton button) {
+void Rich_MouseDown(Client& client, int tab, PanePosition at, MouseButton button) {
   if (at <= 0 || button != MouseButton::kLeft) return;
   client.app.MouseSelecting = true;
   client.app.MouseDownChar = at;
+  client.app.MouseDownTab = tab;
 }
 
 void Rich_MouseMove(Client& client, int tab, PanePosition at) {

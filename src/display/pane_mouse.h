@@ -2,7 +2,7 @@
 // or of the end of its line.
 #pragma once
 
-#include "pane/rich_text_box.h"
+#include "pane/units.h"
 
 namespace parlorwire {
 

@@ -3,7 +3,8 @@
 
 #include <string_view>
 
-#include "pane/rich_text_box.h"
+#include "pane/runs.h"
+#include "pane/units.h"
 #include "session/writer_selection.h"
 #include "text/text.h"
 

@@ -20,6 +20,11 @@ std::uint16_t Offset(std::size_t offset) {
   return static_cast<std::uint16_t>(offset);
 }
 
+// What a block grows by when `length` characters come in the place of [begin, end).
+Difference Growth(std::size_t begin, std::size_t end, std::size_t length) {
+  return static_cast<Difference>(length) - static_cast<Difference>(end - begin);
+}
+
 // Appends a run that ends at `end`, or lengthens the last one if it looks the same.
 template <class Runs>
 void Push(Runs& runs, PaneLookId look, std::size_t end) {
@@ -115,13 +120,14 @@ void PaneBlock::ReserveText(std::size_t size) {
   if (sealed_ && size > text_.capacity()) text_.reserve(size + kSpareText);
 }
 
-std::size_t PaneBlock::ReplaceRuns(std::size_t first, std::size_t last,
-                                   std::span<const PaneBlockRun> fresh) {
+// Puts `fresh` in the place of the runs [first, last).
+void PaneBlock::SpliceRuns(std::size_t first, std::size_t last,
+                           std::span<const PaneBlockRun> fresh) {
   const std::size_t size = runs_.size() - (last - first) + fresh.size();
   if (sealed_ && size > runs_.capacity()) runs_.reserve(size + kSpareRuns);
   const std::size_t shifted = fresh.size() == last - first ? 0 : runs_.size() - last;
   Splice(runs_, first, last, fresh);
-  return (last - first) + fresh.size() + shifted;
+  work_->runs_moved += (last - first) + fresh.size() + shifted;
 }
 
 // The breaks that end at first_end to last_end. Whether a break ends somewhere depends on the
@@ -143,65 +149,72 @@ void PaneBlock::FindBreaks(std::size_t first_end, std::size_t last_end,
   }
 }
 
-std::size_t PaneBlock::Replace(std::size_t begin, std::size_t end, std::string_view text,
-                               PaneLookId look) {
-  const std::size_t old_size = size();
-  const std::size_t new_end = begin + text.size();
-  const auto growth = static_cast<Difference>(text.size()) - static_cast<Difference>(end - begin);
+void PaneBlock::Replace(std::size_t begin, std::size_t end, std::string_view text,
+                        PaneLookId look) {
+  ReplaceRuns(begin, end, text.size(), look);
+  ReplaceText(begin, end, text);
+  ReplaceBreaks(begin, end, text.size());
+}
 
-  // The runs, from the neighbour before to the neighbour behind, as either may become one with the
-  // new one.
-  std::size_t first = begin == old_size ? runs_.size() : RunAt(begin);
-  const std::size_t behind = end == old_size ? runs_.size() : RunAt(end);
+// Comes ahead of the text. All from the neighbour before to the neighbour behind is made anew, as
+// either may become one with the new run.
+void PaneBlock::ReplaceRuns(std::size_t begin, std::size_t end, std::size_t length,
+                            PaneLookId look) {
+  const auto growth = Growth(begin, end, length);
+  std::size_t first = begin == size() ? runs_.size() : RunAt(begin);
+  const std::size_t behind = end == size() ? runs_.size() : RunAt(end);
   const std::size_t first_start = first == 0 ? 0 : runs_[first - 1].end;
-  RunsAround fresh_runs;
-  if (first > 0) Push(fresh_runs, runs_[first - 1].look, first_start);
-  if (first_start < begin) Push(fresh_runs, runs_[first].look, begin);
-  if (!text.empty()) Push(fresh_runs, look, new_end);
+  RunsAround fresh;
+  if (first > 0) Push(fresh, runs_[first - 1].look, first_start);
+  if (first_start < begin) Push(fresh, runs_[first].look, begin);
+  if (length > 0) Push(fresh, look, begin + length);
   for (std::size_t i = behind; i < runs_.size(); ++i)
     runs_[i].end = Offset(static_cast<std::size_t>(runs_[i].end + growth));
-  if (behind < runs_.size()) Push(fresh_runs, runs_[behind].look, runs_[behind].end);
+  if (behind < runs_.size()) Push(fresh, runs_[behind].look, runs_[behind].end);
   if (first > 0) --first;
   const std::size_t last = std::min(behind + 1, runs_.size());
-  std::size_t moved = growth == 0 ? 0 : runs_.size() - last;
-  moved += ReplaceRuns(first, last, fresh_runs);
+  if (growth != 0) work_->runs_moved += runs_.size() - last;
+  SpliceRuns(first, last, fresh);
+}
 
-  // The text.
+void PaneBlock::ReplaceText(std::size_t begin, std::size_t end, std::string_view text) {
   const auto at = text_.begin() + static_cast<Difference>(begin);
   const std::size_t common = std::min(end - begin, text.size());
   std::copy_n(text.begin(), common, at);
-  if (growth < 0) {
+  if (common < end - begin) {
     text_.erase(at + static_cast<Difference>(common), text_.begin() + static_cast<Difference>(end));
-  } else if (growth > 0) {
-    ReserveText(old_size + static_cast<std::size_t>(growth));
+  } else if (common < text.size()) {
+    ReserveText(size() + text.size() - common);
     text_.insert(text_.begin() + static_cast<Difference>(begin + common),
                  text.begin() + static_cast<Difference>(common), text.end());
   }
+}
 
-  // The breaks: those that end from one before the new text to two behind it may be others now.
+// Comes behind the text. The breaks that end from one before the new text to two behind it may be
+// others now.
+void PaneBlock::ReplaceBreaks(std::size_t begin, std::size_t end, std::size_t length) {
+  const auto growth = Growth(begin, end, length);
   const std::size_t first_end = begin == 0 ? 0 : begin - 1;
-  const std::size_t first_break = first_end == 0 ? 0 : BreaksUpTo(first_end - 1);
-  const std::size_t last_break = BreaksUpTo(end + 2);
-  for (std::size_t i = last_break; i < breaks_.size(); ++i) {
+  const std::size_t last_end = std::min(begin + length + 2, size());
+  const std::size_t first = first_end == 0 ? 0 : BreaksUpTo(first_end - 1);
+  const std::size_t last = BreaksUpTo(end + 2);
+  for (std::size_t i = last; i < breaks_.size(); ++i) {
     const auto shifted = static_cast<Difference>(breaks_[i].end()) + growth;
     breaks_[i] = PaneBreak(static_cast<std::size_t>(shifted), breaks_[i].length());
   }
-  const std::size_t last_end = std::min(new_end + 2, size());
-  if (last_break == breaks_.size()) {
-    breaks_.erase(breaks_.begin() + static_cast<Difference>(first_break), breaks_.end());
+  if (last == breaks_.size()) {
+    breaks_.erase(breaks_.begin() + static_cast<Difference>(first), breaks_.end());
     FindBreaks(first_end, last_end, breaks_);
   } else {
-    std::vector<PaneBreak> fresh_breaks;
-    FindBreaks(first_end, last_end, fresh_breaks);
-    Splice<PaneBreak>(breaks_, first_break, last_break, fresh_breaks);
+    std::vector<PaneBreak> fresh;
+    FindBreaks(first_end, last_end, fresh);
+    Splice<PaneBreak>(breaks_, first, last, fresh);
   }
-  return moved;
 }
 
-// The same within one run, which is the usual case.
+// Format within one run, which is the usual case.
 bool PaneBlock::FormatInRun(std::size_t run, std::size_t begin, std::size_t end,
-                            const PaneLookChange& change, PaneFormats& formats,
-                            std::size_t& moved) {
+                            const PaneLookChange& change, PaneFormats& formats) {
   const PaneBlockRun old_run = runs_[run];
   const std::size_t start = run == 0 ? 0 : runs_[run - 1].end;
   const PaneLook& old_look = formats.Look(old_run.look);
@@ -214,16 +227,16 @@ bool PaneBlock::FormatInRun(std::size_t run, std::size_t begin, std::size_t end,
   Push(fresh, look, end);
   if (end < old_run.end) Push(fresh, old_run.look, old_run.end);
   if (run + 1 < runs_.size()) Push(fresh, runs_[run + 1].look, runs_[run + 1].end);
-  moved += ReplaceRuns(run == 0 ? 0 : run - 1, std::min(run + 2, runs_.size()), fresh);
+  SpliceRuns(run == 0 ? 0 : run - 1, std::min(run + 2, runs_.size()), fresh);
   return true;
 }
 
 bool PaneBlock::Format(std::size_t begin, std::size_t end, const PaneLookChange& change,
-                       PaneFormats& formats, std::size_t& moved) {
+                       PaneFormats& formats) {
   std::size_t first = RunAt(begin);
   std::size_t last = first;  // the run that holds the last character
   const std::size_t first_start = first == 0 ? 0 : runs_[first - 1].end;
-  if (runs_[first].end >= end) return FormatInRun(first, begin, end, change, formats, moved);
+  if (runs_[first].end >= end) return FormatInRun(first, begin, end, change, formats);
   std::vector<PaneBlockRun> fresh;
   if (first > 0) Push(fresh, runs_[first - 1].look, first_start);
   if (first_start < begin) Push(fresh, runs_[first].look, begin);
@@ -242,12 +255,12 @@ bool PaneBlock::Format(std::size_t begin, std::size_t end, const PaneLookChange&
     Push(fresh, runs_[last].look, runs_[last].end);
   }
   if (first > 0) --first;
-  moved += ReplaceRuns(first, last + 1, fresh);
+  SpliceRuns(first, last + 1, fresh);
   return true;
 }
 
-std::size_t PaneBlock::Append(const PaneBlock& other, std::size_t begin, std::size_t end) {
-  if (begin == end) return 0;
+void PaneBlock::Append(const PaneBlock& other, std::size_t begin, std::size_t end) {
+  if (begin == end) return;
   const std::size_t old_size = size();
   const std::string_view text = other.text().substr(begin, end - begin);
   text_.insert(text_.end(), text.begin(), text.end());
@@ -262,7 +275,7 @@ std::size_t PaneBlock::Append(const PaneBlock& other, std::size_t begin, std::si
   while (!breaks_.empty() && breaks_.back().end() >= first_end)
     breaks_.pop_back();
   FindBreaks(first_end, size(), breaks_);
-  return run + 1 - first_run;
+  work_->runs_moved += run + 1 - first_run;
 }
 
 void PaneBlock::Clear() {

@@ -9,8 +9,13 @@
 #include <vector>
 
 #include "pane/formats.h"
+#include "pane/work.h"
 
 namespace parlorwire {
+
+// The most characters that a block may be filled up to: offsets in it are packed. What lies between
+// this and what the packing can hold is for line breaks that come into a full block whole.
+inline constexpr std::size_t kLargestBlock = 16'000;
 
 // The characters from the end of the run before up to `end` have one look. A picture is a run of
 // its own, of one character; no other run has the look of its neighbour.
@@ -30,9 +35,13 @@ class PaneBreak {
  private:
   std::uint16_t bits_;
 };
+static_assert(kLargestBlock < 1U << 14U);
 
 class PaneBlock {
  public:
+  // Its work is counted in `work`, which must outlive it.
+  explicit PaneBlock(PaneWork& work) : work_(&work) {}
+
   std::size_t size() const { return text_.size(); }
   std::string_view text() const { return {text_.data(), text_.size()}; }
   const std::vector<PaneBlockRun>& runs() const { return runs_; }
@@ -47,17 +56,16 @@ class PaneBlock {
   bool IsBreakEnd(std::size_t offset) const;
 
   // Puts `text` of one look in the place of the characters in [begin, end). A picture is one blank
-  // of a look with a picture. Returns how many runs were put in, taken out or shifted.
-  std::size_t Replace(std::size_t begin, std::size_t end, std::string_view text, PaneLookId look);
+  // of a look with a picture.
+  void Replace(std::size_t begin, std::size_t end, std::string_view text, PaneLookId look);
 
-  // Changes the look of the characters in [begin, end), which is not empty. `moved` grows as above.
-  // Returns whether any look has changed.
+  // Changes the look of the characters in [begin, end), which is not empty. Returns whether any
+  // look has changed.
   bool Format(std::size_t begin, std::size_t end, const PaneLookChange& change,
-              PaneFormats& formats, std::size_t& moved);
+              PaneFormats& formats);
 
-  // Appends the characters [begin, end) of another block with their looks. Returns how many runs
-  // they were.
-  std::size_t Append(const PaneBlock& other, std::size_t begin, std::size_t end);
+  // Appends the characters [begin, end) of another block with their looks.
+  void Append(const PaneBlock& other, std::size_t begin, std::size_t end);
 
   // Drops everything and keeps the memory.
   void Clear();
@@ -70,11 +78,15 @@ class PaneBlock {
 
  private:
   void ReserveText(std::size_t size);
-  std::size_t ReplaceRuns(std::size_t first, std::size_t last, std::span<const PaneBlockRun> fresh);
+  void ReplaceText(std::size_t begin, std::size_t end, std::string_view text);
+  void ReplaceRuns(std::size_t begin, std::size_t end, std::size_t length, PaneLookId look);
+  void SpliceRuns(std::size_t first, std::size_t last, std::span<const PaneBlockRun> fresh);
+  void ReplaceBreaks(std::size_t begin, std::size_t end, std::size_t length);
   bool FormatInRun(std::size_t run, std::size_t begin, std::size_t end,
-                   const PaneLookChange& change, PaneFormats& formats, std::size_t& moved);
+                   const PaneLookChange& change, PaneFormats& formats);
   void FindBreaks(std::size_t first_end, std::size_t last_end, std::vector<PaneBreak>& found) const;
 
+  PaneWork* work_;
   std::vector<char> text_;
   std::vector<PaneBlockRun> runs_;
   std::vector<PaneBreak> breaks_;

@@ -1,6 +1,7 @@
 #include "pane/block_list.h"
 
 #include <algorithm>
+#include <cassert>
 #include <iterator>
 #include <utility>
 
@@ -25,8 +26,12 @@ std::size_t FirstAbove(const std::vector<Totals>& all, Value value, Member membe
 
 }  // namespace
 
-PaneBlockList::PaneBlockList(PaneBlockSizes sizes) : sizes_(sizes), groups_(1), groups_totals_(1) {
-  groups_[0].blocks.push_back(std::make_unique<PaneBlock>());
+PaneBlockList::PaneBlockList(PaneBlockSizes sizes, PaneWork& work)
+    : sizes_(sizes), groups_(1), groups_totals_(1) {
+  assert(sizes.target >= 4 && sizes.target <= sizes.limit);
+  assert(sizes.limit <= kLargestBlock);
+  assert(sizes.group >= 2);
+  groups_[0].blocks.push_back(std::make_unique<PaneBlock>(work));
   groups_[0].totals.emplace_back();
   FindLast();
 }

@@ -16,12 +16,14 @@
 #include <vector>
 
 #include "pane/block.h"
+#include "pane/units.h"
+#include "pane/work.h"
 
 namespace parlorwire {
 
 // How large blocks get, in characters, and groups, in blocks. A block is filled up to the target by
 // writing at its end, and up to the limit by writing inside. The target is at least 4, the limit
-// not below it and not above 16,000, a group at least 2.
+// not below it and not above kLargestBlock, a group at least 2.
 struct PaneBlockSizes {
   std::size_t target = 2048;
   std::size_t limit = 4096;
@@ -39,8 +41,8 @@ struct PaneBlockPlace {
 
 class PaneBlockList {
  public:
-  // There is always a block; the new list has an empty one.
-  explicit PaneBlockList(PaneBlockSizes sizes);
+  // There is always a block; the new list has an empty one, which counts its work in `work`.
+  PaneBlockList(PaneBlockSizes sizes, PaneWork& work);
 
   const PaneBlockSizes& sizes() const { return sizes_; }
 

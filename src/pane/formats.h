@@ -10,7 +10,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "pane/rich_text_box.h"
+#include "pane/runs.h"
+#include "pane/units.h"
 
 namespace parlorwire {
 

@@ -1,6 +1,7 @@
 #include "pane/rich_text_box.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "pane/formats.h"
@@ -23,7 +24,8 @@ void RefuseNegative(PanePosition value) {
 
 struct RichTextBox::Storage {
   PaneFormats formats;
-  PaneText text;
+  PaneWork work;
+  PaneText text{work};
 
   PanePosition selection_start = 0;
   PanePosition selection_end = 0;
@@ -301,8 +303,7 @@ void RichTextBox::ReplaceSel(std::string_view text) {
 void RichTextBox::ExSetSel(PanePosition min, PanePosition max) {
   Storage& s = *storage_;
   const PanePosition length = Length();
-  if (min < 0 && max >= 0) return s.Select(s.selection_end, s.selection_end);
-  if (min == max && (min < 0 || min > length)) return s.Select(length, length);
+  if (min < 0) min = max = max < 0 ? length : s.selection_end;
   if (max < 0) max = length;
   if (min > max) std::swap(min, max);
   s.Select(s.Clamped(min), s.Clamped(max));
@@ -390,7 +391,7 @@ std::int64_t RichTextBox::LineAt(PanePosition position) const {
   return storage_->text.LineAt(storage_->Clamped(position));
 }
 
-RichTextBox::Line RichTextBox::LineByIndex(std::int64_t index) const {
+PaneLine RichTextBox::LineByIndex(std::int64_t index) const {
   return storage_->text.Line(std::clamp<std::int64_t>(index, 0, LineCount() - 1));
 }
 
@@ -400,8 +401,8 @@ void RichTextBox::Attach(PaneView* view) {
 
 // ---- counted work and memory ----
 
-const RichTextBox::Counters& RichTextBox::counters() const {
-  return storage_->text.counters();
+const PaneWork& RichTextBox::work() const {
+  return storage_->work;
 }
 
 std::size_t RichTextBox::MemoryUsed() const {

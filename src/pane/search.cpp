@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "pane/rich_text_box.h"
 #include "text/letter_case.h"
 
 namespace parlorwire {

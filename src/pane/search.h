@@ -4,9 +4,11 @@
 #include <optional>
 #include <string_view>
 
-#include "pane/rich_text_box.h"
+#include "pane/units.h"
 
 namespace parlorwire {
+
+class RichTextBox;
 
 enum class LetterCase { kCounts, kIgnored };
 

@@ -14,7 +14,7 @@ constexpr char kLf = '\n';
 }  // namespace
 
 PaneBlockPlace PaneText::Touch(PaneBlockPlace place) const {
-  ++counters_.blocks_touched;
+  ++work_.blocks_touched;
   return place;
 }
 
@@ -44,30 +44,30 @@ bool PaneText::PartsCrLf(PanePosition position) const {
   return offset > 0 && text[offset] == kLf && text[offset - 1] == kCr;
 }
 
-RichTextBox::Line PaneText::Line(std::int64_t index) const {
-  RichTextBox::Line line;
-  const auto end_of = [this](const PaneBlockPlace& place, std::int64_t number) {
+PaneLine PaneText::Line(std::int64_t index) const {
+  // Where the break of that number, which lies in that block, ends, and its length.
+  const auto break_in = [this](const PaneBlockPlace& place, std::int64_t number) {
     const auto in_block = static_cast<std::size_t>(number - blocks_.FirstBreak(place));
     const PaneBreak& found = place.block->breaks()[in_block];
     return std::pair(blocks_.Start(place) + static_cast<PanePosition>(found.end()),
                      static_cast<PanePosition>(found.length()));
   };
+  PanePosition start = 0;
+  PanePosition end = Length();
+  PanePosition next = end;
   PaneBlockPlace place;
   if (index < blocks_.Breaks()) {
     place = Touch(blocks_.HoldingBreak(index));
-    const auto [end, length] = end_of(place, index);
-    line.next = end;
-    line.length = end - length;  // for now its end
-  } else {
-    line.next = line.length = Length();
+    const auto [behind, length] = break_in(place, index);
+    next = behind;
+    end = behind - length;
   }
   if (index > 0) {
     if (place.block == nullptr || index - 1 < blocks_.FirstBreak(place))
       place = Touch(blocks_.HoldingBreak(index - 1));
-    line.start = end_of(place, index - 1).first;
+    start = break_in(place, index - 1).first;
   }
-  line.length -= line.start;
-  return line;
+  return {start, end - start, next};
 }
 
 PaneLookId PaneText::LookAt(PanePosition position) const {
@@ -117,7 +117,7 @@ std::vector<PaneStretch> PaneText::Looks(PanePosition start, PanePosition end) c
 
 void PaneText::ReplaceIn(const PaneBlockPlace& place, std::size_t begin, std::size_t end,
                          std::string_view text, PaneLookId look) {
-  counters_.runs_moved += place.block->Replace(begin, end, text, look);
+  place.block->Replace(begin, end, text, look);
   blocks_.Update(place);
 }
 
@@ -183,7 +183,7 @@ void PaneText::Remove(PanePosition start, PanePosition end) {
 // A new block behind `place`. If that one was the last, it is written at its end no more, and the
 // new one takes over its memory.
 PaneBlockPlace PaneText::AddBlock(PaneBlockPlace& place) {
-  auto fresh = std::make_unique<PaneBlock>();
+  auto fresh = std::make_unique<PaneBlock>(work_);
   if (blocks_.IsLast(place)) {
     *fresh = std::move(*place.block);
     *place.block = PaneBlock(*fresh);
@@ -208,7 +208,7 @@ void PaneText::Insert(PanePosition position, std::string_view text, PaneLookId l
     const PaneBlock whole = *place.block;
     PaneBlockPlace behind = AddBlock(place);
     ReplaceIn(place, begin, whole.size(), {}, 0);
-    counters_.runs_moved += behind.block->Append(whole, begin, whole.size());
+    behind.block->Append(whole, begin, whole.size());
     blocks_.Update(behind);
     place = blocks_.Previous(behind);
   }
@@ -244,7 +244,7 @@ void PaneText::MendBorder(const PaneBlockPlace& place) {
   const std::string_view text = next.block->text();
   const std::size_t moving = text.starts_with("\n") ? 1 : text.starts_with("\r\n") ? 2 : 0;
   if (moving == 0) return;
-  counters_.runs_moved += place.block->Append(*next.block, 0, moving);
+  place.block->Append(*next.block, 0, moving);
   blocks_.Update(place);
   ReplaceIn(next, 0, moving, {}, 0);
   if (next.block->size() == 0 && !blocks_.IsLast(next)) blocks_.Erase(next);
@@ -257,7 +257,7 @@ void PaneText::JoinSmall(const PaneBlockPlace& place) {
   const PaneBlockPlace next = Touch(blocks_.Next(place));
   if (blocks_.IsLast(next) || place.block->size() + next.block->size() > blocks_.sizes().target)
     return;
-  counters_.runs_moved += place.block->Append(*next.block, 0, next.block->size());
+  place.block->Append(*next.block, 0, next.block->size());
   place.block->Compact();
   blocks_.Erase(next);
   blocks_.Update(place);
@@ -272,9 +272,7 @@ bool PaneText::Format(PanePosition start, PanePosition end, const PaneLookChange
     const std::size_t begin = OffsetIn(place, at);
     const std::size_t stop =
         std::min(place.block->size(), begin + static_cast<std::size_t>(end - at));
-    std::size_t moved = 0;
-    if (stop > begin) changed = place.block->Format(begin, stop, change, formats, moved) || changed;
-    counters_.runs_moved += moved;
+    if (stop > begin) changed = place.block->Format(begin, stop, change, formats) || changed;
     if (!blocks_.IsLast(place)) place.block->Compact();
     at += static_cast<PanePosition>(stop - begin);
     if (at == end) return changed;
@@ -283,7 +281,7 @@ bool PaneText::Format(PanePosition start, PanePosition end, const PaneLookChange
 }
 
 void PaneText::Clear() {
-  blocks_ = PaneBlockList(blocks_.sizes());
+  blocks_ = PaneBlockList(blocks_.sizes(), work_);
 }
 
 }  // namespace parlorwire

@@ -13,13 +13,17 @@
 
 #include "pane/block_list.h"
 #include "pane/formats.h"
-#include "pane/rich_text_box.h"
+#include "pane/runs.h"
+#include "pane/units.h"
+#include "pane/work.h"
 
 namespace parlorwire {
 
 class PaneText {
  public:
-  explicit PaneText(PaneBlockSizes sizes = {}) : blocks_(sizes) {}
+  // Its work is counted in `work`, which must outlive it.
+  explicit PaneText(PaneWork& work, PaneBlockSizes sizes = {})
+      : work_(work), blocks_(sizes, work) {}
 
   PanePosition Length() const { return blocks_.Length(); }
   std::int64_t LineCount() const { return blocks_.Breaks() + 1; }
@@ -30,7 +34,7 @@ class PaneText {
   // Whether it lies between CR and LF.
   bool PartsCrLf(PanePosition position) const;
   // 0 <= index < LineCount().
-  RichTextBox::Line Line(std::int64_t index) const;
+  PaneLine Line(std::int64_t index) const;
 
   // The look of the character behind `position`, which is below Length().
   PaneLookId LookAt(PanePosition position) const;
@@ -46,7 +50,6 @@ class PaneText {
               PaneFormats& formats);
   void Clear();
 
-  const RichTextBox::Counters& counters() const { return counters_; }
   std::size_t MemoryUsed() const { return blocks_.MemoryUsed(); }
 
  private:
@@ -61,8 +64,8 @@ class PaneText {
   void MendBorder(const PaneBlockPlace& place);
   void JoinSmall(const PaneBlockPlace& place);
 
+  PaneWork& work_;
   PaneBlockList blocks_;
-  mutable RichTextBox::Counters counters_;
 };
 
 }  // namespace parlorwire

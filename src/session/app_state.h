@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-#include "pane/rich_text_box.h"
+#include "pane/units.h"
 #include "platform/desktop.h"
 #include "session/nick_colours.h"
 #include "text/text.h"
@@ -145,6 +145,7 @@ struct AppState {
   // Under the mouse, whichever pane it is in.
   bool MouseSelecting = false;     // the left button went down on text in a pane
   PanePosition MouseDownChar = 0;  // where
+  int MouseDownTab = 0;            // in the pane of which tab
   Text HoverChannel;               // the name of the channel on a list of channels
 };
 

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string_view>
 
-#include "pane/rich_text_box.h"
+#include "pane/units.h"
 #include "text/text.h"
 
 namespace parlorwire {

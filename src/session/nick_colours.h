@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "pane/rich_text_box.h"
+#include "pane/units.h"
 #include "text/cut.h"
 #include "text/text.h"
 

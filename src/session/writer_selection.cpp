@@ -5,19 +5,22 @@
 namespace parlorwire {
 namespace {
 
-void SelectHidden(const Client& client, RichTextBox& pane, PanePosition start, PanePosition end) {
-  if (!client.app.MouseSelecting) pane.HideSelection(true);
+// The reader who selects in a tab keeps sight of it there; what he selected in others stays his.
+void SelectUnseen(const AppState& app, RichTextBox& pane, PanePosition start, PanePosition end,
+                  int tab) {
+  const bool selecting = app.MouseSelecting && app.MouseDownTab == tab;
+  if (!selecting) pane.HideSelection(true);
   pane.ExSetSel(start, end);
 }
 
 }  // namespace
 
 void SelectPaneEnd(Client& client, PanePosition start, PanePosition end, int tab) {
-  SelectHidden(client, client.tab(tab).Rich, start, end);
+  SelectUnseen(client.app, client.tab(tab).Rich, start, end, tab);
 }
 
 void SelectUsersPaneEnd(Client& client, PanePosition start, PanePosition end, int tab) {
-  SelectHidden(client, client.tab(tab).Rich_Users, start, end);
+  SelectUnseen(client.app, client.tab(tab).Rich_Users, start, end, tab);
 }
 
 }  // namespace parlorwire

@@ -8,7 +8,7 @@ namespace parlorwire {
 struct Client;
 
 // Selects [start, end) anywhere in a pane, 0-based, out of the user's sight unless he is selecting
-// with the mouse. The end is only where most callers write.
+// in that tab with the mouse. The end is only where most callers write.
 void SelectPaneEnd(Client& client, PanePosition start, PanePosition end, int tab);  // Rich
 void SelectUsersPaneEnd(Client& client, PanePosition start, PanePosition end,
                         int tab);  // Rich_Users

@@ -90,28 +90,5 @@ TEST_F(FramedNoticeTest, YieldsOnceBetweenTheBarsStateAndTheScroll) {
   }
 }
 
-TEST(SelectPaneEnd, HidesTheSelectionButNotFromAUserWhoSelects) {
-  SimulatedPlatform platform;
-  Client client{platform.Ports()};
-  for (RichTextBox* pane : {&client.tab(0).Rich, &client.tab(0).Rich_Users}) {
-    const auto select = [&](PanePosition start, PanePosition end) {
-      if (pane == &client.tab(0).Rich)
-        SelectPaneEnd(client, start, end, 0);
-      else
-        SelectUsersPaneEnd(client, start, end, 0);
-    };
-    pane->Text("0123456789");
-    pane->HideSelection(false);
-    client.app.MouseSelecting = true;
-    select(2, 5);
-    EXPECT_FALSE(pane->HideSelection());
-    EXPECT_EQ(pane->SelText(), "234");
-    client.app.MouseSelecting = false;
-    select(8, 100);
-    EXPECT_TRUE(pane->HideSelection());
-    EXPECT_EQ(pane->SelText(), "89");
-  }
-}
-
 }  // namespace
 }  // namespace parlorwire

@@ -70,6 +70,12 @@ TEST_F(PaneMouse, WhileTheUserSelectsNothingIsHit) {
   EXPECT_EQ(chat.Winsock1().connects, 0);
 }
 
+TEST_F(PaneMouse, APressIsKnownByItsTab) {
+  Rich_MouseDown(chat.client, 3, 5, MouseButton::kLeft);
+  EXPECT_TRUE(chat.client.app.MouseSelecting);
+  EXPECT_EQ(chat.client.app.MouseDownTab, 3);
+}
+
 TEST_F(PaneMouse, AtTheVeryStartNoSelectingBegins) {
   Rich_MouseDown(chat.client, 0, 0, MouseButton::kLeft);
   EXPECT_FALSE(chat.client.app.MouseSelecting);

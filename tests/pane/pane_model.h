@@ -180,7 +180,7 @@ struct PaneMirror : PaneView {
   void Read(std::int64_t first, std::int64_t count) {
     std::vector<Line> fresh;
     for (std::int64_t i = first; i < first + count; ++i) {
-      const RichTextBox::Line line = box.LineByIndex(i);
+      const PaneLine line = box.LineByIndex(i);
       fresh.push_back(
           {box.TextBetween(line.start, line.next), box.RunsBetween(line.start, line.next)});
       for (PaneRun& run : fresh.back().runs)

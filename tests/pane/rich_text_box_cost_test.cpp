@@ -35,7 +35,7 @@ struct Operation {
   void (*run)(RichTextBox& pane, std::int64_t step);
 };
 
-RichTextBox::Line LineSomewhere(const RichTextBox& pane, std::int64_t step) {
+PaneLine LineSomewhere(const RichTextBox& pane, std::int64_t step) {
   return pane.LineByIndex((step * 7919 + 13) % (pane.LineCount() - 1));
 }
 
@@ -43,11 +43,11 @@ constexpr std::int64_t kSteps = 200;
 
 // Blocks touched and runs moved by the steps.
 std::pair<std::uint64_t, std::uint64_t> CostOf(RichTextBox& pane, const Operation& operation) {
-  const RichTextBox::Counters before = pane.counters();
+  const PaneWork before = pane.work();
   for (std::int64_t step = 0; step < kSteps; ++step)
     operation.run(pane, step);
-  return {pane.counters().blocks_touched - before.blocks_touched,
-          pane.counters().runs_moved - before.runs_moved};
+  return {pane.work().blocks_touched - before.blocks_touched,
+          pane.work().runs_moved - before.runs_moved};
 }
 
 const Operation kOperations[] = {
@@ -74,19 +74,19 @@ const Operation kOperations[] = {
     {"FindingTheLineOfAPosition",
      [](RichTextBox& pane, std::int64_t step) {
        const PanePosition position = (step * 1'000'003) % pane.Length();
-       const RichTextBox::Line line = pane.LineByIndex(pane.LineAt(position));
+       const PaneLine line = pane.LineByIndex(pane.LineAt(position));
        ASSERT_LE(line.start, position);
        ASSERT_GT(line.next, position);
      }},
     {"ReadingALine",
      [](RichTextBox& pane, std::int64_t step) {
-       const RichTextBox::Line line = LineSomewhere(pane, step);
+       const PaneLine line = LineSomewhere(pane, step);
        ASSERT_GE(pane.TextBetween(line.start, line.next).size(), 88U);
        ASSERT_GE(pane.RunsBetween(line.start, line.next).size(), 4U);
      }},
     {"DeletingALineInTheMiddle",
      [](RichTextBox& pane, std::int64_t step) {
-       const RichTextBox::Line line = LineSomewhere(pane, step);
+       const PaneLine line = LineSomewhere(pane, step);
        pane.ExSetSel(line.start, line.next);
        pane.ReplaceSel("");
      }},
@@ -148,7 +148,7 @@ TEST(RichTextBoxMemory, StaysSoWhileNicksAreTintedEverywhere) {
 TEST(RichTextBoxMemory, IsGivenBackAsLinesGo) {
   const auto pane = PaneOf(10'000);
   for (int i = 0; i < 9'000; ++i) {
-    const RichTextBox::Line line = pane->LineByIndex(500);
+    const PaneLine line = pane->LineByIndex(500);
     pane->ExSetSel(line.start, line.next);
     pane->ReplaceSel("");
   }
@@ -159,7 +159,7 @@ TEST(RichTextBoxMemory, IsGivenBackAsLinesGo) {
 TEST(RichTextBoxMemory, IsGivenBackByEverySecondLineThatGoes) {
   const auto pane = PaneOf(10'000);
   for (std::int64_t i = 0; i < 5'000; ++i) {
-    const RichTextBox::Line line = pane->LineByIndex(i);
+    const PaneLine line = pane->LineByIndex(i);
     pane->ExSetSel(line.start, line.next);
     pane->ReplaceSel("");
   }
@@ -197,10 +197,10 @@ TEST(RichTextBoxLongLine, OfAMegabyteIsWrittenFoundAndCut) {
   EXPECT_EQ(pane.LineByIndex(2).start, 1'000'010);
   EXPECT_EQ(pane.RunsBetween(8, 1'000'008).size(), 1U);
 
-  const std::uint64_t touched = pane.counters().blocks_touched;
+  const std::uint64_t touched = pane.work().blocks_touched;
   pane.ExSetSel(500'000, 500'000);
   pane.ReplaceSel("\r\n");
-  EXPECT_LE(pane.counters().blocks_touched - touched, 30U);
+  EXPECT_LE(pane.work().blocks_touched - touched, 30U);
   EXPECT_EQ(pane.LineCount(), 4);
   EXPECT_EQ(pane.LineByIndex(1).length, 499'992);
   EXPECT_EQ(pane.LineByIndex(2).start, 500'002);

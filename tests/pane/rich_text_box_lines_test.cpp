@@ -21,7 +21,7 @@ class RichTextBoxLines : public testing::TestWithParam<LinesRow> {};
 void ExpectLines(const RichTextBox& pane, const Starts& starts, const Lengths& lengths) {
   ASSERT_EQ(pane.LineCount(), static_cast<std::int64_t>(starts.size()));
   for (std::size_t i = 0; i < starts.size(); ++i) {
-    const RichTextBox::Line line = pane.LineByIndex(static_cast<std::int64_t>(i));
+    const PaneLine line = pane.LineByIndex(static_cast<std::int64_t>(i));
     EXPECT_EQ(line.start, starts[i]);
     EXPECT_EQ(line.length, lengths[i]);
     EXPECT_EQ(line.next, i + 1 < starts.size() ? starts[i + 1] : pane.Length());

@@ -65,7 +65,7 @@ class Editor {
     ASSERT_EQ(box_.LineCount(), static_cast<std::int64_t>(starts.size()));
     for (std::size_t i = 0; i < starts.size(); ++i) {
       const auto index = static_cast<std::int64_t>(i);
-      const RichTextBox::Line line = box_.LineByIndex(index);
+      const PaneLine line = box_.LineByIndex(index);
       ASSERT_EQ(line.start, starts[i]);
       ASSERT_EQ(line.next, i + 1 < starts.size() ? starts[i + 1] : model_.Length());
       const std::string_view content = std::string_view(text).substr(

@@ -82,6 +82,8 @@ INSTANTIATE_TEST_SUITE_P(Rules, RichTextBoxExSetSel,
                              {"NothingAtTheOldEndForANegativeMinAndZero", "abcdef", -5, 0, {2, 2}},
                              {"TheEndForEqualNegatives", "abcdef", -1, -1, {6, 6}},
                              {"TheEndForOtherEqualNegatives", "abcdef", -9, -9, {6, 6}},
+                             {"TheEndForALesserAndAGreaterNegative", "abcdef", -7, -1, {6, 6}},
+                             {"TheEndForAGreaterAndALesserNegative", "abcdef", -1, -7, {6, 6}},
                              {"TheEndForEqualsBeyondTheEnd", "abcdef", 9, 9, {6, 6}},
                              {"ToTheEndForANegativeMax", "abcdef", 4, -1, {4, 6}},
                              {"ToTheEndForAnyNegativeMax", "abcdef", 4, -3, {4, 6}},
@@ -202,13 +204,14 @@ TEST(RichTextBoxTextBetween, IsClamped) {
   EXPECT_EQ(pane->TextBetween(99, 120), "");
 }
 
-TEST(RichTextBoxLocked, StopsTheUserAndNotTheModel) {
+TEST(RichTextBoxLocked, IsKeptAndIsNoLockForTheProgram) {
   RichTextBox pane;
   EXPECT_TRUE(pane.Locked());
-  pane.ReplaceSel("written");
-  EXPECT_EQ(pane.Text(), "written");
+  pane.ReplaceSel("locked, ");
   pane.Locked(false);
   EXPECT_FALSE(pane.Locked());
+  pane.ReplaceSel("unlocked");
+  EXPECT_EQ(pane.Text(), "locked, unlocked");
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <random>
 #include <string>
 
+#include "pane/rich_text_box.h"
+
 namespace parlorwire {
 namespace {
 

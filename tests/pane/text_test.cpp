@@ -68,7 +68,7 @@ class PaneTextRandom : public testing::TestWithParam<Sizes> {
     const auto starts = LineStarts(plain_);
     ASSERT_EQ(text_.LineCount(), std::ssize(starts));
     for (std::size_t i = 0; i < starts.size(); ++i) {
-      const RichTextBox::Line line = text_.Line(static_cast<std::int64_t>(i));
+      const PaneLine line = text_.Line(static_cast<std::int64_t>(i));
       ASSERT_EQ(line.start, starts[i]);
       ASSERT_EQ(line.next, i + 1 < starts.size() ? starts[i + 1] : length);
       const std::string content = text_.Read(line.start, line.next);
@@ -105,7 +105,8 @@ class PaneTextRandom : public testing::TestWithParam<Sizes> {
 
   std::mt19937 random_{5};
   PaneFormats formats_;
-  PaneText text_{GetParam().blocks};
+  PaneWork work_;
+  PaneText text_{work_, GetParam().blocks};
   std::string plain_;
   std::vector<PaneLookId> looks_;
 };
@@ -124,6 +125,18 @@ INSTANTIATE_TEST_SUITE_P(Blocks, PaneTextRandom,
                                                    {{5, 7, 3}, 100},
                                                    {{8, 16, 4}, 300},
                                                    {{16, 32, 8}, 600}}));
+
+// Offsets in a block are packed into few bits.
+TEST(PaneBlockSizes, AreRefusedThatABlockCannotHold) {
+  PaneWork work;
+  EXPECT_DEBUG_DEATH(PaneBlockList({2048, 16'001, 256}, work), "");
+  EXPECT_DEBUG_DEATH(PaneBlockList({16'001, 16'001, 256}, work), "");
+  EXPECT_DEBUG_DEATH(PaneBlockList({3, 16, 2}, work), "");
+  EXPECT_DEBUG_DEATH(PaneBlockList({16, 8, 2}, work), "");
+  EXPECT_DEBUG_DEATH(PaneBlockList({8, 16, 1}, work), "");
+  const PaneBlockList largest({16'000, 16'000, 2}, work);
+  EXPECT_EQ(largest.sizes().limit, 16'000U);
+}
 
 }  // namespace
 }  // namespace parlorwire

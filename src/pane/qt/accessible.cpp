@@ -4,17 +4,13 @@
 #include <QStringList>
 #include <algorithm>
 
+#include "pane/qt/reader_selection.h"
 #include "pane/qt/rich_text_view.h"
+#include "pane/rich_text_box.h"
 #include "platform/qt/text_conversion.h"
 
 namespace parlorwire {
 namespace {
-
-constexpr PanePosition kMostGone = 65'536;  // blanks that stand for what was removed
-
-int ToOffset(PanePosition position) {
-  return static_cast<int>(position);
-}
 
 QString Rgb(QColor colour) {
   return QStringLiteral("rgb(%1,%2,%3)").arg(colour.red()).arg(colour.green()).arg(colour.blue());
@@ -64,7 +60,7 @@ class AccessiblePane : public QAccessibleWidget, public QAccessibleTextInterface
 
   // ---- the text ----
 
-  int characterCount() const override { return ToOffset(box().Length()); }
+  int characterCount() const override { return AccessibleOffset(box().Length()); }
 
   QString text(int start, int end) const override {
     return AccessibleText(box(), Within(start, end));
@@ -92,20 +88,20 @@ class AccessiblePane : public QAccessibleWidget, public QAccessibleTextInterface
 
   QString attributes(int offset, int* start, int* end) const override {
     const PanePosition at = At(offset);
-    const RichTextBox::Line line = box().LineByIndex(box().LineAt(at));
+    const PaneLine line = box().LineByIndex(box().LineAt(at));
     for (const PaneRun& run : box().RunsBetween(line.start, line.next)) {
       if (at >= run.start + run.length) continue;
-      *start = ToOffset(run.start);
-      *end = ToOffset(run.start + run.length);
+      *start = AccessibleOffset(run.start);
+      *end = AccessibleOffset(run.start + run.length);
       return AttributesOf(run.format);
     }
-    *start = *end = ToOffset(at);
+    *start = *end = AccessibleOffset(at);
     return AttributesOf(box().OwnFormat());
   }
 
   // ---- caret and selection ----
 
-  int cursorPosition() const override { return ToOffset(view_->Caret()); }
+  int cursorPosition() const override { return AccessibleOffset(view_->Caret()); }
   void setCursorPosition(int position) override {
     view_->Select(position, position);
     view_->ShowPosition(position);
@@ -115,8 +111,8 @@ class AccessiblePane : public QAccessibleWidget, public QAccessibleTextInterface
   void selection(int index, int* start, int* end) const override {
     *start = *end = 0;
     if (index != 0 || view_->Selected().empty()) return;
-    *start = ToOffset(view_->Selected().start);
-    *end = ToOffset(view_->Selected().end);
+    *start = AccessibleOffset(view_->Selected().start);
+    *end = AccessibleOffset(view_->Selected().end);
   }
   void addSelection(int start, int end) override { view_->Select(start, end); }
   void setSelection(int index, int start, int end) override {
@@ -137,7 +133,7 @@ class AccessiblePane : public QAccessibleWidget, public QAccessibleTextInterface
   int offsetAtPoint(const QPoint& point) const override {
     const QPoint within = view_->viewport()->mapFromGlobal(point);
     if (!view_->viewport()->rect().contains(within)) return -1;
-    return ToOffset(view_->CharFromPos(within.x(), within.y()));
+    return AccessibleOffset(view_->CharFromPos(within.x(), within.y()));
   }
 
   void scrollToSubstring(int start, int) override { view_->ShowPosition(start); }
@@ -157,19 +153,19 @@ class AccessiblePane : public QAccessibleWidget, public QAccessibleTextInterface
       case QAccessible::CharBoundary:
         return {position, std::min(position + 1, box().Length())};
       case QAccessible::WordBoundary:
-        return RangeAround(box(), position, PaneGrain::kWord);
+        return RangeAround(box(), position, SelectionGrain::kWord);
       case QAccessible::LineBoundary:
         return view_->RowAround(position);
       case QAccessible::NoBoundary:
         return {0, box().Length()};
       default:
-        return RangeAround(box(), position, PaneGrain::kLine);
+        return RangeAround(box(), position, SelectionGrain::kLine);
     }
   }
 
   QString Tell(PaneRange range, int* start, int* end) const {
-    *start = ToOffset(range.start);
-    *end = ToOffset(range.end);
+    *start = AccessibleOffset(range.start);
+    *end = AccessibleOffset(range.end);
     return AccessibleText(box(), range);
   }
 
@@ -187,6 +183,10 @@ void InstallPaneAccessibility() {
   QAccessible::installFactory(MakeAccessible);
 }
 
+int AccessibleOffset(PanePosition position) {
+  return static_cast<int>(position);
+}
+
 QString AccessibleText(const RichTextBox& box, PaneRange range) {
   if (range.empty()) return {};
   QString text = ToQString(box.TextBetween(range.start, range.end));
@@ -194,69 +194,6 @@ QString AccessibleText(const RichTextBox& box, PaneRange range) {
   for (const PaneRun& run : box.RunsBetween(range.start, range.end))
     if (run.picture) text[run.start - range.start] = QChar(QChar::ObjectReplacementCharacter);
   return text;
-}
-
-// ---- what comes new ----
-
-PaneAnnouncer::PaneAnnouncer(const RichTextBox& box, QObject* view, Tell tell)
-    : box_(box), view_(view), tell_(tell), active_(QAccessible::isActive()) {
-  QAccessible::installActivationObserver(this);
-}
-
-PaneAnnouncer::~PaneAnnouncer() {
-  QAccessible::removeActivationObserver(this);
-}
-
-void PaneAnnouncer::accessibilityActiveChanged(bool active) {
-  active_ = active;
-  untold_ = {};
-}
-
-void PaneAnnouncer::TextChanged(const PaneView::TextChange& change) {
-  if (!active_) return;
-  const PanePosition removed_end = change.start + change.removed;
-  const bool joins = !untold_.empty() && change.start >= untold_.start &&
-                     change.start <= untold_.end && removed_end <= untold_.end;
-  if (joins) {
-    untold_.end += change.inserted - change.removed;
-    return;
-  }
-  // What has been gathered lies elsewhere, perhaps shifted by this change already.
-  if (!untold_.empty() && removed_end <= untold_.start) {
-    const PanePosition shift = change.inserted - change.removed;
-    const PaneRange now{untold_.start + shift, untold_.end + shift};
-    QAccessibleTextInsertEvent event(view_, ToOffset(untold_.start), AccessibleText(box_, now));
-    tell_(&event);
-  } else if (!untold_.empty() && change.start >= untold_.end) {
-    Flush();
-  }
-  untold_ = {change.start, change.start + change.inserted};
-  if (change.removed == 0) return;
-  // What went is not known any more, only how much.
-  const auto length = static_cast<qsizetype>(std::min(change.removed, kMostGone));
-  const QString gone(length, QLatin1Char(' '));
-  QAccessibleTextRemoveEvent event(view_, ToOffset(change.start), gone);
-  tell_(&event);
-}
-
-void PaneAnnouncer::Flush() {
-  if (untold_.empty()) return;
-  QAccessibleTextInsertEvent event(view_, ToOffset(untold_.start), AccessibleText(box_, untold_));
-  untold_ = {};
-  tell_(&event);
-}
-
-void PaneAnnouncer::SelectionChanged(const PaneSelection& selection) {
-  if (!active_) return;
-  const PaneRange range = selection.range();
-  if (range.empty()) {
-    QAccessibleTextCursorEvent event(view_, ToOffset(selection.caret));
-    tell_(&event);
-    return;
-  }
-  QAccessibleTextSelectionEvent event(view_, ToOffset(range.start), ToOffset(range.end));
-  event.setCursorPosition(ToOffset(selection.caret));
-  tell_(&event);
 }
 
 }  // namespace parlorwire

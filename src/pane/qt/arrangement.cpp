@@ -11,7 +11,8 @@ constexpr double kMostUnits = 1e9;  // of the scroll bar
 
 }  // namespace
 
-PaneArrangement::PaneArrangement(const RichTextBox& box) : box_(box), finder_(box, tools_) {
+PaneArrangement::PaneArrangement(const RichTextBox& box, ViewWork& work)
+    : box_(box), tools_(work), finder_(box, tools_) {
   MeasureUnits();
 }
 
@@ -19,6 +20,10 @@ void PaneArrangement::MeasureUnits() {
   const QFontMetrics metrics(ToQFont(box_.OwnFormat()));
   row_height_ = std::max(metrics.height(), 1);
   characters_in_row_ = std::max(width_ / double(std::max(metrics.averageCharWidth(), 1)), 1.0);
+}
+
+int PaneArrangement::PageHeight() const {
+  return std::max(height_ - row_height_, 1);
 }
 
 void PaneArrangement::Resize(int width, int height) {
@@ -41,6 +46,15 @@ void PaneArrangement::Forget() {
 
 std::shared_ptr<const FragmentLayout> PaneArrangement::LayoutOf(const Fragment& fragment) {
   return cache_.Get(box_, fragment, width_, tools_);
+}
+
+PaneRange PaneArrangement::RowAround(PanePosition position) {
+  const Fragment fragment = finder_.At(position);
+  const auto layout = LayoutOf(fragment);
+  const int number = RowOf(*layout, static_cast<int>(position - fragment.start));
+  const auto& row = layout->RowNumber(number);
+  const bool last = number + 1 == static_cast<int>(layout->rows.size());
+  return {fragment.start + row.start, last ? fragment.next : fragment.start + row.end};
 }
 
 void PaneArrangement::TextChanged(const PaneView::TextChange& change) {
@@ -93,15 +107,15 @@ int PaneArrangement::Widest() {
 
 // Where the anchor lies in its fragment, in pixels from the fragment's top.
 int PaneArrangement::AnchorOffset(const Fragment& fragment, const FragmentLayout& layout) const {
-  const auto& row = layout.rows[static_cast<std::size_t>(
-      RowOf(layout, static_cast<int>(anchor_.position - fragment.start)))];
+  const auto& row =
+      layout.RowNumber(RowOf(layout, static_cast<int>(anchor_.position - fragment.start)));
   return row.top + (anchor_.whole_row ? row.height : std::min(anchor_.pixels, row.height));
 }
 
 // Holds what is `offset` pixels below the fragment's top at the edge.
 void PaneArrangement::Hold(Edge edge, const Fragment& fragment, const FragmentLayout& layout,
                            int offset) {
-  const auto& row = layout.rows[static_cast<std::size_t>(RowAt(layout, offset))];
+  const auto& row = layout.RowNumber(RowAt(layout, offset));
   anchor_.position = fragment.start + row.start;
   anchor_.pixels = offset - row.top;
   anchor_.whole_row = false;
@@ -121,6 +135,14 @@ bool PaneArrangement::HeldAtEnd() {
 const std::vector<PlacedFragment>& PaneArrangement::Seen() {
   Arrange();
   return seen_;
+}
+
+const PlacedFragment& PaneArrangement::SeenAt(int y) {
+  Arrange();
+  const auto behind =
+      std::upper_bound(seen_.begin(), seen_.end(), y,
+                       [](int value, const PlacedFragment& placed) { return value < placed.top; });
+  return behind == seen_.begin() ? seen_.front() : *(behind - 1);
 }
 
 void PaneArrangement::Arrange() {
@@ -230,8 +252,7 @@ void PaneArrangement::Show(PanePosition position) {
   Arrange();
   const Fragment fragment = finder_.At(position);
   const auto layout = LayoutOf(fragment);
-  const auto& row = layout->rows[static_cast<std::size_t>(
-      RowOf(*layout, static_cast<int>(position - fragment.start)))];
+  const auto& row = layout->RowNumber(RowOf(*layout, static_cast<int>(position - fragment.start)));
   const auto placed = std::find_if(seen_.begin(), seen_.end(), [&](const PlacedFragment& p) {
     return p.fragment.start == fragment.start;
   });
@@ -303,7 +324,7 @@ void PaneArrangement::ScrollToUnit(int unit) {
     const std::int64_t middle = line + (end - line) / 2;
     (UnitsAt(middle, box_.LineByIndex(middle).start) <= wanted ? line : end) = middle;
   }
-  const RichTextBox::Line found = box_.LineByIndex(line);
+  const PaneLine found = box_.LineByIndex(line);
   const double beyond = wanted - UnitsAt(line, found.start);
   const auto character = static_cast<PanePosition>(beyond * characters_in_row_ / row_height_);
   const PanePosition position =

@@ -18,8 +18,10 @@
 #include <memory>
 #include <vector>
 
-#include "pane/qt/cache.h"
+#include "pane/qt/layout_cache.h"
 #include "pane/qt/reader_selection.h"
+#include "pane/units.h"
+#include "pane/view.h"
 
 namespace parlorwire {
 
@@ -32,7 +34,8 @@ struct PlacedFragment {
 
 class PaneArrangement {
  public:
-  explicit PaneArrangement(const RichTextBox& box);
+  // Its work is counted in `work`, which must outlive it.
+  PaneArrangement(const RichTextBox& box, ViewWork& work);
 
   // The place of the text within the view: what is laid out is `width` wide and `height` high.
   void Resize(int width, int height);
@@ -44,6 +47,8 @@ class PaneArrangement {
 
   // What is in the view, from top to bottom, at least one fragment. Lays out what has to be.
   const std::vector<PlacedFragment>& Seen();
+  // Of these the one at that height; the first above all, the last below all.
+  const PlacedFragment& SeenAt(int y);
 
   void ScrollBy(int pixels);  // positive: towards the end
   void ScrollToStart();
@@ -63,10 +68,13 @@ class PaneArrangement {
 
   int RowHeight() const { return row_height_; }
   int Height() const { return height_; }
+  int PageHeight() const;  // a step of a page leaves a row of what was seen
   LayoutTools& Tools() { return tools_; }
   FragmentFinder& Fragments() { return finder_; }
   // Of a fragment anywhere, seen or not.
   std::shared_ptr<const FragmentLayout> LayoutOf(const Fragment& fragment);
+  // The characters of the row in which the position lies, with the line's break.
+  PaneRange RowAround(PanePosition position);
 
  private:
   enum class Edge { kTop, kBottom };
@@ -109,7 +117,7 @@ class PaneArrangement {
   bool stale_ = true;
   std::vector<PlacedFragment> seen_;
   int widest_ = 0;
-  PaneSelection widest_line_;
+  ReaderSelection widest_line_;
   // The characters ahead of this one are higher than the view; 0: not known.
   PanePosition overflowing_ = 0;
 };

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "pane/qt/fonts.h"
+#include "pane/rich_text_box.h"
 #include "platform/qt/text_conversion.h"
 
 namespace parlorwire {

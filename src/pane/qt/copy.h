@@ -5,9 +5,11 @@
 #include <QString>
 #include <memory>
 
-#include "pane/qt/reader_selection.h"
+#include "pane/units.h"
 
 namespace parlorwire {
+
+class RichTextBox;
 
 // Lines end in LF; a picture gives its code. Where the view wraps does not show.
 QString CopiedText(const RichTextBox& box, PaneRange range);

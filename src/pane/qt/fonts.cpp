@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "pane/rich_text_box.h"
 #include "platform/qt/text_conversion.h"
 #include "text/windows1251.h"
 

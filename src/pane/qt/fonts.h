@@ -18,9 +18,12 @@
 #include <vector>
 
 #include "pane/qt/pictures.h"
-#include "pane/rich_text_box.h"
+#include "pane/runs.h"
+#include "pane/units.h"
 
 namespace parlorwire {
+
+class RichTextBox;
 
 QColor ToQColor(PaneColour colour);
 

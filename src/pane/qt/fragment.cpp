@@ -68,7 +68,7 @@ void FragmentFinder::CutOn(CutLine& line, PanePosition end) {
   int at = 0;
   for (;;) {
     const int row_end = WrapRow(text, at, static_cast<float>(width_), nullptr).end;
-    tools_.wrapped += static_cast<std::uint64_t>(row_end - at);
+    tools_.work.wrapped += static_cast<std::uint64_t>(row_end - at);
     if (row_end > kFragmentLimit) break;
     at = row_end;
     if (start + at == end) {
@@ -81,8 +81,7 @@ void FragmentFinder::CutOn(CutLine& line, PanePosition end) {
 
 // ---- the fragments ----
 
-Fragment FragmentFinder::InLine(std::int64_t index, const RichTextBox::Line& line,
-                                PanePosition position) {
+Fragment FragmentFinder::InLine(std::int64_t index, const PaneLine& line, PanePosition position) {
   Fragment fragment{line.start, line.length, line.next, line.start, line.next, index};
   if (line.length <= kFragmentLimit) return fragment;
   const PanePosition line_end = line.start + line.length;
@@ -110,14 +109,14 @@ Fragment FragmentFinder::At(PanePosition position) {
 Fragment FragmentFinder::After(const Fragment& fragment) {
   if (!fragment.LastOfLine())
     return InLine(fragment.line, box_.LineByIndex(fragment.line), fragment.next);
-  const RichTextBox::Line line = box_.LineByIndex(fragment.line + 1);
+  const PaneLine line = box_.LineByIndex(fragment.line + 1);
   return InLine(fragment.line + 1, line, line.start);
 }
 
 Fragment FragmentFinder::Before(const Fragment& fragment) {
   if (fragment.start != fragment.line_start)
     return InLine(fragment.line, box_.LineByIndex(fragment.line), fragment.start - 1);
-  const RichTextBox::Line line = box_.LineByIndex(fragment.line - 1);
+  const PaneLine line = box_.LineByIndex(fragment.line - 1);
   return InLine(fragment.line - 1, line, line.start + std::max<PanePosition>(line.length, 1) - 1);
 }
 

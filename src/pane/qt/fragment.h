@@ -12,6 +12,8 @@
 
 #include "pane/qt/wrap.h"
 #include "pane/rich_text_box.h"
+#include "pane/units.h"
+#include "pane/view.h"
 
 namespace parlorwire {
 
@@ -57,7 +59,7 @@ class FragmentFinder {
     bool complete = false;
   };
 
-  Fragment InLine(std::int64_t index, const RichTextBox::Line& line, PanePosition position);
+  Fragment InLine(std::int64_t index, const PaneLine& line, PanePosition position);
   CutLine& CutLineAt(PanePosition start, PanePosition end);
   void CutOn(CutLine& line, PanePosition end);
   void ForgetFrom(CutLine& line, PanePosition position);

@@ -84,7 +84,8 @@ std::optional<QColor> BarColour(const FragmentLayout& layout, const FragmentLayo
 std::shared_ptr<const FragmentLayout> LayOut(const RichTextBox& box, const Fragment& fragment,
                                              int width, LayoutTools& tools) {
   auto layout = std::make_shared<FragmentLayout>();
-  layout->serial = ++tools.laid_out;
+  layout->serial = ++tools.last_serial;
+  ++tools.work.laid_out;
   layout->width = width;
   layout->length = static_cast<int>(fragment.length);
   layout->breaks = fragment.next > fragment.start + fragment.length;
@@ -94,7 +95,7 @@ std::shared_ptr<const FragmentLayout> LayOut(const RichTextBox& box, const Fragm
   }
   const auto line_look = LineLook(box, fragment, tools);
   layout->text = ReadShown(box, fragment.start, fragment.start + fragment.length, tools);
-  tools.wrapped += layout->text.bytes.size();
+  tools.work.wrapped += layout->text.bytes.size();
   BreakIntoRows(*layout, line_look->alignment);
   if (layout->rows.empty()) {
     RowHeight height;

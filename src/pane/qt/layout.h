@@ -5,8 +5,7 @@
 // fragment's start.
 #pragma once
 
-#include <QPainter>
-#include <QPalette>
+#include <QColor>
 #include <QRectF>
 #include <cstdint>
 #include <memory>
@@ -17,6 +16,8 @@
 #include "pane/qt/wrap.h"
 
 namespace parlorwire {
+
+class RichTextBox;
 
 struct FragmentLayout {
   // What a row's place in the text is told by.
@@ -69,17 +70,5 @@ int BorderAt(const FragmentLayout& layout, int x, int y);
 qreal XOf(const FragmentLayout& layout, int index);
 // The box of the characters [start, end) as far as they lie in the row of `start`.
 QRectF BoxOf(const FragmentLayout& layout, int start, int end);
-
-// Indices of the fragment that are selected; `end` beyond the length takes the line break.
-struct SelectedStretch {
-  int start = 0;
-  int end = 0;
-};
-
-// Paints with the top left corner at `at`, only the rows that touch `clip`. A bar of nothing but
-// coloured blanks is as wide as the view, which is `ground` pixels wide.
-void Paint(QPainter& painter, const FragmentLayout& layout, QPointF at, const QRectF& clip,
-           int ground, SelectedStretch selected, const QPalette& palette,
-           ToolkitPictures& pictures);
 
 }  // namespace parlorwire

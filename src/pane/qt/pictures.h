@@ -5,9 +5,8 @@
 #include <QSize>
 #include <map>
 #include <memory>
-#include <utility>
 
-#include "pane/rich_text_box.h"
+#include "pane/runs.h"
 
 namespace parlorwire {
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string>
 
+#include "pane/rich_text_box.h"
 #include "text/windows1251.h"
 
 namespace parlorwire {
@@ -17,7 +18,7 @@ Sign SignOf(char byte) {
 }
 
 PaneRange WordAround(const RichTextBox& box, PanePosition position) {
-  const RichTextBox::Line line = box.LineByIndex(box.LineAt(position));
+  const PaneLine line = box.LineByIndex(box.LineAt(position));
   if (line.length == 0) return {line.start, line.start};
   const std::string text = box.TextBetween(line.start, line.start + line.length);
   const auto last = text.size() - 1;
@@ -44,21 +45,21 @@ PanePosition Moved(PanePosition position, const PaneView::TextChange& change, bo
 
 }  // namespace
 
-PaneRange PaneSelection::range() const {
+PaneRange ReaderSelection::range() const {
   return {std::min(anchor, caret), std::max(anchor, caret)};
 }
 
-void PaneSelection::TextChanged(const PaneView::TextChange& change) {
+void ReaderSelection::TextChanged(const PaneView::TextChange& change) {
   const bool empty = anchor == caret;
   const bool forwards = anchor < caret;
   anchor = Moved(anchor, change, empty || !forwards);
   caret = Moved(caret, change, empty || forwards);
 }
 
-PaneRange RangeAround(const RichTextBox& box, PanePosition position, PaneGrain grain) {
-  if (grain == PaneGrain::kCharacter) return {position, position};
-  if (grain == PaneGrain::kWord) return WordAround(box, position);
-  const RichTextBox::Line line = box.LineByIndex(box.LineAt(position));
+PaneRange RangeAround(const RichTextBox& box, PanePosition position, SelectionGrain grain) {
+  if (grain == SelectionGrain::kCharacter) return {position, position};
+  if (grain == SelectionGrain::kWord) return WordAround(box, position);
+  const PaneLine line = box.LineByIndex(box.LineAt(position));
   return {line.start, line.next};
 }
 
@@ -66,18 +67,18 @@ PanePosition CharacterBefore(const RichTextBox& box, PanePosition position) {
   if (position <= 0) return 0;
   const std::int64_t index = box.LineAt(position);
   if (position > box.LineByIndex(index).start) return position - 1;
-  const RichTextBox::Line before = box.LineByIndex(index - 1);
+  const PaneLine before = box.LineByIndex(index - 1);
   return before.start + before.length;
 }
 
 PanePosition CharacterAfter(const RichTextBox& box, PanePosition position) {
-  const RichTextBox::Line line = box.LineByIndex(box.LineAt(position));
+  const PaneLine line = box.LineByIndex(box.LineAt(position));
   return position < line.start + line.length ? position + 1 : line.next;
 }
 
 PanePosition WordBefore(const RichTextBox& box, PanePosition position) {
   const PanePosition before = CharacterBefore(box, position);
-  const RichTextBox::Line line = box.LineByIndex(box.LineAt(before));
+  const PaneLine line = box.LineByIndex(box.LineAt(before));
   if (before == line.start + line.length) return before;
   PaneRange word = WordAround(box, before);
   const bool blank = SignOf(box.TextBetween(word.start, word.start + 1).front()) == Sign::kBlank;
@@ -86,7 +87,7 @@ PanePosition WordBefore(const RichTextBox& box, PanePosition position) {
 }
 
 PanePosition WordAfter(const RichTextBox& box, PanePosition position) {
-  const RichTextBox::Line line = box.LineByIndex(box.LineAt(position));
+  const PaneLine line = box.LineByIndex(box.LineAt(position));
   const PanePosition line_end = line.start + line.length;
   if (position >= line_end) return line.next;
   PaneRange word = WordAround(box, position);

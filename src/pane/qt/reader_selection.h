@@ -2,20 +2,15 @@
 // pane.
 #pragma once
 
-#include "pane/rich_text_box.h"
+#include "pane/units.h"
+#include "pane/view.h"
 
 namespace parlorwire {
 
-struct PaneRange {
-  PanePosition start = 0;
-  PanePosition end = 0;
-
-  bool empty() const { return start >= end; }
-  bool operator==(const PaneRange&) const = default;
-};
+class RichTextBox;
 
 // It begins at `anchor` and follows the caret.
-struct PaneSelection {
+struct ReaderSelection {
   PanePosition anchor = 0;
   PanePosition caret = 0;
 
@@ -24,11 +19,11 @@ struct PaneSelection {
   void TextChanged(const PaneView::TextChange& change);
 };
 
-enum class PaneGrain { kCharacter, kWord, kLine };
+enum class SelectionGrain { kCharacter, kWord, kLine };
 
 // What of that size lies around the position. A word is of letters, digits and "_", or of blanks,
 // or of other signs; a line includes its break.
-PaneRange RangeAround(const RichTextBox& box, PanePosition position, PaneGrain grain);
+PaneRange RangeAround(const RichTextBox& box, PanePosition position, SelectionGrain grain);
 
 // The next place of a caret to either side; a line break is one step.
 PanePosition CharacterBefore(const RichTextBox& box, PanePosition position);

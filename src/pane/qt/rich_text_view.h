@@ -5,28 +5,34 @@
 // looks different. A hidden view does nothing but note that something changed. There is no timer,
 // except while the mouse drags a selection beyond an edge or a finger's push runs out.
 //
-// The reader's selection belongs to the view: lines that come do not move it, and the program's own
-// writing, done with HideSelection on, does not touch it. When the reader has selected, the pane
+// The reader's selection belongs to the view: lines that come do not move it, and the writer's, the
+// pane's own, does not touch it while HideSelection is on. When the reader has selected, the pane
 // gets the selection too (ExSetSel, and HideSelection off), so that SelText is what is seen
 // selected. A selection that the program makes with HideSelection off becomes the one that is
 // shown, and is scrolled into view.
 #pragma once
 
 #include <QAbstractScrollArea>
-#include <QBasicTimer>
 #include <QPoint>
-#include <cstdint>
-#include <optional>
-#include <vector>
+#include <QRect>
 
-#include "pane/qt/accessible.h"
+#include "pane/qt/announcer.h"
 #include "pane/qt/arrangement.h"
+#include "pane/qt/caret_keys.h"
+#include "pane/qt/mouse_selection.h"
+#include "pane/qt/paint_record.h"
 #include "pane/qt/reader_selection.h"
+#include "pane/qt/work.h"
+#include "pane/units.h"
+#include "pane/view.h"
 
 class QScrollEvent;
 class QScrollPrepareEvent;
+class QTouchEvent;
 
 namespace parlorwire {
+
+class RichTextBox;
 
 class RichTextView : public QAbstractScrollArea, public PaneView {
   Q_OBJECT
@@ -64,15 +70,10 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   QRect CharacterRect(PanePosition position) const;
 
   // The characters of the row in which the position lies.
-  PaneRange RowAround(PanePosition position) const;
+  PaneRange RowAround(PanePosition position) const { return arrangement_.RowAround(position); }
 
-  struct Counters {
-    std::uint64_t laid_out = 0;  // fragments, ever
-    std::uint64_t wrapped = 0;   // characters measured
-    std::uint64_t paints = 0;    // paint events
-    std::uint64_t painted = 0;   // fragments painted
-  };
-  Counters counters() const;
+  // What it has done so far.
+  const ViewWork& work() const { return work_; }
 
   // ---- PaneView ----
   void TextChanged(const TextChange& change) override;
@@ -122,15 +123,8 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   static constexpr int kMargin = 3;  // pixels beside the text
 
   // ---- what is seen ----
-  struct PaintedFragment {
-    std::uint64_t serial = 0;
-    int top = 0;
-    int height = 0;
-  };
   void NoteChange();
   void Settle();
-  void RepaintDifferences(const std::vector<PlacedFragment>& seen);
-  void RememberPainted(const std::vector<PlacedFragment>& seen);
   void Restyle(PaneRange range);
   void ResizeText();
   enum class BarUpdate { kIfSeen, kExact };
@@ -142,67 +136,43 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void ScrollSideways(int pixels);
   void Reveal(PanePosition position);
   void RevealSideways(PanePosition position);
+  void Touched(const QTouchEvent& event);
   void PrepareTouch(QScrollPrepareEvent* event);
   void TouchScroll(QScrollEvent* event);
 
   // ---- what the reader does ----
   int TextLeft() const;
-  const PlacedFragment& PlacedAt(int y) const;
   PanePosition BorderFromPos(QPoint point) const;
-  void ShowSelection(PaneSelection selection);
+  MouseSelection::Place PlaceOf(QPoint point) const;
   QPoint Within(QPoint point) const;
-  QPoint Beyond(QPoint point) const;
-  bool OnSelection(QPoint point) const;
+  void ShowSelection(ReaderSelection selection);
+  void DragTo(QPoint point);
   void DragOut();
-  void BeginDrag(PanePosition position, PaneGrain grain);
-  void DragTo(PanePosition position);
-  void EndDrag();
-  bool ReaderHoldsSelection() const;
+  void FinishSelecting();
   void ReleaseUnseen();
   bool ScrollKey(QKeyEvent* event);
   bool SidewaysKey(int pixels);
   bool SelectKey(QKeyEvent* event);
-  PanePosition MovedCaret(QKeyEvent* event);
-  PanePosition BelowCaret(int pixels);
-  PanePosition RowEdge(bool end) const;
 
   RichTextBox& box_;
-  mutable PaneArrangement arrangement_;
   bool russian_ = true;
+  ViewWork work_;
+  mutable PaneArrangement arrangement_;
 
   bool settle_posted_ = false;
   bool redraw_ = true;
   bool updating_bar_ = false;
-  std::vector<PaintedFragment> painted_;
-  bool painted_valid_ = false;
-  bool missed_paint_ = false;  // while redraw was off
-  PaneColour painted_back_ = 0;
-  PaneRange restyled_;
-  std::uint64_t paints_ = 0;
-  std::uint64_t fragments_painted_ = 0;
+  PaintRecord painted_;
 
-  PaneSelection selection_;
+  ReaderSelection selection_;
   PaneAnnouncer announcer_;
+  MouseSelection mouse_;
+  CaretKeys caret_keys_;
   bool giving_selection_ = false;
   bool show_caret_ = false;  // at the next repaint
-  struct Drag {
-    bool active = false;
-    PaneGrain grain = PaneGrain::kCharacter;
-    PaneSelection origin;  // what the press selected
-    QPoint point;          // where the mouse is
-  };
-  Drag drag_;
-  // Where the left button went down: nobody is told of moves so small that it still is a click.
-  std::optional<QPoint> click_;
-  // Pressed on the selection: a move takes it elsewhere, a release clears it.
-  std::optional<QPoint> pressed_selection_;
-  bool dragging_out_ = false;
+
   double touch_y_ = 0;  // of the last step of a finger's scrolling
-  QBasicTimer drag_scroll_;
-  quint64 double_clicked_ = 0;  // milliseconds of the events' clock
-  QPoint double_clicked_at_;
-  int goal_x_ = -1;    // where the caret goes up and down; -1: where it is
-  QPoint wheel_rest_;  // eighths of a degree times pixels that have not moved a pixel yet
+  QPoint wheel_rest_;   // eighths of a degree times pixels that have not moved a pixel yet
 };
 
 }  // namespace parlorwire

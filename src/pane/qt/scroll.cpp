@@ -1,20 +1,17 @@
 // Scrolling a pane: the wheel, the bars, and what the program and the keys ask for.
 #include <QApplication>
 #include <QScrollBar>
-#include <QScrollEvent>
-#include <QScrollPrepareEvent>
-#include <QScroller>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 
 #include "pane/qt/rich_text_view.h"
+#include "pane/rich_text_box.h"
 
 namespace parlorwire {
 namespace {
 
 constexpr int kEighthsPerNotch = 120;
-constexpr double kTouchRange = 1e6;  // pixels; more than one fling goes
 
 }  // namespace
 
@@ -41,30 +38,6 @@ void RichTextView::wheelEvent(QWheelEvent* event) {
   if (sideways) ScrollSideways(-WheelPixels(pixels.x(), angle.x(), wheel_rest_.rx()));
   const int down = -WheelPixels(pixels.y(), angle.y(), wheel_rest_.ry());
   if (down != 0) ScrollBy(down);
-  event->accept();
-}
-
-// ---- a finger ----
-
-// By true pixels, not by the bar's estimated ones; where the text ends is seen when it is reached.
-void RichTextView::PrepareTouch(QScrollPrepareEvent* event) {
-  touch_y_ = kTouchRange / 2;
-  event->setViewportSize(viewport()->size());
-  event->setContentPosRange(QRectF(0, 0, horizontalScrollBar()->maximum(),
-                                   arrangement_.ScrollInfo().max > 0 ? kTouchRange : 0));
-  event->setContentPos(QPointF(horizontalScrollBar()->value(), touch_y_));
-  event->accept();
-}
-
-void RichTextView::TouchScroll(QScrollEvent* event) {
-  horizontalScrollBar()->setValue(static_cast<int>(std::lround(event->contentPos().x())));
-  const int pixels = static_cast<int>(std::lround(event->contentPos().y() - touch_y_));
-  touch_y_ += pixels;
-  if (pixels != 0) ScrollBy(pixels);
-  const PaneScrollInfo info = arrangement_.ScrollInfo();
-  const bool ended = pixels > 0 ? arrangement_.AtEnd() : pixels < 0 && info.pos == 0;
-  if (ended && QScroller::scroller(viewport())->state() == QScroller::Scrolling)
-    QScroller::scroller(viewport())->stop();
   event->accept();
 }
 
@@ -106,7 +79,7 @@ void RichTextView::UpdateSidewaysBar() {
 // The reader has moved a bar.
 void RichTextView::scrollContentsBy(int dx, int) {
   if (dx != 0) {
-    painted_valid_ = false;
+    painted_.Forget();
     NoteChange();
     return;
   }
@@ -177,8 +150,7 @@ void RichTextView::ScrollSideways(int pixels) {
 }
 
 void RichTextView::ScrollPages(double pages) {
-  const int page = std::max(arrangement_.Height() - arrangement_.RowHeight(), 1);
-  ScrollBy(static_cast<int>(pages * page));
+  ScrollBy(static_cast<int>(pages * arrangement_.PageHeight()));
 }
 
 void RichTextView::ScrollToStart() {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "pane/rich_text_box.h"
 #include "text/windows1251.h"
 
 namespace parlorwire {

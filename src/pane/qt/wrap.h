@@ -2,13 +2,20 @@
 // text is shaped here.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "pane/qt/fonts.h"
+#include "pane/qt/pictures.h"
+#include "pane/qt/work.h"
+#include "pane/units.h"
 
 namespace parlorwire {
+
+class RichTextBox;
 
 // No row has more characters, so that a line of nothing but blanks or of signs of no width has a
 // bounded price too.
@@ -30,10 +37,12 @@ struct ShownText {
 
 // What a text is read with.
 struct LayoutTools {
+  explicit LayoutTools(ViewWork& counted) : work(counted) {}
+
   ToolkitLooks looks;
   ToolkitPictures pictures;
-  std::uint64_t laid_out = 0;  // layouts made so far
-  std::uint64_t wrapped = 0;   // characters measured so far, to be painted or only to be broken
+  ViewWork& work;
+  std::uint64_t last_serial = 0;  // of the layouts made so far
 };
 
 // The characters in [start, end), which lie in one line.

@@ -7,7 +7,7 @@ class QFrame;
 class QLabel;
 class QWidget;
 
-#include "pane/rich_text_box.h"
+#include "pane/units.h"
 #include "platform/desktop.h"
 
 namespace parlorwire {

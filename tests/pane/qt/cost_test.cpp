@@ -24,8 +24,8 @@ struct Work {
 };
 
 Work WorkOf(ShownPane& pane) {
-  const auto view = pane.view.counters();
-  const auto box = pane.box.counters();
+  const auto view = pane.view.work();
+  const auto box = pane.box.work();
   return {view.laid_out, view.wrapped, view.painted, box.blocks_touched, box.runs_moved};
 }
 
@@ -97,8 +97,8 @@ class RichTextViewCostTest : public QObject {
   void TheWordAndTheLineAroundAPlace() {
     Same([](ShownPane& pane, int step) {
       const PanePosition nick = LineOf(pane, step) + 11;
-      QCOMPARE(RangeAround(pane.box, nick + 2, PaneGrain::kWord), (PaneRange{nick, nick + 5}));
-      QCOMPARE(RangeAround(pane.box, nick, PaneGrain::kLine).start, nick - 11);
+      QCOMPARE(RangeAround(pane.box, nick + 2, SelectionGrain::kWord), (PaneRange{nick, nick + 5}));
+      QCOMPARE(RangeAround(pane.box, nick, SelectionGrain::kLine).start, nick - 11);
     });
   }
 

@@ -14,7 +14,7 @@ constexpr PanePosition kMegabyte = 1 << 20;
 
 // Shows the text, and goes through it by all means.
 void GoThrough(ShownPane& pane) {
-  const auto before = pane.view.counters();
+  const auto before = pane.view.work();
   pane.view.ScrollToEnd();
   ShownPane::Settle();
   QVERIFY(pane.AtEnd());
@@ -35,7 +35,7 @@ void GoThrough(ShownPane& pane) {
   QTest::mouseRelease(pane.view.viewport(), Qt::LeftButton, Qt::NoModifier, {50, 50});
   ShownPane::Settle();
   QCOMPARE(pane.OnScreen(), pane.Picture());
-  const auto after = pane.view.counters();
+  const auto after = pane.view.work();
   QVERIFY(after.laid_out - before.laid_out < 400);
   // All of it for each of two widths, and what was seen.
   const auto length = static_cast<std::uint64_t>(pane.box.Length());
@@ -198,19 +198,19 @@ class RichTextViewHostileTest : public QObject {
     pane.view.ScrollToEnd();
     ShownPane::Settle();
     const auto limit = static_cast<std::uint64_t>(kMegabyte) + 100'000;
-    QVERIFY(pane.view.counters().wrapped < limit);
+    QVERIFY(pane.view.work().wrapped < limit);
     QScrollBar* bar = pane.view.verticalScrollBar();
     for (int part = 10; part >= 0; --part) {
-      const auto before = pane.view.counters().wrapped;
+      const auto before = pane.view.work().wrapped;
       bar->setValue(bar->maximum() / 10 * part);
       ShownPane::Settle();
-      QVERIFY(pane.view.counters().wrapped - before < 20'000);
+      QVERIFY(pane.view.work().wrapped - before < 20'000);
     }
-    const auto before = pane.view.counters().wrapped;
+    const auto before = pane.view.work().wrapped;
     pane.view.ScrollToEnd();
     Append(pane.box, "x", MainFormat(0xFFFFFF));
     ShownPane::Settle();
-    QVERIFY(pane.view.counters().wrapped - before < 20'000);
+    QVERIFY(pane.view.work().wrapped - before < 20'000);
   }
 
   // What is written into a long line is broken as if it had been there from the start.
@@ -246,11 +246,11 @@ class RichTextViewHostileTest : public QObject {
     pane.view.ScrollToStart();
     ShownPane::Settle();
     for (int step = 0; step < 20; ++step) {
-      const auto before = pane.view.counters();
+      const auto before = pane.view.work();
       QTest::keyClick(&pane.view, Qt::Key_PageDown);
       ShownPane::Settle();
-      QVERIFY(pane.view.counters().wrapped - before.wrapped < 20'000);
-      QVERIFY(pane.view.counters().laid_out - before.laid_out <= 3);
+      QVERIFY(pane.view.work().wrapped - before.wrapped < 20'000);
+      QVERIFY(pane.view.work().laid_out - before.laid_out <= 3);
     }
   }
 

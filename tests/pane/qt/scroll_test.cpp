@@ -122,15 +122,15 @@ class RichTextViewScrollTest : public QObject {
     Wheel(pane.view, {0, 7}, {});  // into the middle of a row
     ShownPane::Settle();
     const QImage before = pane.Picture();
-    const auto counted = pane.view.counters();
+    const auto counted = pane.view.work();
     for (int i = 0; i < 100; ++i) {
       AppendMessages(pane.box, 100);
       pane.box.Refresh();
       if (i % 10 == 0) ShownPane::Settle();
     }
     ShownPane::Settle();
-    QCOMPARE(pane.view.counters().laid_out, counted.laid_out);
-    QCOMPARE(pane.view.counters().painted, counted.painted);
+    QCOMPARE(pane.view.work().laid_out, counted.laid_out);
+    QCOMPARE(pane.view.work().painted, counted.painted);
     QCOMPARE(pane.OnScreen(), before);
     QCOMPARE(pane.Picture(), before);
   }
@@ -151,7 +151,7 @@ class RichTextViewScrollTest : public QObject {
 
   void ManyChangesInOneTurnAreOneRepaint() {
     ShownPane pane(200);
-    const auto before = pane.view.counters();
+    const auto before = pane.view.work();
     for (int i = 0; i < 1000; ++i) {
       pane.box.SetRedraw(false);
       AppendMessages(pane.box, 1);
@@ -161,7 +161,7 @@ class RichTextViewScrollTest : public QObject {
       pane.box.Refresh();
     }
     ShownPane::Settle();
-    const auto after = pane.view.counters();
+    const auto after = pane.view.work();
     QCOMPARE(after.paints, before.paints + 1);
     QVERIFY(after.laid_out - before.laid_out < 40);
     QVERIFY(pane.AtEnd());
@@ -169,24 +169,24 @@ class RichTextViewScrollTest : public QObject {
 
   void OneMoreLineAtTheEndPaintsLittleMoreThanTheLine() {
     ShownPane pane(200);
-    const auto before = pane.view.counters();
+    const auto before = pane.view.work();
     AppendMessages(pane.box, 1);
     pane.box.VScroll(PaneScroll::kBottom);
     ShownPane::Settle();
-    QVERIFY(pane.view.counters().painted - before.painted <= 3);
+    QVERIFY(pane.view.work().painted - before.painted <= 3);
     QCOMPARE(pane.OnScreen(), pane.Picture());
   }
 
   void WithRedrawOffNothingIsPainted() {
     ShownPane pane(200);
     const QImage before = pane.OnScreen();
-    const auto counted = pane.view.counters();
+    const auto counted = pane.view.work();
     pane.box.SetRedraw(false);
     AppendMessages(pane.box, 10);
     pane.box.VScroll(PaneScroll::kBottom);
     pane.box.Refresh();
     ShownPane::Settle();
-    QCOMPARE(pane.view.counters().paints, counted.paints);
+    QCOMPARE(pane.view.work().paints, counted.paints);
     QCOMPARE(pane.OnScreen(), before);
     pane.box.SetRedraw(true);
     ShownPane::Settle();
@@ -270,7 +270,7 @@ class RichTextViewScrollTest : public QObject {
     pane.box.Visible(false);
     ShownPane::Settle();
     QVERIFY(!pane.view.isVisible());
-    const auto before = pane.view.counters();
+    const auto before = pane.view.work();
     for (int i = 0; i < 100; ++i) {
       AppendMessages(pane.box, 10);
       pane.box.GetScrollInfo();
@@ -278,8 +278,8 @@ class RichTextViewScrollTest : public QObject {
       pane.box.Refresh();
     }
     ShownPane::Settle();
-    QCOMPARE(pane.view.counters().laid_out, before.laid_out);
-    QCOMPARE(pane.view.counters().paints, before.paints);
+    QCOMPARE(pane.view.work().laid_out, before.laid_out);
+    QCOMPARE(pane.view.work().paints, before.paints);
     pane.box.Visible(true);
     ShownPane::Settle();
     QVERIFY(pane.view.isVisible());
@@ -317,7 +317,7 @@ class RichTextViewScrollTest : public QObject {
   void OnlyWhatIsSeenIsLaidOut() {
     ShownPane pane(100'000, {800, 600});
     const auto limit = std::uint64_t{80};  // two views full
-    QVERIFY(pane.view.counters().laid_out < limit);
+    QVERIFY(pane.view.work().laid_out < limit);
     const auto steps = {
         std::function<void()>([&] { pane.view.ScrollToStart(); }),
         std::function<void()>([&] { pane.view.ShowPosition(pane.LineStart(77'000)); }),
@@ -327,10 +327,10 @@ class RichTextViewScrollTest : public QObject {
         }),
         std::function<void()>([&] { pane.view.ScrollToEnd(); })};
     for (const auto& step : steps) {
-      const auto before = pane.view.counters().laid_out;
+      const auto before = pane.view.work().laid_out;
       step();
       ShownPane::Settle();
-      QVERIFY(pane.view.counters().laid_out - before < limit);
+      QVERIFY(pane.view.work().laid_out - before < limit);
     }
   }
 

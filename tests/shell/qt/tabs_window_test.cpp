@@ -1,7 +1,9 @@
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QObject>
 
+#include "pane/qt/rich_text_view.h"
 #include "shell/qt/ss_tab.h"
 #include "shell/qt/windows_fixture.h"
 #include "support/qt/qt_test.h"
@@ -21,6 +23,20 @@ void ShowTabs(Windows& windows, int count) {
 
 QWidget* Control(Windows& windows, const char* family, int slot) {
   return windows.Find(QString("%1_%2").arg(family).arg(slot).toLatin1().constData());
+}
+
+RichTextView& PaneOf(Windows& windows, int slot) {
+  return *qobject_cast<RichTextView*>(Control(windows, "Rich", slot));
+}
+
+// The left button goes down on the pane's third character, and is still down when this returns.
+void DragOver(RichTextView& pane) {
+  const QPoint from = pane.CharacterRect(2).center();
+  const QPoint to = pane.CharacterRect(9).center();
+  QTest::mousePress(pane.viewport(), Qt::LeftButton, Qt::NoModifier, from);
+  QMouseEvent move(QEvent::MouseMove, to, pane.viewport()->mapToGlobal(to), Qt::NoButton,
+                   Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(pane.viewport(), &move);
 }
 
 }  // namespace
@@ -50,6 +66,30 @@ class TabsWindowTest : public QObject {
     QVERIFY(!Control(windows, "Rich", 1)->isVisible());
     windows.desktop.SetActiveTab(1);
     QVERIFY(Control(windows, "Rich", 1)->isVisible());
+  }
+
+  void WhileTheMouseSelectsLinesLeaveTheSelectionsOfAllTabsAlone() {
+    Windows windows;
+    ShowTabs(windows, 2);
+    for (const int slot : {0, 1})
+      windows.client.hooks.ParseChatLine("..[16:45:57]alice:() to be selected", slot);
+    windows.desktop.SetActiveTab(1);
+    RichTextView& other = PaneOf(windows, 1);
+    DragOver(other);
+    QTest::mouseRelease(other.viewport(), Qt::LeftButton);
+    const PaneRange shown = other.Selected();
+    QVERIFY(!shown.empty());
+    windows.desktop.SetActiveTab(0);
+    RichTextView& pane = PaneOf(windows, 0);
+    DragOver(pane);
+    const PaneRange dragged = pane.Selected();
+    QVERIFY(!dragged.empty());
+    for (const int slot : {0, 1})
+      windows.client.hooks.ParseChatLine("..[16:45:58]bob:() one more line", slot);
+    QCOMPARE(pane.Selected(), dragged);
+    QCOMPARE(other.Selected(), shown);
+    QTest::mouseRelease(pane.viewport(), Qt::LeftButton);
+    QCOMPARE(pane.box().SelStart(), pane.Selected().start);
   }
 
   void AClickOnATabSwitchesToIt() {

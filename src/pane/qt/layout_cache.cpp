@@ -1,6 +1,8 @@
-#include "pane/qt/cache.h"
+#include "pane/qt/layout_cache.h"
 
 #include <algorithm>
+
+#include "pane/rich_text_box.h"
 
 namespace parlorwire {
 namespace {

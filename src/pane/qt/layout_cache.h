@@ -7,8 +7,12 @@
 #include <vector>
 
 #include "pane/qt/layout.h"
+#include "pane/units.h"
+#include "pane/view.h"
 
 namespace parlorwire {
+
+class RichTextBox;
 
 class LayoutCache {
  public:

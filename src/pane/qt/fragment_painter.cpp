@@ -1,9 +1,8 @@
-// The painting of a fragment that is laid out.
+#include "pane/qt/fragment_painter.h"
+
 #include <QGlyphRun>
 #include <algorithm>
 #include <vector>
-
-#include "pane/qt/layout.h"
 
 namespace parlorwire {
 namespace {
