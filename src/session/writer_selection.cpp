@@ -18,4 +18,9 @@ void SelectUsersPaneEnd(Client& client, PanePosition start, PanePosition end, in
   SelectHidden(client, client.tab(tab).Rich_Users, start, end);
 }
 
+bool StandsAtEnd(const RichTextBox& pane) {
+  const PaneScrollInfo bar = pane.GetScrollInfo();
+  return bar.pos + bar.page >= bar.max;
+}
+
 }  // namespace parlorwire
