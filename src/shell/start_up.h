@@ -16,7 +16,8 @@ struct WindowPlace {
   bool operator==(const WindowPlace&) const = default;
 };
 
-// What the load step has to know of the screen, in twips, and of the window before anything is read.
+// What the load step has to know of the screen, in twips, and of the window before anything is
+// read.
 struct WindowMeasures {
   double Screen_Width = 0;
   double Screen_Height = 0;

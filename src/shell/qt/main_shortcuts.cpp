@@ -58,14 +58,12 @@ void MakeMainShortcuts(client_main& window, Client& client, std::function<void()
              [&client, focus_tab, n] {
                if (ShowNthTab(client, n)) focus_tab();
              });
-  shortcut(Control(Qt::Key_C), "HotkeyPoll",
-           [&window, &client] { CopyPane(window, client); });
+  shortcut(Control(Qt::Key_C), "HotkeyPoll", [&window, &client] { CopyPane(window, client); });
   shortcut({QKeySequence(Qt::Key_F5)}, "HotkeyPoll", [&client] { RefreshTab(client); });
   shortcut({QKeySequence(Qt::Key_F6)}, "HotkeyPoll", [&client] { LogInAfresh(client); });
   shortcut({QKeySequence(Qt::Key_F7)}, "HotkeyPoll", [&client] { LogInAnew(client); });
   shortcut({QKeySequence(Qt::Key_F8)}, "HotkeyPoll", [&client] { LogOff(client); });
-  shortcut(Control(Qt::Key_F), "HotkeyPoll",
-           [&client] { client.hooks.ShowSearchDialog(); });
+  shortcut(Control(Qt::Key_F), "HotkeyPoll", [&client] { client.hooks.ShowSearchDialog(); });
 }
 
 }  // namespace parlorwire

@@ -51,8 +51,9 @@ struct LongPane {
 
 // A page of channels, as it is on the wire.
 Text Page() {
-  return Koi("HTTP/1.0 200 OK\r\n\r\nэтот стиль (номер 9) предназначен для роботов\n"
-             "channel: yard\ntopic: news\nuser: bob\nuser: carl\n"_w);
+  return Koi(
+      "HTTP/1.0 200 OK\r\n\r\nэтот стиль (номер 9) предназначен для роботов\n"
+      "channel: yard\ntopic: news\nuser: bob\nuser: carl\n"_w);
 }
 
 }  // namespace
