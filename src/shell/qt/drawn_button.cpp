@@ -18,12 +18,7 @@ void DrawnButton::keyPressEvent(QKeyEvent* event) {
   QAbstractButton::keyPressEvent(event);
 }
 
-void DrawnButton::mousePressEvent(QMouseEvent* event) {
-  SetHovered(false);
-  QAbstractButton::mousePressEvent(event);
-}
-
-// While a button is held, the pointer belongs to the control even outside.
+// While a mouse button is held, the pointer belongs to the control even outside.
 void DrawnButton::mouseMoveEvent(QMouseEvent* event) {
   SetHovered(event->buttons() == Qt::NoButton);
   QAbstractButton::mouseMoveEvent(event);

@@ -17,11 +17,10 @@ class DrawnButton : public QAbstractButton {
 
  protected:
   // Whether it is to be drawn as under the mouse: the mouse has moved over it since it came, and
-  // since a button of it was last pressed or let go.
+  // since one of its buttons was last let go there.
   bool Hovered() const { return hovered_; }
 
   void keyPressEvent(QKeyEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
