@@ -61,7 +61,8 @@ class Desktop {
   // A message box with the caption "Parlorwire" that waits for the user.
   virtual void MessageBox(const Text& text, BoxIcon icon) = 0;
   // The same with the answers yes and no, one of them preselected. True on yes.
-  virtual bool AskYesNo(const Text& text, BoxIcon icon, BoxAnswer preselected) = 0;
+  virtual bool AskYesNo(const Text& text, BoxIcon icon,
+                        BoxAnswer preselected = BoxAnswer::kYes) = 0;
 
   // The language of the fixed texts.
   virtual void ShowLanguage(UiLanguage language) = 0;

@@ -41,8 +41,7 @@ bool ApplyProxyForm(Client& client) {
       TrimView(controls.proxy_addr).empty() || TrimView(controls.proxy_port).empty();
   if (controls.use_proxy && incomplete) {
     const Text question = InLanguage(client, kDoWithoutProxy);
-    if (!client.platform.desktop.AskYesNo(question, BoxIcon::kExclamation, BoxAnswer::kYes))
-      return false;
+    if (!client.platform.desktop.AskYesNo(question, BoxIcon::kExclamation)) return false;
     controls.use_proxy = false;
   }
   const ProxyControls applied = controls;

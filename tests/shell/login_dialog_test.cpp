@@ -231,9 +231,8 @@ TEST_F(Login, WithAHundredNicksATypedCharacterRaisesTheMessageAndSelectsTheFirst
   LoginDialog dialog = FillLoginDialog(client);
   ChooseLogin(client, dialog, 50);
   EditLogin(client, dialog, "nick50b");
-  EXPECT_EQ(
-      desktop.boxes,
-      (std::vector<SimulatedDesktop::Box>{{"Максимальное число ников - 100"_w, BoxIcon::kStop}}));
+  EXPECT_EQ(desktop.boxes, (std::vector<SimulatedDesktop::Box>{
+                               {"Максимальное число ников - 100"_w, BoxIcon::kStop, false}}));
   EXPECT_EQ(dialog.selected, 0);
   EXPECT_EQ(dialog.login, "nick0");
   EXPECT_EQ(dialog.pass, "pass0");
@@ -451,7 +450,7 @@ TEST_F(Login, ClosingWithNoConnectionAsksWhetherToQuit) {
   EXPECT_FALSE(CloseLoginDialog(client));
   EXPECT_EQ(desktop.boxes[0],
             (SimulatedDesktop::Box{"Вы не подключены ни к одному каналу. Выйти из программы?"_w,
-                                   BoxIcon::kQuestion, BoxAnswer::kNo}));
+                                   BoxIcon::kQuestion, true, BoxAnswer::kNo}));
   EXPECT_EQ(desktop.boxes[2].text, "You don't connected. Quit the programm?");
 }
 

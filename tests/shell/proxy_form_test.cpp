@@ -80,7 +80,7 @@ TEST_F(ProxyForm, WithoutAnAddressOrAPortApplyAsks) {
     EXPECT_EQ(
         platform.desktop.boxes[0],
         (SimulatedDesktop::Box{"Некоторые поля остались незаполненными. Отключить прокси-сервер?"_w,
-                               BoxIcon::kExclamation, BoxAnswer::kYes}));
+                               BoxIcon::kExclamation, true}));
     EXPECT_TRUE(ProxyDialog(client).use_proxy);
     EXPECT_EQ(ProxyDialog(client).proxy_addr, address);
     EXPECT_EQ(file(), "");

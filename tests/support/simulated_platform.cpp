@@ -241,7 +241,7 @@ void SimulatedDesktop::MessageBox(const Text& text, BoxIcon icon) {
 }
 
 bool SimulatedDesktop::AskYesNo(const Text& text, BoxIcon icon, BoxAnswer preselected) {
-  boxes.push_back({text, icon, preselected});
+  boxes.push_back({text, icon, true, preselected});
   if (answers.empty()) return false;
   const bool answer = answers.front();
   answers.pop_front();

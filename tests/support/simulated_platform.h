@@ -146,7 +146,8 @@ class SimulatedDesktop : public Desktop {
   struct Box {
     Text text;
     BoxIcon icon{};
-    std::optional<BoxAnswer> preselected{};  // of a question
+    bool question = false;
+    BoxAnswer preselected = BoxAnswer::kYes;  // of a question
     bool operator==(const Box&) const = default;
   };
 
