@@ -8,6 +8,7 @@ namespace parlorwire {
 enum class UiLanguage { kRussian = 1, kEnglish = 2 };
 
 enum class BoxIcon { kStop, kQuestion, kExclamation, kInformation };
+enum class BoxAnswer { kYes, kNo };
 
 // Tabs are slots 0..9. Nothing here throws.
 class Desktop {
@@ -59,8 +60,9 @@ class Desktop {
 
   // A message box with the caption "Parlorwire" that waits for the user.
   virtual void MessageBox(const Text& text, BoxIcon icon) = 0;
-  // The same with the answers yes and no, no preselected. True on yes.
-  virtual bool AskYesNo(const Text& text, BoxIcon icon) = 0;
+  // The same with the answers yes and no, one of them preselected. True on yes.
+  virtual bool AskYesNo(const Text& text, BoxIcon icon,
+                        BoxAnswer preselected = BoxAnswer::kYes) = 0;
 
   // The language of the fixed texts.
   virtual void ShowLanguage(UiLanguage language) = 0;

@@ -128,6 +128,14 @@ void AppendRecord(const Page& page, Position at) {
   if (rest.starts_with("user:")) AppendUser(page, at);
 }
 
+// A reader at the bottom of the pane is at its bottom behind what `append` writes, too.
+template <class Append>
+void KeepAtBottom(const Page& page, const Append& append) {
+  const bool at_bottom = StandsAtEnd(page.pane());
+  append();
+  if (at_bottom) page.pane().VScroll(PaneScroll::kBottom);
+}
+
 // The first saved login of that nick gets the channel.
 void RememberChannel(Client& client, const Text& login, const Text& channel) {
   std::int16_t count = 0;
@@ -147,12 +155,10 @@ void ShowChannelList(Client& client, int tab) {
   const std::uint32_t session_number = session.SessionNumber;
   const Page page{client, tab, session.ChannelListPage, session.Rich.Length()};
   const PaintOnce paint_once(page.pane());
-  AppendHeading(page);
+  KeepAtBottom(page, [&] { AppendHeading(page); });
   for (Position at = 1; at <= Len(page.text); ++at) {
     if (!KeyStandsAt(page, at)) continue;
-    const PaneScrollInfo before = page.pane().GetScrollInfo();
-    AppendRecord(page, at);
-    if (before.pos + before.page >= before.max) page.pane().VScroll(PaneScroll::kBottom);
+    KeepAtBottom(page, [&] { AppendRecord(page, at); });
     client.platform.desktop.YieldToEvents();
     if (session.SessionNumber != session_number) return;
   }

@@ -46,6 +46,7 @@ void StatusOut(Client& client, const Text& text, StatusMode mode, int tab) {
   RichTextBox& rich = client.tab(tab).Rich;
   const Text& channel = client.tab(tab).Channel;
 
+  const bool at_end = StandsAtEnd(rich);
   const PaintOnce paint_once(rich);
   SelectPaneEnd(client, rich.Length(), rich.Length(), tab);
   rich.SelFormat(StatusFace(client.app.rFontStatus));
@@ -72,8 +73,6 @@ void StatusOut(Client& client, const Text& text, StatusMode mode, int tab) {
       (text == kPersonalNotice.russian || text == kPersonalNotice.english))
     MarkPersonalNotice(client, tab);
 
-  const PaneScrollInfo scroll = rich.GetScrollInfo();
-  const bool at_end = scroll.pos + scroll.page >= scroll.max;
   if (!client.platform.desktop.StopScroll(tab) || at_end) rich.VScroll(PaneScroll::kBottom);
 }
 

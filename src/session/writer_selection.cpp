@@ -23,4 +23,9 @@ void SelectUsersPaneEnd(Client& client, PanePosition start, PanePosition end, in
   SelectUnseen(client.app, client.tab(tab).Rich_Users, start, end, tab);
 }
 
+bool StandsAtEnd(const RichTextBox& pane) {
+  const PaneScrollInfo bar = pane.GetScrollInfo();
+  return bar.pos + bar.page >= bar.max;
+}
+
 }  // namespace parlorwire

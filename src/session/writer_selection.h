@@ -13,6 +13,10 @@ void SelectPaneEnd(Client& client, PanePosition start, PanePosition end, int tab
 void SelectUsersPaneEnd(Client& client, PanePosition start, PanePosition end,
                         int tab);  // Rich_Users
 
+// Whether the view of a pane stands at the end of the text; also where there is nothing to scroll.
+// To be asked before anything is written: what is written lies below the view.
+bool StandsAtEnd(const RichTextBox& pane);
+
 // While it lives, changes of the pane are not painted; then they are, as one.
 struct PaintOnce {
   explicit PaintOnce(RichTextBox& changing) : pane(changing) { pane.SetRedraw(false); }

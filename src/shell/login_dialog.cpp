@@ -47,6 +47,7 @@ bool Select(const AppState& app, LoginDialog& dialog, int index) {
   dialog.login = dialog.logins[static_cast<std::size_t>(index)];
   dialog.save_pass =
       index < kMaxLogins && !app.SavedPassword[static_cast<std::size_t>(index)].empty();
+  dialog.save_pass_clicked = false;
   return true;
 }
 
@@ -115,7 +116,12 @@ void EditLogin(Client& client, LoginDialog& dialog, const Text& text) {
   dialog.pass.clear();
   dialog.room.clear();
   dialog.channel_pwd_input.clear();
-  dialog.save_pass = false;
+  if (!dialog.save_pass_clicked) dialog.save_pass = false;
+}
+
+void save_pass_Click(LoginDialog& dialog, bool on) {
+  dialog.save_pass = on;
+  dialog.save_pass_clicked = true;
 }
 
 LoginOutcome ConnectByDialog(Client& client, LoginDialog& dialog) {

@@ -21,6 +21,7 @@ struct LoginDialog {
   Text room;
   Text channel_pwd_input;
   bool save_pass = false;
+  bool save_pass_clicked = false;  // by the user, since an entry was last selected
 };
 
 enum class LoginField { kNone, kLogin, kPass };
@@ -40,9 +41,13 @@ LoginDialog FillLoginDialog(Client& client);
 // The user selects an entry of the combo.
 void ChooseLogin(const Client& client, LoginDialog& dialog, int index);
 
-// The user changes the combo's text to `text`. The other fields are emptied; with 100 entries in
-// the combo a message comes up instead, and entry 0 is selected.
+// The user changes the combo's text to `text`. The other fields are emptied; `save_pass` stays as
+// the user has clicked it, while a tick that came with a saved login goes. With 100 entries in the
+// combo a message comes up instead, and entry 0 is selected.
 void EditLogin(Client& client, LoginDialog& dialog, const Text& text);
+
+// The user clicks the check box `save_pass`; it is on or off now.
+void save_pass_Click(LoginDialog& dialog, bool on);
 
 // The button `button_connect`, or Enter in `room`: the active tab takes what stands in the
 // controls, the login is saved, and the tab connects. A tab that is not visible yet is shown first.

@@ -134,9 +134,8 @@ WindowPlace LoadStep(Client& client, const WindowMeasures& measures) {
   client.app.DisableKickChannels = ReadIni(client, "DisableKickChannels", "channels");
   for (int slot = 0; slot < kTabCount; ++slot)
     client.platform.desktop.SetTabVisible(slot, false);
-  const double split_percent = measures.line_razdel_Left * 100 / measures.SSTab_Width;
   for (int slot = 0; slot < kTabCount; ++slot)
-    PrepareSlot(client, slot, split_percent);
+    PrepareSlot(client, slot, measures.TabSplitPercent);
   const WindowPlace place = ReadPlace(client, measures);
   ShowNotConnected(client);
   client.tab(0).LoginShown = true;

@@ -17,12 +17,12 @@ struct WindowPlace {
   bool operator==(const WindowPlace&) const = default;
 };
 
-// What the load step has to know of the window before anything is read. In twips.
+// What the load step has to know of the screen, in twips, and of the window before anything is
+// read.
 struct WindowMeasures {
   double Screen_Width = 0;
   double Screen_Height = 0;
-  double line_razdel_Left = 0;  // as designed, the same in every tab
-  double SSTab_Width = 1;       // above 0
+  double TabSplitPercent = 0;  // where line_razdel stands as designed, in percent of SSTab
 };
 
 // The load step: reads config.ini, CM.ini, IPlog.log and AutoKick.lst, and leaves all ten slots

@@ -116,7 +116,8 @@ bool AnyTabInUse(const Client& client) {
 }
 
 bool AskToQuit(Client& client) {
-  return client.platform.desktop.AskYesNo(InLanguage(client, kQuitQuestion), BoxIcon::kQuestion);
+  return client.platform.desktop.AskYesNo(InLanguage(client, kQuitQuestion), BoxIcon::kQuestion,
+                                          BoxAnswer::kNo);
 }
 
 void SayUseOp_Click(Client& client, bool ticked) {

@@ -53,31 +53,6 @@ void BrowseInputHistory(Client& client, HistoryDirection direction, int tab) {
   if (!TrimView(line).empty()) client.platform.desktop.SetMsgText(tab, line);
 }
 
-MsgKey msg_KeyDown(int key_code, int shift) {
-  constexpr int kBackspace = 8;
-  constexpr int kUp = 38;
-  constexpr int kDown = 40;
-  constexpr int kCtrl = 2;
-  if (key_code == kUp) return MsgKey::kUp;
-  if (key_code == kDown) return MsgKey::kDown;
-  if (key_code == kBackspace && shift == kCtrl) return MsgKey::kDeleteWord;
-  return MsgKey::kOther;
-}
-
-MsgKey msg_KeyPress(int key_ascii) {
-  switch (key_ascii) {
-    case 13:
-      return MsgKey::kSend;
-    case 1:
-      return MsgKey::kSelectAll;
-    case 20:
-    case 127:
-      return MsgKey::kSwallow;
-    default:
-      return MsgKey::kOther;
-  }
-}
-
 BoxText DeleteWordAhead(const BoxText& box) {
   const std::size_t caret = std::min(box.caret, box.text.size());
   const std::string_view ahead = std::string_view(box.text).substr(0, caret);

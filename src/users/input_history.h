@@ -1,4 +1,4 @@
-// The message box `msg`: the memory of the last three lines sent, and what its keys mean.
+// The message box `msg`: the memory of the last three lines sent, and deleting a word.
 #pragma once
 
 #include <cstddef>
@@ -23,25 +23,6 @@ Text InputHistoryStep(TabSession& session, HistoryDirection direction);
 // Up or Down in `msg`: a step through the lines. The line that is reached becomes the text of the
 // box, with the caret at its end; a blank one leaves the box as it is.
 void BrowseInputHistory(Client& client, HistoryDirection direction, int tab);
-
-// ---- keys ----
-
-enum class MsgKey {
-  kOther,       // the box's own affair
-  kUp,          // BrowseInputHistory
-  kDown,        // BrowseInputHistory
-  kDeleteWord,  // DeleteWordAhead
-  kSend,        // button_say_MouseUp; the box must not see the key
-  kSelectAll,   // all of the box is selected; the box must not see the key
-  kSwallow,     // the box must not see the key
-};
-
-// A key that goes down: 38 is Up, 40 is Down, and 8 with `shift` 2 is Ctrl+Backspace.
-MsgKey msg_KeyDown(int key_code, int shift);
-
-// A character that is typed: 13 is Enter, 127 comes from Ctrl+Backspace, 1 from Ctrl+A and 20 from
-// Ctrl+T.
-MsgKey msg_KeyPress(int key_ascii);
 
 // The text of a box and its caret, a 0-based position between characters.
 struct BoxText {

@@ -5,7 +5,7 @@
 #include "session/http_answer.h"
 #include "session/leaving.h"
 #include "support/chat.h"
-#include "support/scripted_view.h"
+#include "support/scrolled_view.h"
 #include "text/fault.h"
 
 namespace parlorwire {
@@ -91,15 +91,56 @@ TEST_F(ChannelList, APageWithoutKeysShowsAnEmptyList) {
   EXPECT_EQ(chat.Pane(), "\r\n");
 }
 
-TEST_F(ChannelList, ScrollsToTheBottomOnlyIfItWasThereAndLetsEventsRunAtEachRecord) {
-  ScriptedView view(chat.tab().Rich);
-  view.bar = {0, 100, 20, 10};
+TEST_F(ChannelList, LetsEventsRunAtEachRecord) {
   Shown("user: a\nuser: b\n");
-  EXPECT_TRUE(view.scrolls.empty());
   EXPECT_EQ(chat.platform.desktop.yields, 2);
-  view.bar = {0, 100, 20, 80};
-  Shown("user: a\nuser: b\n");
-  EXPECT_EQ(view.scrolls, (std::vector<PaneScroll>{PaneScroll::kBottom, PaneScroll::kBottom}));
+}
+
+// A pane of some twenty lines with a view of five, and a list that comes behind them.
+struct ScrolledChannelList : ChannelList {
+  ScrolledChannelList() {
+    for (int i = 0; i < 20; ++i)
+      chat.tab().Rich.ReplaceSel("line\r\n");
+    view.Scroll(PaneScroll::kBottom);
+  }
+  void Show(const Text& page) {
+    chat.tab().ChannelListPage = page;
+    ShowChannelList(chat.client, 0);
+  }
+  ScrolledView view{chat.tab().Rich, 5};
+  const Text page = "channel: hall\nchflags: +k\ntopic: news\nuser: a\nuser: b\n";
+};
+
+TEST_F(ScrolledChannelList, AReaderAtTheBottomFollowsItToItsEnd) {
+  Show(page);  // behind the words of a refusal
+  EXPECT_TRUE(view.AtEnd()) << view.Top();
+  chat.tab().LeavePending = true;
+  Show(page);  // behind a line break
+  EXPECT_TRUE(view.AtEnd()) << view.Top();
+}
+
+TEST_F(ScrolledChannelList, AReaderAtTheBottomFollowsAnEmptyListToo) {
+  Show("");
+  EXPECT_TRUE(view.AtEnd()) << view.Top();
+}
+
+TEST_F(ScrolledChannelList, AReaderFurtherUpStaysThere) {
+  view.Scroll(PaneScroll::kLineUp);
+  const int top = view.Top();
+  Show(page);
+  EXPECT_EQ(view.Top(), top);
+}
+
+TEST_F(ScrolledChannelList, AReaderWhoGoesUpWhileItComesStaysThere) {
+  int top = 0;
+  chat.platform.desktop.on_yield = [&] {
+    if (top == 0) {
+      view.Scroll(PaneScroll::kLineUp);
+      top = view.Top();
+    }
+  };
+  Show(page);
+  EXPECT_EQ(view.Top(), top);
 }
 
 TEST_F(ChannelList, ARefusedChannelHasARedHeading) {

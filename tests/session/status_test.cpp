@@ -6,6 +6,7 @@
 #include "session/personal_notice.h"
 #include "support/chat.h"
 #include "support/scripted_view.h"
+#include "support/scrolled_view.h"
 #include "text/fault.h"
 
 namespace parlorwire {
@@ -182,24 +183,55 @@ TEST_F(Status, TheBlinkingOfTheNextNoticeBeginsWithRed) {
   EXPECT_TRUE(chat.platform.desktop.at(0).pers_red);
 }
 
-TEST_F(Status, ScrollsToTheBottomUnlessStopScrollIsOnAndTheViewIsNotAtTheEnd) {
-  ScriptedView view(rich);
-  const PaneScrollInfo above{0, 100, 20, 10}, at_end{0, 100, 20, 80};
-  struct Row {
-    bool stop_scroll;
-    PaneScrollInfo info;
-    std::size_t scrolls;
-  };
-  for (const Row& row :
-       {Row{false, above, 1}, Row{false, at_end, 1}, Row{true, above, 0}, Row{true, at_end, 1}}) {
-    view.scrolls.clear();
-    view.bar = row.info;
-    chat.platform.desktop.at(0).stop_scroll = row.stop_scroll;
-    StatusOut(chat.client, "x", 0);
-    EXPECT_EQ(view.scrolls, std::vector<PaneScroll>(row.scrolls, PaneScroll::kBottom));
-  }
+TEST_F(Status, ANewLineIsPaintedAsOne) {
+  const ScriptedView view(rich);
+  StatusOut(chat.client, "x", 0);
   EXPECT_TRUE(view.painting);
   EXPECT_EQ(view.painted_changes, 0);
+}
+
+// A pane of ten lines with a view of five.
+struct ScrolledStatus : Status {
+  ScrolledStatus() {
+    for (int i = 0; i < 9; ++i)
+      rich.ReplaceSel("line\r\n");
+    view.Scroll(PaneScroll::kBottom);
+  }
+  ScrolledView view{rich, 5};
+};
+
+TEST_F(ScrolledStatus, ANewLineScrollsToTheBottom) {
+  StatusOut(chat.client, "x", 0);
+  EXPECT_TRUE(view.AtEnd());
+  view.Scroll(PaneScroll::kLineUp);
+  StatusOut(chat.client, "x", 0);
+  EXPECT_TRUE(view.AtEnd());
+}
+
+TEST_F(ScrolledStatus, WithStopScrollAReaderAtTheEndIsTakenAlong) {
+  chat.platform.desktop.at(0).stop_scroll = true;
+  StatusOut(chat.client, "Чтение с канала..."_w, 0);
+  EXPECT_TRUE(view.AtEnd());
+  StatusOk(chat.client, 0);
+  EXPECT_TRUE(view.AtEnd());
+  NoticePersonalMessage(chat.client, 0);
+  EXPECT_TRUE(view.AtEnd());
+}
+
+TEST_F(ScrolledStatus, WithStopScrollAReaderFurtherUpStaysThere) {
+  chat.platform.desktop.at(0).stop_scroll = true;
+  view.Scroll(PaneScroll::kLineUp);
+  const int top = view.Top();
+  StatusOut(chat.client, "x", 0);
+  EXPECT_EQ(view.Top(), top);
+}
+
+TEST_F(ScrolledStatus, WithStopScrollTheLineThatFillsTheViewIsFollowed) {
+  rich.Text("1\r\n2\r\n3\r\n4\r\n");  // five lines with the empty one behind them
+  ASSERT_EQ(rich.GetScrollInfo().max, 0);
+  chat.platform.desktop.at(0).stop_scroll = true;
+  StatusOut(chat.client, "x", 0);
+  EXPECT_TRUE(view.AtEnd());
 }
 
 }  // namespace

@@ -180,6 +180,32 @@ TEST_F(Login, SavePassIsTickedWhereAPasswordIsSaved) {
   EXPECT_FALSE(dialog.save_pass);
 }
 
+TEST_F(Login, SavePassStaysAsTheUserHasClickedItWhileTheNickIsTyped) {
+  LoginDialog dialog = FillLoginDialog(client);
+  save_pass_Click(dialog, true);
+  EditLogin(client, dialog, "n");
+  EditLogin(client, dialog, "ni");
+  EXPECT_TRUE(dialog.save_pass);
+  save_pass_Click(dialog, false);
+  EditLogin(client, dialog, "nic");
+  EXPECT_FALSE(dialog.save_pass);
+}
+
+TEST_F(Login, ChoosingAnEntryEndsTheUsersOwnTick) {
+  SavedLogins(2);
+  WriteIni(client, "Main", "Passw1", "");
+  LoginDialog dialog = FillLoginDialog(client);
+  save_pass_Click(dialog, false);
+  save_pass_Click(dialog, true);
+  EditLogin(client, dialog, "nick");
+  EXPECT_TRUE(dialog.save_pass);
+  ChooseLogin(client, dialog, 1);
+  EXPECT_FALSE(dialog.save_pass);
+  ChooseLogin(client, dialog, 0);
+  EditLogin(client, dialog, "nick");
+  EXPECT_FALSE(dialog.save_pass);
+}
+
 TEST_F(Login, EditingTheNickEmptiesTheOtherFields) {
   SavedLogins(1);
   LoginDialog dialog = FillLoginDialog(client);
@@ -424,7 +450,7 @@ TEST_F(Login, ClosingWithNoConnectionAsksWhetherToQuit) {
   EXPECT_FALSE(CloseLoginDialog(client));
   EXPECT_EQ(desktop.boxes[0],
             (SimulatedDesktop::Box{"Вы не подключены ни к одному каналу. Выйти из программы?"_w,
-                                   BoxIcon::kQuestion, true}));
+                                   BoxIcon::kQuestion, true, BoxAnswer::kNo}));
   EXPECT_EQ(desktop.boxes[2].text, "You don't connected. Quit the programm?");
 }
 

@@ -184,7 +184,7 @@ TEST_F(ShutDown, WhatWasSavedIsFoundAtTheNextStart) {
   UnloadStep(client, place);
 
   Client next(platform.Ports());
-  EXPECT_EQ(LoadStep(next, {15000, 9600, 10000, 14000}), place);
+  EXPECT_EQ(LoadStep(next, {15000, 9600, 75}), place);
   EXPECT_EQ(next.app.CmIniText.text(), "bob=5");
   EXPECT_TRUE(next.app.AutoKick);
   EXPECT_EQ(next.app.rFontSystem.Name, "Arial");

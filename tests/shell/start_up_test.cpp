@@ -11,8 +11,7 @@
 namespace parlorwire {
 namespace {
 
-// A splitter a little behind three quarters of the tab, so that the percentage has decimals.
-constexpr WindowMeasures kMeasures{15000, 9600, 10000, 13333};
+constexpr WindowMeasures kMeasures{15000, 9600, 75.0018751};
 
 struct StartUp : testing::Test {
   // The keys of one section, and nothing else.

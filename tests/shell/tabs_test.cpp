@@ -269,7 +269,7 @@ TEST_F(CloseTab, ClosingTheLastTabInUseAsksAndNoKeepsIt) {
   EXPECT_FALSE(close_tab(chat.client));
   EXPECT_EQ(desktop.boxes, (std::vector<SimulatedDesktop::Box>{
                                {"Вы не подключены ни к одному каналу. Выйти из программы?"_w,
-                                BoxIcon::kQuestion, true}}));
+                                BoxIcon::kQuestion, true, BoxAnswer::kNo}}));
   EXPECT_EQ(Visible(), std::vector<int>{0});
   EXPECT_EQ(chat.Pane(), "");
   EXPECT_EQ(desktop.TabCaption(0), "Отключено"_w);

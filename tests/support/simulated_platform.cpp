@@ -237,11 +237,11 @@ void SimulatedDesktop::SetSayUseOp(bool checked, bool enabled) {
 }
 
 void SimulatedDesktop::MessageBox(const Text& text, BoxIcon icon) {
-  boxes.push_back({text, icon, false});
+  boxes.push_back({text, icon});
 }
 
-bool SimulatedDesktop::AskYesNo(const Text& text, BoxIcon icon) {
-  boxes.push_back({text, icon, true});
+bool SimulatedDesktop::AskYesNo(const Text& text, BoxIcon icon, BoxAnswer preselected) {
+  boxes.push_back({text, icon, true, preselected});
   if (answers.empty()) return false;
   const bool answer = answers.front();
   answers.pop_front();

@@ -147,6 +147,7 @@ class SimulatedDesktop : public Desktop {
     Text text;
     BoxIcon icon{};
     bool question = false;
+    BoxAnswer preselected = BoxAnswer::kYes;  // of a question
     bool operator==(const Box&) const = default;
   };
 
@@ -177,7 +178,7 @@ class SimulatedDesktop : public Desktop {
   bool SayUseOpChecked() const override { return say_use_op; }
   void SetSayUseOp(bool checked, bool enabled) override;
   void MessageBox(const Text& text, BoxIcon icon) override;
-  bool AskYesNo(const Text& text, BoxIcon icon) override;
+  bool AskYesNo(const Text& text, BoxIcon icon, BoxAnswer preselected) override;
   void ShowLanguage(UiLanguage language) override { shown_language = language; }
 
   Tab& at(int tab) { return tabs.at(static_cast<std::size_t>(tab)); }

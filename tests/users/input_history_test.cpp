@@ -112,24 +112,6 @@ TEST_F(InputHistoryTest, ABlankLineLeavesTheBoxAsItIs) {
   EXPECT_EQ(session.HistoryPos, 1);
 }
 
-TEST(MsgKeys, WhatKeysMean) {
-  EXPECT_EQ(msg_KeyDown(38, 0), MsgKey::kUp);
-  EXPECT_EQ(msg_KeyDown(40, 0), MsgKey::kDown);
-  EXPECT_EQ(msg_KeyDown(8, 2), MsgKey::kDeleteWord);
-  EXPECT_EQ(msg_KeyDown(8, 0), MsgKey::kOther);
-  EXPECT_EQ(msg_KeyDown(8, 3), MsgKey::kOther);
-  EXPECT_EQ(msg_KeyDown(13, 0), MsgKey::kOther);
-}
-
-TEST(MsgKeys, WhatCharactersMean) {
-  EXPECT_EQ(msg_KeyPress(13), MsgKey::kSend);
-  EXPECT_EQ(msg_KeyPress(127), MsgKey::kSwallow);
-  EXPECT_EQ(msg_KeyPress(20), MsgKey::kSwallow);
-  EXPECT_EQ(msg_KeyPress(1), MsgKey::kSelectAll);
-  EXPECT_EQ(msg_KeyPress('a'), MsgKey::kOther);
-  EXPECT_EQ(msg_KeyPress(8), MsgKey::kOther);
-}
-
 struct WordCase {
   const char* name;
   BoxText before;

@@ -200,8 +200,7 @@ void client_main::Load() {
   WindowMeasures measures;
   measures.Screen_Width = Twips(QGuiApplication::primaryScreen()->size().width());
   measures.Screen_Height = Twips(QGuiApplication::primaryScreen()->size().height());
-  measures.SSTab_Width = 100;
-  measures.line_razdel_Left = kDesignedSplitPercent;
+  measures.TabSplitPercent = kDesignedSplitPercent;
   const WindowPlace place = LoadStep(client_, measures);
   menu_->ShowChecks();
   if (!client_.app.LetografUrl.empty())

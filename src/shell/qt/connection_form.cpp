@@ -142,6 +142,7 @@ void connection_form::Build() {
       ShowControls();
     });
   });
+  connect(save_pass_, &QCheckBox::clicked, this, [this](bool on) { save_pass_Click(dialog_, on); });
   pass_->Enter = [this] { room_->setFocus(); };
   room_->Enter = [this] { Connect(); };
   connect(button_connect_, &QAbstractButton::clicked, this, [this] { Connect(); });

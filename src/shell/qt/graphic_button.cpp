@@ -1,8 +1,5 @@
 #include "shell/qt/graphic_button.h"
 
-#include <QEnterEvent>
-#include <QGuiApplication>
-#include <QKeyEvent>
 #include <QLinearGradient>
 #include <QPaintEvent>
 #include <QPainter>
@@ -137,8 +134,7 @@ QRectF CrispRect(const QPainter& painter, const QRectF& rect) {
 }  // namespace
 
 GraphicButton::GraphicButton(Picture picture, QWidget* parent)
-    : QAbstractButton(parent), picture_(picture) {
-  setFocusPolicy(Qt::StrongFocus);
+    : DrawnButton(parent), picture_(picture) {
   setFont(LabelFont());
 }
 
@@ -149,9 +145,7 @@ QSize GraphicButton::sizeHint() const {
 }
 
 void GraphicButton::paintEvent(QPaintEvent*) {
-  // While the button is held down, the pointer belongs to it even outside.
-  const bool held = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
-  const Look look = LookOf(isEnabled(), isDown(), underMouse() && !held);
+  const Look look = LookOf(isEnabled(), isDown(), Hovered());
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
 
@@ -183,24 +177,6 @@ void GraphicButton::paintEvent(QPaintEvent*) {
   painter.setPen(look.ink);
   const QRectF place(corner.x() + kPictureSize + kGap, pushed, size.width() + 2, height());
   painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, words);
-}
-
-void GraphicButton::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    if (!event->isAutoRepeat()) click();
-    return;
-  }
-  QAbstractButton::keyPressEvent(event);
-}
-
-void GraphicButton::enterEvent(QEnterEvent* event) {
-  QAbstractButton::enterEvent(event);
-  update();
-}
-
-void GraphicButton::leaveEvent(QEvent* event) {
-  QAbstractButton::leaveEvent(event);
-  update();
 }
 
 }  // namespace parlorwire

@@ -1,14 +1,14 @@
 // A button that is a picture, with three looks: normal, under the mouse, and pressed.
 #pragma once
 
-#include <QAbstractButton>
 #include <functional>
+
+#include "shell/qt/drawn_button.h"
 
 namespace parlorwire {
 
-// Acts (`clicked`) when the left mouse button is let go inside, and on Enter and Space. Drawn, not
-// stored, so that it is crisp at any scale. The text beside the picture may be empty.
-class GraphicButton : public QAbstractButton {
+// Drawn, not stored, so that it is crisp at any scale. The text beside the picture may be empty.
+class GraphicButton : public DrawnButton {
   Q_OBJECT
 
  public:
@@ -20,13 +20,9 @@ class GraphicButton : public QAbstractButton {
   std::function<bool()> Busy;
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  void enterEvent(QEnterEvent* event) override;
-  void leaveEvent(QEvent* event) override;
 
  private:
   Picture picture_;

@@ -1,7 +1,5 @@
 #include "shell/qt/link_label.h"
 
-#include <QEnterEvent>
-#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <utility>
@@ -15,8 +13,7 @@ constexpr int kSide = 2;  // room for the focus frame
 
 }  // namespace
 
-LinkLabel::LinkLabel(QWidget* parent) : QAbstractButton(parent) {
-  setFocusPolicy(Qt::StrongFocus);
+LinkLabel::LinkLabel(QWidget* parent) : DrawnButton(parent) {
   QFont font = LabelFont();
   font.setUnderline(true);
   setFont(font);
@@ -60,7 +57,7 @@ void LinkLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   QColor ink(kLinkColor);
   if (!isEnabled()) ink = QColor(0x8A8E88);
-  if (isEnabled() && (underMouse() || isDown())) ink = QColor(0x0A6CC8);
+  if (isEnabled() && (Hovered() || isDown())) ink = QColor(0x0A6CC8);
   if (red_) ink = Qt::red;
   painter.setPen(ink);
   painter.drawText(rect().adjusted(kSide, 0, 0, 0),
@@ -68,24 +65,6 @@ void LinkLabel::paintEvent(QPaintEvent*) {
   if (!hasFocus()) return;
   painter.setPen(QPen(QColor(kLinkColor), 1, Qt::DotLine));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
-}
-
-void LinkLabel::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    if (!event->isAutoRepeat()) click();
-    return;
-  }
-  QAbstractButton::keyPressEvent(event);
-}
-
-void LinkLabel::enterEvent(QEnterEvent* event) {
-  QAbstractButton::enterEvent(event);
-  update();
-}
-
-void LinkLabel::leaveEvent(QEvent* event) {
-  QAbstractButton::leaveEvent(event);
-  update();
 }
 
 }  // namespace parlorwire

@@ -1,16 +1,15 @@
 // A label that acts when it is clicked: underlined words with the hand pointer.
 #pragma once
 
-#include <QAbstractButton>
 #include <functional>
+
+#include "shell/qt/drawn_button.h"
 
 namespace parlorwire {
 
-// Reached by Tab, acts on the left mouse button, on Enter and on Space.
-//
 // It can be used only while it is enabled and has an action, so that a label whose action doesn't
 // exist is never shown as if it had one.
-class LinkLabel : public QAbstractButton {
+class LinkLabel : public DrawnButton {
   Q_OBJECT
 
  public:
@@ -24,13 +23,9 @@ class LinkLabel : public QAbstractButton {
   bool Red() const { return red_; }
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  void enterEvent(QEnterEvent* event) override;
-  void leaveEvent(QEvent* event) override;
 
  private:
   void Enable();

@@ -9,14 +9,15 @@
 #include "session/event_entry.h"
 #include "shell/hot_keys.h"
 #include "shell/qt/client_main.h"
+#include "shell/qt/russian_keys.h"
 #include "shell/tabs.h"
 
 namespace parlorwire {
 namespace {
 
-// A letter's key, and the letter that stands on it in the Russian layout.
-QList<QKeySequence> Control(Qt::Key key, char16_t russian_letter) {
-  return {QKeySequence(Qt::CTRL | key), QKeySequence(Qt::CTRL | Qt::Key(russian_letter))};
+// Ctrl and the key of a letter, in both layouts.
+QList<QKeySequence> Control(Qt::Key letter) {
+  return {QKeySequence(Qt::CTRL | letter), QKeySequence(Qt::CTRL | RussianKey(letter))};
 }
 
 void CopyPane(const client_main& window, const Client& client) {
@@ -38,8 +39,8 @@ void MakeMainShortcuts(client_main& window, Client& client, std::function<void()
     // With both layouts at hand one press stands for both of a shortcut's keys.
     QObject::connect(made, &QShortcut::activatedAmbiguously, &window, act);
   };
-  shortcut(Control(Qt::Key_T, u'\u0415'), "AddTab", [&client] { AddTab(client); });
-  shortcut(Control(Qt::Key_W, u'\u0426'), "close_tab", [&window] { window.CloseTab(); });
+  shortcut(Control(Qt::Key_T), "AddTab", [&client] { AddTab(client); });
+  shortcut(Control(Qt::Key_W), "close_tab", [&window] { window.CloseTab(); });
   shortcut({QKeySequence(Qt::CTRL | Qt::Key_Tab), QKeySequence(Qt::CTRL | Qt::Key_PageDown)},
            "HotkeyPoll", [&client, focus_tab] {
              ShowNextTab(client);
@@ -57,14 +58,12 @@ void MakeMainShortcuts(client_main& window, Client& client, std::function<void()
              [&client, focus_tab, n] {
                if (ShowNthTab(client, n)) focus_tab();
              });
-  shortcut(Control(Qt::Key_C, u'\u0421'), "HotkeyPoll",
-           [&window, &client] { CopyPane(window, client); });
+  shortcut(Control(Qt::Key_C), "HotkeyPoll", [&window, &client] { CopyPane(window, client); });
   shortcut({QKeySequence(Qt::Key_F5)}, "HotkeyPoll", [&client] { RefreshTab(client); });
   shortcut({QKeySequence(Qt::Key_F6)}, "HotkeyPoll", [&client] { LogInAfresh(client); });
   shortcut({QKeySequence(Qt::Key_F7)}, "HotkeyPoll", [&client] { LogInAnew(client); });
   shortcut({QKeySequence(Qt::Key_F8)}, "HotkeyPoll", [&client] { LogOff(client); });
-  shortcut(Control(Qt::Key_F, u'\u0410'), "HotkeyPoll",
-           [&client] { client.hooks.ShowSearchDialog(); });
+  shortcut(Control(Qt::Key_F), "HotkeyPoll", [&client] { client.hooks.ShowSearchDialog(); });
 }
 
 }  // namespace parlorwire

@@ -40,11 +40,11 @@ void ShowMessageBox(QWidget* owner, const Text& text, BoxIcon icon) {
   box.exec();
 }
 
-bool AskInMessageBox(QWidget* owner, const Text& text, BoxIcon icon) {
+bool AskInMessageBox(QWidget* owner, const Text& text, BoxIcon icon, BoxAnswer preselected) {
   QMessageBox box(owner);
   Prepare(box, text, icon);
   box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-  box.setDefaultButton(QMessageBox::No);
+  box.setDefaultButton(preselected == BoxAnswer::kYes ? QMessageBox::Yes : QMessageBox::No);
   box.setEscapeButton(QMessageBox::No);
   return box.exec() == QMessageBox::Yes;
 }

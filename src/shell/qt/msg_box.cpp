@@ -4,32 +4,11 @@
 #include <optional>
 
 #include "platform/qt/text_conversion.h"
+#include "shell/qt/russian_keys.h"
 #include "users/input_history.h"
 
 namespace parlorwire {
 namespace {
-
-// The classic numbers of the keys that the box cares for.
-MsgKey Meaning(const QKeyEvent& event) {
-  const bool control = event.modifiers() == Qt::ControlModifier;
-  switch (event.key()) {
-    case Qt::Key_Up:
-      return msg_KeyDown(38, 0);
-    case Qt::Key_Down:
-      return msg_KeyDown(40, 0);
-    case Qt::Key_Backspace:
-      return msg_KeyDown(8, control ? 2 : 0);
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return msg_KeyPress(13);
-    case Qt::Key_A:
-      return control ? msg_KeyPress(1) : MsgKey::kOther;
-    case Qt::Key_T:
-      return control ? msg_KeyPress(20) : MsgKey::kOther;
-    default:
-      return MsgKey::kOther;
-  }
-}
 
 std::optional<PaneStep> StepOf(const QKeyEvent& event) {
   const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
@@ -64,18 +43,22 @@ MsgBox::MsgBox(QWidget* parent) : QLineEdit(parent) {
 }
 
 bool MsgBox::event(QEvent* event) {
-  // The box's own keys come before those of the window.
-  if (event->type() == QEvent::ShortcutOverride) {
-    // With nothing selected here, the window copies from the pane that was clicked.
-    if (static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy) && !hasSelectedText()) {
-      event->ignore();
-      return true;
-    }
-    const MsgKey meaning = Meaning(*static_cast<QKeyEvent*>(event));
-    if (meaning == MsgKey::kSelectAll || meaning == MsgKey::kDeleteWord) {
-      event->accept();
-      return true;
-    }
+  const bool asked_first = event->type() == QEvent::ShortcutOverride;
+  if (!asked_first && event->type() != QEvent::KeyPress) return QLineEdit::event(event);
+  const auto* key = static_cast<QKeyEvent*>(event);
+  // The toolkit's keys to edit with are Latin letters.
+  const Qt::Key latin = LatinKey(key->key());
+  if (key->modifiers() == Qt::ControlModifier && latin != key->key()) {
+    QKeyEvent same(event->type(), latin, key->modifiers());
+    same.setAccepted(event->isAccepted());
+    const bool known = MsgBox::event(&same);
+    event->setAccepted(same.isAccepted());
+    return known;
+  }
+  // With nothing selected here, the window copies from the pane that was clicked.
+  if (asked_first && key->matches(QKeySequence::Copy) && !hasSelectedText()) {
+    event->ignore();
+    return true;
   }
   return QLineEdit::event(event);
 }
@@ -85,28 +68,25 @@ void MsgBox::keyPressEvent(QKeyEvent* event) {
     if (ScrollPane) ScrollPane(*step);
     return;
   }
-  switch (Meaning(*event)) {
-    case MsgKey::kSend:
-      if (!isReadOnly() && Send) Send();
-      break;
-    case MsgKey::kUp:
+  switch (event->key()) {
+    case Qt::Key_Up:
       if (Browse) Browse(true);
-      break;
-    case MsgKey::kDown:
+      return;
+    case Qt::Key_Down:
       if (Browse) Browse(false);
-      break;
-    case MsgKey::kDeleteWord:
+      return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (!isReadOnly() && Send) Send();
+      return;
+    case Qt::Key_Backspace:
+      if (event->modifiers() != Qt::ControlModifier) break;
       if (!isReadOnly()) DeleteWord();
-      break;
-    case MsgKey::kSelectAll:
-      selectAll();
-      break;
-    case MsgKey::kSwallow:
-      break;
-    case MsgKey::kOther:
-      QLineEdit::keyPressEvent(event);
+      return;
+    default:
       break;
   }
+  QLineEdit::keyPressEvent(event);
 }
 
 void MsgBox::DeleteWord() {

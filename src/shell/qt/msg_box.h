@@ -9,7 +9,8 @@ namespace parlorwire {
 // What the keys Page Up, Page Down, Ctrl+Home and Ctrl+End do to the pane above the box.
 enum class PaneStep { kPageUp, kPageDown, kStart, kEnd };
 
-// One line. What its other keys mean is decided elsewhere.
+// One line. With Ctrl, the letters of the Russian layout are those that stand on their keys in the
+// Latin one.
 class MsgBox : public QLineEdit {
   Q_OBJECT
 

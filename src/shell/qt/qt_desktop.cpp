@@ -165,8 +165,8 @@ void QtDesktop::MessageBox(const Text& text, BoxIcon icon) {
   if (window_) ShowMessageBox(BoxOwner(window_), text, icon);
 }
 
-bool QtDesktop::AskYesNo(const Text& text, BoxIcon icon) {
-  return window_ && AskInMessageBox(BoxOwner(window_), text, icon);
+bool QtDesktop::AskYesNo(const Text& text, BoxIcon icon, BoxAnswer preselected) {
+  return window_ && AskInMessageBox(BoxOwner(window_), text, icon, preselected);
 }
 
 void QtDesktop::ShowLanguage(UiLanguage language) {

@@ -53,7 +53,7 @@ class QtDesktop : public Desktop {
   void SetSayUseOp(bool checked, bool enabled) override;
 
   void MessageBox(const Text& text, BoxIcon icon) override;
-  bool AskYesNo(const Text& text, BoxIcon icon) override;
+  bool AskYesNo(const Text& text, BoxIcon icon, BoxAnswer preselected) override;
 
   void ShowLanguage(UiLanguage language) override;
 

@@ -9,6 +9,16 @@
 #include "shell/qt/first_line.h"
 
 namespace parlorwire {
+namespace {
+
+// The focus goes to another window or to a menu, or comes back from there.
+bool IsForAWhile(const QFocusEvent& event) {
+  const Qt::FocusReason reason = event.reason();
+  return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+         reason == Qt::MenuBarFocusReason;
+}
+
+}  // namespace
 
 TextField::TextField(QWidget* parent) : QLineEdit(parent) {
   setFont(LabelFont());
@@ -36,12 +46,18 @@ void TextField::keyPressEvent(QKeyEvent* event) {
 
 void TextField::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);
+  if (left_for_a_while_ && IsForAWhile(*event)) return;
   // A press of the mouse puts the caret into the field after this event.
   if (event->reason() == Qt::MouseFocusReason) {
     QTimer::singleShot(0, this, &QLineEdit::selectAll);
   } else {
     selectAll();
   }
+}
+
+void TextField::focusOutEvent(QFocusEvent* event) {
+  left_for_a_while_ = IsForAWhile(*event);
+  QLineEdit::focusOutEvent(event);
 }
 
 }  // namespace parlorwire

@@ -6,7 +6,8 @@
 
 namespace parlorwire {
 
-// Selects its whole text when it gets the focus. Of a pasted text it takes the first
+// Selects its whole text when it is entered: when it gets the focus, but not when it only gets it
+// back with its window, or from a menu of its own. Of a pasted text it takes the first
 // line. A locked field is read-only and shown so.
 class TextField : public QLineEdit {
   Q_OBJECT
@@ -22,6 +23,10 @@ class TextField : public QLineEdit {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  bool left_for_a_while_ = false;  // the focus comes back by itself
 };
 
 }  // namespace parlorwire

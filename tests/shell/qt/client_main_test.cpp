@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QObject>
+#include <QPointer>
 #include <QPushButton>
 #include <csignal>
 #include <functional>
@@ -130,19 +131,17 @@ class ClientMainTest : public QObject {
                    [&] { return outside.time.NewTimer(); }});
     client_main window(client, desktop);
     window.Load();
-    const auto splash = [] {
-      for (QWidget* top : QApplication::topLevelWidgets())
-        if (qobject_cast<zastavka*>(top) != nullptr) return top;
-      return static_cast<QWidget*>(nullptr);
-    };
-    QVERIFY(splash() != nullptr);
-    QVERIFY(splash()->isVisible());
-    QVERIFY(qAbs(splash()->geometry().center().x() -
+    QPointer<QWidget> splash;
+    for (QWidget* top : QApplication::topLevelWidgets())
+      if (qobject_cast<zastavka*>(top) != nullptr) splash = top;
+    QVERIFY(splash != nullptr && splash->isVisible());
+    QVERIFY(qAbs(splash->geometry().center().x() -
                  QGuiApplication::primaryScreen()->geometry().center().x()) <= 1);
     window.show();
     window.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    QTRY_VERIFY(splash() == nullptr);
+    QVERIFY(splash == nullptr || !splash->isVisible());
+    QTRY_VERIFY(splash == nullptr);
   }
 
   void EveryControlHasANameAndSaysIt() {
@@ -270,7 +269,7 @@ class ClientMainTest : public QObject {
         QTest::keyClick(box, Qt::Key_Escape);
       });
       look.start(5);
-      windows.desktop.AskYesNo("?", BoxIcon::kQuestion);
+      windows.desktop.AskYesNo("?", BoxIcon::kQuestion, BoxAnswer::kNo);
       return text;
     };
     QCOMPARE(yes(), Utf8("Да"));
@@ -461,7 +460,8 @@ class ClientMainTest : public QObject {
   void ClosingUnderAnOpenBoxEndsTheProgram() {
     Windows windows;
     bool answer = true;
-    QTimer::singleShot(0, [&] { answer = windows.desktop.AskYesNo("?", BoxIcon::kQuestion); });
+    QTimer::singleShot(
+        0, [&] { answer = windows.desktop.AskYesNo("?", BoxIcon::kQuestion, BoxAnswer::kNo); });
     QTimer::singleShot(50, windows.window.get(), &QWidget::close);
     QCOMPARE(QApplication::exec(), 0);
     QVERIFY(!answer);
@@ -502,10 +502,14 @@ class ClientMainTest : public QObject {
   void TheBusyButtonFollowsConnecting() {
     Windows windows;
     auto* button = windows.Find("button_connect_main");
-    const QImage idle = button->grab().toImage();
+    windows.window->repaint();
+    const QImage idle = OnScreen(button);
     windows.tab(0).Connecting = true;
     windows.desktop.SetTabCaption(0, "x");
-    QVERIFY(button->grab().toImage() != idle);
+    QTRY_VERIFY(OnScreen(button) != idle);
+    windows.tab(0).Connecting = false;
+    windows.desktop.SetTabCaption(0, "y");
+    QTRY_COMPARE(OnScreen(button), idle);
   }
 
  private:

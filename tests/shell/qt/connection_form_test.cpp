@@ -291,6 +291,71 @@ class ConnectionFormTest : public QObject {
     QTRY_COMPARE(edit->selectedText().size(), edit->text().size());
   }
 
+  // Half a password, a look at another window, and the rest of it.
+  void ComingBackToAFieldLeavesItsTextAsItIs() {
+    Dialog dialog("");
+    auto* pass = dialog.Field("pass");
+    QTest::keyClick(dialog.login(), Qt::Key_Return);
+    QVERIFY(pass->hasFocus());
+    QTest::keyClicks(pass, "sec");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    WaitUntilActive(&other);
+    dialog.form->activateWindow();
+    WaitUntilActive(dialog.form);
+    QVERIFY(pass->hasFocus());
+    QTest::keyClicks(pass, "r");
+    QTest::keyClick(ContextMenuOf(pass), Qt::Key_Escape);
+    QVERIFY(pass->hasFocus());
+    QTest::keyClicks(pass, "et");
+    QCOMPARE(pass->text(), QString("secret"));
+  }
+
+  void OnActivationFromTheMainWindowTheFocusGoesToLogin() {
+    Dialog dialog(kTwoLogins);
+    dialog.Field("room")->setFocus();
+    dialog.windows.window->activateWindow();
+    WaitUntilActive(dialog.windows.window.get());
+    dialog.form->activateWindow();
+    WaitUntilActive(dialog.form);
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget*>(dialog.login()));
+  }
+
+  void SavePassStaysTickedWhileTheNickIsTypedAndCorrected() {
+    Dialog dialog("");
+    auto* save_pass = dialog.windows.Find<QCheckBox>("save_pass");
+    QTest::keyClick(save_pass, Qt::Key_Space);
+    QLineEdit* login = dialog.login()->lineEdit();
+    QTest::keyClicks(login, "Bop");
+    QTest::keyClick(login, Qt::Key_Backspace);
+    QTest::keyClicks(login, "b");
+    QVERIFY(save_pass->isChecked());
+    QTest::keyClicks(dialog.Field("pass"), "hush");
+    QTest::mouseClick(dialog.windows.Find("button_connect"), Qt::LeftButton);
+    QVERIFY(dialog.windows.Config().find("Login0=Bob\r\n") != Text::npos);
+    QVERIFY(dialog.windows.Config().find("Passw0=hush\r\n") != Text::npos);
+  }
+
+  // It says that the password of that login is kept; nobody has asked for it with another nick.
+  void TheTickOfASavedLoginGoesWithIt() {
+    Dialog dialog(kTwoLogins);
+    auto* save_pass = dialog.windows.Find<QCheckBox>("save_pass");
+    QVERIFY(save_pass->isChecked());
+    QTest::keyClick(dialog.login()->lineEdit(), Qt::Key_End);
+    QTest::keyClicks(dialog.login()->lineEdit(), "by");
+    QVERIFY(!save_pass->isChecked());
+  }
+
+  void ItsControlsAreWrittenInVerdana() {
+    Dialog dialog("");
+    for (const char* name : {"l_login", "l_pass", "l_room", "l_channel_pwd", "l_primechanie",
+                             "l_primechanie1", "login", "pass", "room", "channel_pwd_input"}) {
+      QCOMPARE(dialog.windows.Find(name)->font().family(), QString("verdana"));
+      QCOMPARE(dialog.windows.Find(name)->font().pointSize(), 8);
+    }
+  }
+
   void ThePasswordsAreNotReadable() {
     Dialog dialog(kTwoLogins);
     QCOMPARE(dialog.Field("pass")->echoMode(), QLineEdit::Password);

@@ -290,7 +290,13 @@ class HotKeysWindowTest : public QObject {
     QCOMPARE(clipboard->text(), QString("the list"));
   }
 
+  void WhatIsSelectedInTheInputBoxIsCopiedFirst_data() {
+    QTest::addColumn<int>("key");
+    QTest::newRow("Latin") << static_cast<int>(Qt::Key_C);
+    QTest::newRow("Russian") << kCyrillicC;
+  }
   void WhatIsSelectedInTheInputBoxIsCopiedFirst() {
+    QFETCH(int, key);
     Windows windows;
     ShowTabs(windows, 1);
     windows.tab(0).Rich.ReplaceSel("words of the pane");
@@ -301,7 +307,7 @@ class HotKeysWindowTest : public QObject {
     msg->setText("typed");
     msg->setFocus();
     msg->selectAll();
-    Press(windows, Qt::Key_C, Qt::ControlModifier);
+    Press(windows, key, Qt::ControlModifier);
     QCOMPARE(QGuiApplication::clipboard()->text(), QString("typed"));
   }
 

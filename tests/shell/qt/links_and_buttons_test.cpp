@@ -15,6 +15,28 @@ namespace parlorwire {
 // Schemes whose pages the test catches, so that nothing is really opened.
 constexpr const char* kSchemes[] = {"http", "https", "ftp", "file", "mailto", "javascript"};
 
+// A graphic button that never has the focus, alone in a window.
+struct ButtonOnGround {
+  static constexpr QPoint kInside{50, 40};
+  static constexpr QPoint kOutside{150, 90};
+
+  ButtonOnGround() {
+    ground.resize(200, 100);
+    button.setFocusPolicy(Qt::NoFocus);
+    button.setGeometry(20, 20, 60, 40);
+    ground.show();
+    if (!QTest::qWaitForWindowExposed(&ground)) qFatal("the window does not show");
+    MoveTo(kOutside);
+    ground.repaint();
+  }
+  QWindow* window() { return ground.windowHandle(); }
+  void MoveTo(QPoint place) { QTest::mouseMove(window(), place); }
+  QImage Look() { return OnScreen(&button); }
+
+  QWidget ground;
+  GraphicButton button{GraphicButton::Picture::kSay, &ground};
+};
+
 class LinksAndButtonsTest : public QObject {
   Q_OBJECT
 
@@ -33,25 +55,36 @@ class LinksAndButtonsTest : public QObject {
   void init() { opened_.clear(); }
 
   void AGraphicButtonHasThreeLooks() {
-    GraphicButton button(GraphicButton::Picture::kSay, nullptr);
-    button.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&button));
-    button.setFocusPolicy(Qt::NoFocus);
-    QTest::mouseMove(&button, QPoint(-50, -50));
-    button.setAttribute(Qt::WA_UnderMouse, false);
-    const QImage normal = button.grab().toImage();
-    button.setAttribute(Qt::WA_UnderMouse, true);
-    const QImage hover = button.grab().toImage();
-    button.setDown(true);
-    const QImage pressed = button.grab().toImage();
-    QVERIFY(normal != hover);
-    QVERIFY(hover != pressed);
+    ButtonOnGround on;
+    const QImage normal = on.Look();
+    on.MoveTo(on.kInside);
+    QTRY_VERIFY(on.Look() != normal);
+    const QImage hover = on.Look();
+    QTest::mousePress(on.window(), Qt::LeftButton, Qt::NoModifier, on.kInside);
+    QTRY_VERIFY(on.Look() != hover);
+    const QImage pressed = on.Look();
     QVERIFY(normal != pressed);
-    button.setDown(false);
-    button.setAttribute(Qt::WA_UnderMouse, false);
-    QCOMPARE(button.grab().toImage(), normal);
-    button.setEnabled(false);
-    QVERIFY(button.grab().toImage() != normal);
+    QTest::mouseRelease(on.window(), Qt::LeftButton, Qt::NoModifier, on.kInside);
+    on.MoveTo(on.kOutside);
+    QTRY_COMPARE(on.Look(), normal);
+    on.button.setEnabled(false);
+    QTRY_VERIFY(on.Look() != normal);
+  }
+
+  void AGraphicButtonIsNormalBehindAReleaseUntilTheMouseMoves() {
+    ButtonOnGround on;
+    const QImage normal = on.Look();
+    on.MoveTo(on.kInside);
+    QTRY_VERIFY(on.Look() != normal);
+    const QImage hover = on.Look();
+    for (const Qt::MouseButton mouse : {Qt::LeftButton, Qt::RightButton}) {
+      QTest::mousePress(on.window(), mouse, Qt::NoModifier, on.kInside);
+      QTest::mouseRelease(on.window(), mouse, Qt::NoModifier, on.kInside);
+      QTRY_COMPARE(on.Look(), normal);
+      on.MoveTo(on.kInside + QPoint(1, 0));
+      QTRY_COMPARE(on.Look(), hover);
+      on.MoveTo(on.kInside);
+    }
   }
 
   void AGraphicButtonHeldDownLooksNormalWhileThePointerIsOutside() {

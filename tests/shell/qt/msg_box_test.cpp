@@ -211,18 +211,28 @@ class MsgBoxTest : public QObject {
     QCOMPARE(box.msg->text(), QString("one two"));
   }
 
-  void CtrlASelectsAll() {
+  // A keyboard without Latin letters tells the letter that stands on the key.
+  void TheRussianLettersOfTheKeysEditTheBoxToo() {
     Box box;
+    const auto control_and = [&](char16_t letter) {
+      QTest::sendKeyEvent(QTest::Click, box.msg, Qt::Key(letter), QString(), Qt::ControlModifier);
+    };
     QTest::keyClicks(box.msg, "one two");
-    box.Key(Qt::Key_A, Qt::ControlModifier);
+    control_and(u'\u0424');  // of A
     QCOMPARE(box.msg->selectedText(), QString("one two"));
-  }
-
-  void CtrlTPutsNothingIntoTheBox() {
-    Box box;
-    QTest::keyClicks(box.msg, "one");
-    box.Key(Qt::Key_T, Qt::ControlModifier);
-    QCOMPARE(box.msg->text(), QString("one"));
+    QApplication::clipboard()->setText("old");
+    control_and(u'\u0421');  // of C
+    QCOMPARE(QApplication::clipboard()->text(), QString("one two"));
+    control_and(u'\u0427');  // of X
+    QCOMPARE(box.msg->text(), QString());
+    control_and(u'\u041C');  // of V
+    control_and(u'\u041C');
+    QCOMPARE(box.msg->text(), QString("one twoone two"));
+    control_and(u'\u042F');  // of Z
+    QCOMPARE(box.msg->text(), QString("one two"));
+    // Without Ctrl they are letters.
+    Type(box.msg, Utf8("\u0444"));
+    QCOMPARE(box.msg->text(), Utf8("one two\u0444"));
   }
 
   void APastedTextBecomesOneLine() {

@@ -1,3 +1,4 @@
+#include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QGroupBox>
@@ -178,9 +179,15 @@ class SettConnTest : public QObject {
     Dialog dialog("[ProxySettings]\r\nUse_proxy=1\r\nAutentification=1\r\n");
     QApplication::clipboard()->setText("first\nsecond");
     auto* edit = dialog.Field(field.toLatin1().constData());
+    edit->setFocus();
     edit->setText("<>");
     edit->setCursorPosition(1);
-    edit->paste();  // as the context menu and the middle button do
+    QMenu* menu = ContextMenuOf(edit);
+    QAction* paste = nullptr;
+    for (QAction* item : menu->actions())
+      if (item->text().endsWith("\tCtrl+V")) paste = item;
+    QVERIFY(paste != nullptr);
+    QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(paste).center());
     QCOMPARE(edit->text(), QString("<first>"));
     QCOMPARE(edit->cursorPosition(), 6);
   }
@@ -197,6 +204,45 @@ class SettConnTest : public QObject {
     edit->deselect();
     edit->setFocus(Qt::TabFocusReason);
     QCOMPARE(edit->selectedText().size(), edit->text().size());
+  }
+
+  void ComingBackToAFieldLeavesItsTextAsItIs() {
+    Dialog dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
+    auto* address = dialog.Field("proxy_addr");
+    address->setFocus();
+    QTest::keyClicks(address, "proxy");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    WaitUntilActive(&other);
+    dialog.form.activateWindow();
+    WaitUntilActive(&dialog.form);
+    QVERIFY(address->hasFocus());
+    QTest::keyClicks(address, ".ex");
+    QTest::keyClick(ContextMenuOf(address), Qt::Key_Escape);
+    QVERIFY(address->hasFocus());
+    QTest::keyClicks(address, "ample");
+    QCOMPARE(address->text(), QString("proxy.example"));
+  }
+
+  // The dialog gets the focus back only after it has given it to the field.
+  void AnAddressThatIsNotToBeForgottenIsSelected() {
+    Dialog dialog("[ProxySettings]\r\nUse_proxy=1\r\nProxy_address=proxy.example\r\n");
+    dialog.Field("proxy_port")->setFocus();
+    AnswerBox(QMessageBox::No, [&] { dialog.Click("button_apply"); });
+    dialog.form.activateWindow();  // as a window manager would
+    WaitUntilActive(&dialog.form);
+    QCOMPARE(dialog.Field("proxy_addr")->selectedText(), QString("proxy.example"));
+  }
+
+  void ItsControlsAreWrittenInVerdana() {
+    Dialog dialog("");
+    for (const char* name :
+         {"use_proxy", "proxy_addr", "proxy_port", "autentification", "proxy_login", "proxy_pass",
+          "l_proxy_addr", "l_proxy_port", "l_proxy_login", "l_proxy_pass"}) {
+      QCOMPARE(dialog.windows.Find(name)->font().family(), QString("verdana"));
+      QCOMPARE(dialog.windows.Find(name)->font().pointSize(), 8);
+    }
   }
 
   void ApplyWritesTheSixKeysAndCloses() {
@@ -224,7 +270,7 @@ class SettConnTest : public QObject {
     QFETCH(QString, question);
     Dialog dialog("[Main]\r\nLanguage=" + language.toStdString() +
                   "\r\n[ProxySettings]\r\nUse_proxy=1\r\nProxy_address= \r\nProxy_port=80\r\n");
-    const SeenBox no = EnterInBox([&] { dialog.Click("button_apply"); });
+    const SeenBox no = AnswerBox(QMessageBox::No, [&] { dialog.Click("button_apply"); });
     QCOMPARE(no.title, QString("Parlorwire"));
     QCOMPARE(no.text, question);
     QCOMPARE(no.icon, QMessageBox::Warning);
@@ -233,7 +279,8 @@ class SettConnTest : public QObject {
     QVERIFY(dialog.Box("use_proxy")->isChecked());
     QCOMPARE(dialog.form.focusWidget()->objectName(), QString("proxy_addr"));
 
-    AnswerBox(QMessageBox::Yes, [&] { dialog.Click("button_apply"); });
+    // Enter presses the preselected answer, which is yes.
+    EnterInBox([&] { dialog.Click("button_apply"); });
     QVERIFY(!dialog.form.isVisible());
     QVERIFY(dialog.windows.Config().find("Use_proxy=0") != Text::npos);
   }

@@ -4,8 +4,13 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QImage>
+#include <QMenu>
 #include <QMessageBox>
+#include <QPixmap>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <memory>
@@ -98,6 +103,27 @@ SeenBox AnswerBox(QMessageBox::StandardButton button, Action action) {
 template <class Action>
 SeenBox EnterInBox(Action action) {
   return AnswerBox(QMessageBox::NoButton, action);
+}
+
+// What is on the screen of a control; a repaint of its window brings it up to date. A grab of the
+// control would paint it afresh.
+inline QImage OnScreen(const QWidget* control) {
+  const QWidget* window = control->window();
+  const QRect place(control->mapTo(window, QPoint()), control->size());
+  return window->screen()
+      ->grabWindow(window->winId(), place.x(), place.y(), place.width(), place.height())
+      .toImage()
+      .convertToFormat(QImage::Format_RGB32);
+}
+
+// Brings up the context menu of a control.
+inline QMenu* ContextMenuOf(QWidget* control) {
+  const QPoint middle = control->rect().center();
+  QContextMenuEvent event(QContextMenuEvent::Mouse, middle, control->mapToGlobal(middle));
+  QApplication::sendEvent(control, &event);
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  if (menu == nullptr) qFatal("no context menu came up");
+  return menu;
 }
 
 // Types a text that may hold Cyrillic letters.
