@@ -329,6 +329,13 @@ TEST_F(Frame, AnUnknownStyleIsLoggedAndTheTabStaysAsItIs) {
   EXPECT_EQ(chat.Winsock1().connects, connects);
 }
 
+TEST_F(Frame, TheDumpOfAnUnknownStyleHoldsOnceWhatCameInEarlierChunks) {
+  chat.OpenFrame();
+  chat.Deliver(FirstChunk(""));
+  chat.Deliver("<table>\n");
+  EXPECT_TRUE(chat.ErrorLog().ends_with("Debug info:\r\n_!_\n<table>\n\r\n")) << chat.ErrorLog();
+}
+
 TEST_F(Frame, IgnoredChunksStillRestartTheWatchdogAndCollectInThePage) {
   chat.OpenFrame();
   chat.Deliver(FirstChunk("<table>\n"));
