@@ -110,6 +110,13 @@ TEST_F(FrameStyleTest, AnUnknownStyleIsLoggedAndTheTabStaysAsItIs) {
   EXPECT_EQ(chat.Winsock1().connects, connects);
 }
 
+TEST_F(FrameStyleTest, TheDumpOfAnUnknownStyleHoldsOnceWhatCameInEarlierChunks) {
+  chat.OpenFrame();
+  chat.Deliver(FirstChunk(""));
+  chat.Deliver("<table>\n");
+  EXPECT_TRUE(chat.ErrorLog().ends_with("Debug info:\r\n_!_\n<table>\n\r\n")) << chat.ErrorLog();
+}
+
 constexpr std::array<std::string_view, 2> kSelectionPages = {
     "<HTML>\n<head>\n<title>Select/Create channel</title>\n",
     "<html>\n<HEAD>\n<meta http-equiv=\"Content-Type\" content=\"text/html\" "

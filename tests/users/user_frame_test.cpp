@@ -127,7 +127,7 @@ TEST_F(UserFrameTest, AnEmptyAnswerChangesNothing) {
 TEST_F(UserFrameTest, ANewFetchForgetsWhatAnOldOneGot) {
   UpdateUsersFrame(client, 0);
   socket().Accept();
-  socket().Deliver("half of an ans");
+  socket().Deliver(Text(kHeader) + kTop + "ghost|[][]''\nhalf of a li");
   Frame("bob|[][]''\n");
   EXPECT_EQ(Shown(), "\r\n\r\nbob\r\n");
 }
