@@ -7,9 +7,6 @@ namespace parlorwire {
 
 namespace {
 
-constexpr char kCr = '\r';
-constexpr char kLf = '\n';
-
 // What a sealed block grows by beyond what is needed, and how much slack it may keep.
 constexpr std::size_t kSpareText = 64;
 constexpr std::size_t kSpareRuns = 8;

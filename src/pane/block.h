@@ -13,6 +13,9 @@
 
 namespace parlorwire {
 
+inline constexpr char kCr = '\r';
+inline constexpr char kLf = '\n';
+
 // The most characters that a block may be filled up to: offsets in it are packed. What lies between
 // this and what the packing can hold is for line breaks that come into a full block whole.
 inline constexpr std::size_t kLargestBlock = 16'000;

@@ -6,13 +6,6 @@
 
 namespace parlorwire {
 
-namespace {
-
-constexpr char kCr = '\r';
-constexpr char kLf = '\n';
-
-}  // namespace
-
 PaneBlockPlace PaneText::Touch(PaneBlockPlace place) const {
   ++work_.blocks_touched;
   return place;

@@ -52,7 +52,7 @@ TEST_F(FramedNoticeTest, Scrolling) {
   const std::vector<Case> cases = {
       {false, {0, 100, 10, 20}, {kBottom}}, {true, {0, 0, 0, 0}, {kBottom}},
       {true, {0, 100, 10, 20}, {}},         {true, {0, 100, 10, 88}, {}},
-      {true, {0, 100, 10, 89}, {kLineUp}},      {true, {0, 100, 10, 90}, {kLineUp}},
+      {true, {0, 100, 10, 89}, {kLineUp}},  {true, {0, 100, 10, 90}, {kLineUp}},
       {true, {0, 100, 10, 95}, {kLineUp}}};
   for (const Case& c : cases) {
     for (const bool report : {false, true}) {

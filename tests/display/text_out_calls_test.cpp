@@ -159,11 +159,13 @@ TEST_F(TextOutTest, ScrollsByTheTickAndTheBar) {
     PaneScrollInfo bar;
     std::vector<PaneScroll> scrolls;
   };
-  const std::vector<Case> cases = {
-      {false, {0, 100, 10, 20}, {kBottom}}, {false, {0, 0, 0, 0}, {kBottom}},
-      {true, {0, 0, 0, 0}, {kBottom}},      {true, {0, 100, 10, 20}, {}},
-      {true, {0, 100, 10, 89}, {}},         {true, {0, 100, 10, 90}, {kLineUp, kLineUp}},
-      {true, {0, 100, 10, 95}, {kLineUp, kLineUp}}};
+  const std::vector<Case> cases = {{false, {0, 100, 10, 20}, {kBottom}},
+                                   {false, {0, 0, 0, 0}, {kBottom}},
+                                   {true, {0, 0, 0, 0}, {kBottom}},
+                                   {true, {0, 100, 10, 20}, {}},
+                                   {true, {0, 100, 10, 89}, {}},
+                                   {true, {0, 100, 10, 90}, {kLineUp, kLineUp}},
+                                   {true, {0, 100, 10, 95}, {kLineUp, kLineUp}}};
   for (const Case& c : cases) {
     ScriptedView view(session.Rich);
     view.bar = c.bar;

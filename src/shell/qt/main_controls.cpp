@@ -66,9 +66,9 @@ void NewPanels(MainControls& c, QStatusBar* bar) {
     bar->addWidget(panel, i == 2 ? 1 : 0);
     c.panels[i] = panel;
   }
-  c.panels[2]->setText(ToQString(
-      Text("Parlorwire SE build ") + kVersion +
-      "; Все пожелания и замеченные недостатки сообщайте на канале или в перс"_w));
+  c.panels[2]->setText(
+      ToQString(Text("Parlorwire SE build ") + kVersion +
+                "; Все пожелания и замеченные недостатки сообщайте на канале или в перс"_w));
   c.panels[2]->setToolTip(c.panels[2]->text());
   SayControl(c.panels[2], c.panels[2]->text());
 }

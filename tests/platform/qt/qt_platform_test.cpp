@@ -10,7 +10,6 @@
 #include <QFile>
 #include <QTest>
 
-
 namespace parlorwire {
 
 class PlatformTest : public QObject {

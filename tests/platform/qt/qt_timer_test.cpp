@@ -8,7 +8,6 @@
 #include <memory>
 #include <vector>
 
-
 namespace parlorwire {
 
 class TimerTest : public QObject {

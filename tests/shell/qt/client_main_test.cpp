@@ -96,9 +96,10 @@ class ClientMainTest : public QObject {
 
   void TheBannerSaysTheVersion() {
     Windows windows;
-    QCOMPARE(windows.Find<QLabel>("panel_3")->text(),
-             ToQString("Parlorwire SE build 25.7; Все пожелания и замеченные недостатки сообщайте на "
-                       "канале или в перс"_w));
+    QCOMPARE(
+        windows.Find<QLabel>("panel_3")->text(),
+        ToQString("Parlorwire SE build 25.7; Все пожелания и замеченные недостатки сообщайте на "
+                  "канале или в перс"_w));
   }
 
   void NumbersAreReadOutByScreenReaders() {

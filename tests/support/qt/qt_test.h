@@ -27,8 +27,9 @@ int RunQtTest(int argc, char** argv) {
 }  // namespace parlorwire
 
 // A class that has windows, and one that only needs an event loop.
-#define WINDOW_TEST(Test) \
-  static const parlorwire::QtTestFile test_file(__FILE__, parlorwire::RunQtTest<QApplication, Test>);
-#define EVENT_LOOP_TEST(Test)                  \
-  static const parlorwire::QtTestFile test_file( \
-      __FILE__, parlorwire::RunQtTest<QCoreApplication, Test>);
+#define WINDOW_TEST(Test)                                 \
+  static const parlorwire::QtTestFile test_file(__FILE__, \
+                                                parlorwire::RunQtTest<QApplication, Test>);
+#define EVENT_LOOP_TEST(Test)                             \
+  static const parlorwire::QtTestFile test_file(__FILE__, \
+                                                parlorwire::RunQtTest<QCoreApplication, Test>);
