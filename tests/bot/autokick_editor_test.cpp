@@ -16,7 +16,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Box = SimulatedDesktop::Box;
 
-const Text kReason = "Доступ с Вашего ника или IP запрещен"_w;
+const Text kReasonTyped = "Доступ с Вашего ника или IP запрещен"_w;
 
 struct AutoKickEditing : testing::Test {
   void Open(const Text& list) {
@@ -64,8 +64,8 @@ TEST_F(AutoKickEditing, AnEntryOfThreeFieldsHasNoExceptions) {
 
 TEST_F(AutoKickEditing, AnEntryWithoutAReasonGetsTheDefaultOne) {
   Open("Bob\thall\r\nAnn\tattic\t");
-  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"Bob", "hall", kReason, ""},
-                                       AutoKickRow{"Ann", "attic", kReason, ""}));
+  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"Bob", "hall", kReasonTyped, ""},
+                                       AutoKickRow{"Ann", "attic", kReasonTyped, ""}));
   EXPECT_THAT(desktop.boxes, IsEmpty());
 }
 
@@ -77,9 +77,9 @@ TEST_F(AutoKickEditing, AnEmptyReasonAheadOfExceptionsStaysSoAndKicksNobody) {
 TEST_F(AutoKickEditing, ALineWithoutATabIsToldOfOnceAndLosesNothing) {
   Open("garbage\r\nBob\tAll\tGo\t\r\nmore");
   ExpectTold("Произошла ошибка при построении списка автокика!"_w);
-  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"garbage", "", kReason, ""},
+  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"garbage", "", kReasonTyped, ""},
                                        AutoKickRow{"Bob", "All", "Go", ""},
-                                       AutoKickRow{"more", "", kReason, ""}));
+                                       AutoKickRow{"more", "", kReasonTyped, ""}));
   ApplyAutoKickEditor(client, editor);
   EXPECT_EQ(FindAutoKick(client, "garbage", "hall", true, ""), "");
 }
@@ -97,7 +97,7 @@ TEST_F(AutoKickEditing, ANewMaskIsARowAtTheEnd) {
   Open("Ann\thall\tGo\t");
   EXPECT_TRUE(Add("Bob"));
   EXPECT_EQ(editor.rows.size(), 2U);
-  EXPECT_EQ(editor.rows.back(), (AutoKickRow{"Bob", "All", kReason, ""}));
+  EXPECT_EQ(editor.rows.back(), (AutoKickRow{"Bob", "All", kReasonTyped, ""}));
   EXPECT_EQ(client.app.AutoKickText, "Ann\thall\tGo\t");
 }
 
@@ -197,7 +197,7 @@ TEST_F(AutoKickEditing, AnEmptiedReasonComesBackAsTheDefaultOne) {
   EXPECT_TRUE(Edit(0, reason, " за флуд; и за мат "_w));
   EXPECT_EQ(Cell(0, reason), "за флуд; и за мат"_w);
   EXPECT_TRUE(Edit(0, reason, "  "));
-  EXPECT_EQ(Cell(0, reason), kReason);
+  EXPECT_EQ(Cell(0, reason), kReasonTyped);
 }
 
 TEST_F(AutoKickEditing, ABlankInTheExceptionsIsRefused) {
@@ -263,7 +263,7 @@ TEST_F(AutoKickEditing, TheListAndTheFileBecomeWhatTheRowsSay) {
 TEST_F(AutoKickEditing, ARowWithoutExceptionsIsWrittenWithATabAtTheEnd) {
   Add("Bob");
   ApplyAutoKickEditor(client, editor);
-  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + kReason + "\t");
+  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + kReasonTyped + "\t");
 }
 
 TEST_F(AutoKickEditing, WithoutRowsTheListIsEmpty) {
@@ -290,14 +290,14 @@ TEST_F(AutoKickEditing, AFileThatCouldNotBeReadIsNotRewritten) {
   Add("Bob");
   ApplyAutoKickEditor(client, editor);
   EXPECT_EQ(file(), "precious");
-  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + kReason + "\t");
+  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + kReasonTyped + "\t");
 }
 
 TEST_F(AutoKickEditing, OnADiskThatCannotBeWrittenTheListHoldsInMemory) {
   platform.files.write_fault = fault::kPermissionDenied;
   Add("Bob");
   ApplyAutoKickEditor(client, editor);
-  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + kReason + "\t");
+  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + kReasonTyped + "\t");
   EXPECT_FALSE(platform.files.files.contains("AutoKick.lst"));
 }
 

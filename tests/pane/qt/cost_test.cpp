@@ -39,7 +39,7 @@ PanePosition LineOf(ShownPane& pane, int step) {
   return pane.LineStart(pane.box.LineCount() * (step * 37 % 100) / 100);
 }
 
-void Wheel(RichTextView& view, int angle) {
+void WheelNotch(RichTextView& view, int angle) {
   const QPointF at = view.viewport()->rect().center();
   QWheelEvent event(at, view.viewport()->mapToGlobal(at), {}, {0, angle}, Qt::NoButton,
                     Qt::NoModifier, Qt::NoScrollPhase, false);
@@ -120,7 +120,7 @@ class RichTextViewCostTest : public QObject {
   }
 
   void TheWheel() {
-    Same([](ShownPane& pane, int step) { Wheel(pane.view, step % 3 == 0 ? -120 : 120); });
+    Same([](ShownPane& pane, int step) { WheelNotch(pane.view, step % 3 == 0 ? -120 : 120); });
   }
 
   void TheBarDraggedFromEndToEnd() {

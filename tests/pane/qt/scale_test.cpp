@@ -11,13 +11,13 @@
 namespace parlorwire {
 namespace {
 
-const QColor kBar(0, 163, 148);
+const QColor kBarColour(0, 163, 148);
 
 double Scale() {
   return QGuiApplication::primaryScreen()->devicePixelRatio();
 }
 
-int Count(const QImage& image, QColor colour) {
+int CountPixels(const QImage& image, QColor colour) {
   int count = 0;
   for (int y = 0; y < image.height(); ++y)
     for (int x = 0; x < image.width(); ++x)
@@ -25,7 +25,7 @@ int Count(const QImage& image, QColor colour) {
   return count;
 }
 
-void Wheel(RichTextView& view, int pixels) {
+void WheelPixels(RichTextView& view, int pixels) {
   const QPointF at = view.viewport()->rect().center();
   QWheelEvent event(at, view.viewport()->mapToGlobal(at), {0, pixels}, {}, Qt::NoButton,
                     Qt::NoModifier, Qt::NoScrollPhase, false);
@@ -55,7 +55,7 @@ class RichTextViewScaleTest : public QObject {
   void TheGroundIsPaintedToTheLastPixel() {
     ShownPane pane;
     const QImage picture = pane.Picture();
-    QCOMPARE(Count(picture, Qt::black), picture.width() * picture.height());
+    QCOMPARE(CountPixels(picture, Qt::black), picture.width() * picture.height());
     QCOMPARE(picture.height(), static_cast<int>(pane.view.viewport()->height() * Scale()));
   }
 
@@ -71,7 +71,7 @@ class RichTextViewScaleTest : public QObject {
       QCOMPARE(picture, enlarged);
     else
       QVERIFY(picture != enlarged);
-    QVERIFY(Count(picture, QColor(0xC0, 0xC0, 0xC0)) > 200 * Scale());
+    QVERIFY(CountPixels(picture, QColor(0xC0, 0xC0, 0xC0)) > 200 * Scale());
   }
 
   void ABarHasAsManyRowsAsItsHeightInPixels() {
@@ -80,7 +80,7 @@ class RichTextViewScaleTest : public QObject {
       AppendNotice(pane.box, "notice");
       AppendMessages(pane.box, 1);
       const QImage picture = pane.Picture();
-      QCOMPARE(Count(picture, kBar), static_cast<int>(8 * Scale()) * picture.width());
+      QCOMPARE(CountPixels(picture, kBarColour), static_cast<int>(8 * Scale()) * picture.width());
     }
   }
 
@@ -109,7 +109,8 @@ class RichTextViewScaleTest : public QObject {
     ShownPane pane;
     pane.box.PastePicture(
         std::make_shared<PanePicture>(PanePicture{"*:)", buffer.data().toStdString()}));
-    QCOMPARE(Count(pane.Picture(), Qt::magenta), static_cast<int>(30 * Scale() * 40 * Scale()));
+    QCOMPARE(CountPixels(pane.Picture(), Qt::magenta),
+             static_cast<int>(30 * Scale() * 40 * Scale()));
   }
 
   void WhatIsHitIsWhatWasPaintedThere() {
@@ -151,8 +152,8 @@ class RichTextViewScaleTest : public QObject {
       Append(pane.box, "MMMMMMMM\r\n", MainFormat(colour));
       pane.view.Select(0, 8);
       const QImage picture = pane.Picture();
-      QVERIFY(Count(picture, highlight) > 100 * Scale());
-      QVERIFY(Count(picture, text) > 60 * Scale());
+      QVERIFY(CountPixels(picture, highlight) > 100 * Scale());
+      QVERIFY(CountPixels(picture, text) > 60 * Scale());
     }
   }
 
@@ -160,7 +161,7 @@ class RichTextViewScaleTest : public QObject {
   void WhatIsOnTheScreenIsWhatThePaneIs() {
     ShownPane pane(60);
     for (const int pixels : {7, 8, -3, 25, -40, 1, 1, 1}) {
-      Wheel(pane.view, pixels);
+      WheelPixels(pane.view, pixels);
       ShownPane::Settle();
       CompareWithScreen(pane);
     }

@@ -14,15 +14,15 @@ namespace {
 
 constexpr int kNeverWraps = 53'000;  // twips
 
-void Wheel(RichTextView& view, QPoint pixels, QPoint angle,
-           Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+void WheelAnyWay(RichTextView& view, QPoint pixels, QPoint angle,
+                 Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
   const QPointF at = view.viewport()->rect().center();
   QWheelEvent event(at, view.viewport()->mapToGlobal(at), pixels, angle, Qt::NoButton, modifiers,
                     Qt::NoScrollPhase, false);
   QCoreApplication::sendEvent(view.viewport(), &event);
 }
 
-void Move(RichTextView& view, QPoint point) {
+void MoveTo(RichTextView& view, QPoint point) {
   QMouseEvent event(QEvent::MouseMove, point, view.viewport()->mapToGlobal(point), Qt::NoButton,
                     Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(view.viewport(), &event);
@@ -58,7 +58,7 @@ class RichTextViewSidewaysTest : public QObject {
             list.view.CharacterRect(list.long_line).top());
     QCOMPARE(list.bar().maximum(), 0);
     QVERIFY(!list.bar().isVisible());
-    Wheel(list.view, {-50, 0}, {});
+    WheelAnyWay(list.view, {-50, 0}, {});
     QCOMPARE(list.view.CharacterRect(0).left(), 3);
   }
 
@@ -122,20 +122,20 @@ class RichTextViewSidewaysTest : public QObject {
 
   void ShiftAndTheWheelGoToTheSide() {
     ShownList list;
-    Wheel(list.view, {}, {0, -120}, Qt::ShiftModifier);
+    WheelAnyWay(list.view, {}, {0, -120}, Qt::ShiftModifier);
     ShownPane::Settle();
     QVERIFY(list.bar().value() > 10);
     QCOMPARE(list.view.CharacterRect(0).left(), 3 - list.bar().value());
     QCOMPARE(list.OnScreen(), list.Picture());
-    Wheel(list.view, {}, {0, 120}, Qt::ShiftModifier);
+    WheelAnyWay(list.view, {}, {0, 120}, Qt::ShiftModifier);
     QCOMPARE(list.bar().value(), 0);
   }
 
   void ATouchPadGoesToTheSideByPixels() {
     ShownList list;
-    Wheel(list.view, {-17, 0}, {});
+    WheelAnyWay(list.view, {-17, 0}, {});
     QCOMPARE(list.bar().value(), 17);
-    Wheel(list.view, {5, 0}, {});
+    WheelAnyWay(list.view, {5, 0}, {});
     QCOMPARE(list.bar().value(), 12);
   }
 
@@ -168,7 +168,7 @@ class RichTextViewSidewaysTest : public QObject {
     const PanePosition from = list.box.CharFromPos(20, list.PointOf(list.long_line).y());
     const PanePosition to = from + 8;
     QTest::mousePress(list.view.viewport(), Qt::LeftButton, Qt::NoModifier, list.LeftOf(from));
-    Move(list.view, list.LeftOf(to));
+    MoveTo(list.view, list.LeftOf(to));
     QTest::mouseRelease(list.view.viewport(), Qt::LeftButton, Qt::NoModifier, list.LeftOf(to));
     QCOMPARE(list.view.Selected(), (PaneRange{from, to}));
     ShownPane::Settle();
@@ -182,10 +182,10 @@ class RichTextViewSidewaysTest : public QObject {
     ShownList list;
     const QPoint from = list.LeftOf(list.long_line + 2);
     QTest::mousePress(list.view.viewport(), Qt::LeftButton, Qt::NoModifier, from);
-    Move(list.view, {list.view.viewport()->width() + 60, from.y()});
+    MoveTo(list.view, {list.view.viewport()->width() + 60, from.y()});
     QTRY_COMPARE(list.bar().value(), list.bar().maximum());
     QTRY_COMPARE(list.view.Selected(), (PaneRange{list.long_line + 2, list.long_end}));
-    Move(list.view, {-60, from.y()});
+    MoveTo(list.view, {-60, from.y()});
     QTRY_COMPARE(list.bar().value(), 0);
     QTRY_COMPARE(list.view.Selected(), (PaneRange{list.long_line, list.long_line + 2}));
     QTest::mouseRelease(list.view.viewport(), Qt::LeftButton, Qt::NoModifier, from);

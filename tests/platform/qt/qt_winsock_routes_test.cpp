@@ -202,7 +202,7 @@ int RunInOwnNetwork(int argc, char** argv) {
   return RunQtTest<QCoreApplication, WinsockRoutesTest>(argc, argv);
 }
 
-const QtTestFile test_file(__FILE__, RunInOwnNetwork);
+const QtTestFile routes_file(__FILE__, RunInOwnNetwork);
 
 }  // namespace
 }  // namespace parlorwire

@@ -26,10 +26,6 @@
 namespace parlorwire {
 namespace {
 
-QString Utf8(const char* text) {
-  return QString::fromUtf8(text);
-}
-
 // Accepts or rejects the dialog of that type that comes up while `action` runs.
 template <class Dialog, class Action>
 void WithDialog(const std::function<void(Dialog&)>& answer, Action action) {

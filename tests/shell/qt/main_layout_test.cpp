@@ -15,7 +15,7 @@
 namespace parlorwire {
 namespace {
 
-void ShowTabs(Windows& windows, int count) {
+void ShowEmptyTabs(Windows& windows, int count) {
   for (int slot = 0; slot < count; ++slot) {
     windows.tab(slot).LoginShown = true;
     windows.desktop.SetTabVisible(slot, true);
@@ -67,7 +67,7 @@ class MainLayoutTest : public QObject {
   void ControlsStandByTheRules() {
     QFETCH(QSize, size);
     Windows windows;
-    ShowTabs(windows, 1);
+    ShowEmptyTabs(windows, 1);
     Resize(windows, size);
     const QSize ground = windows.Find("ground")->size();
     const int w = Twips(ground.width()) + 120 - 100;    // the window's Width - 100
@@ -171,7 +171,7 @@ class MainLayoutTest : public QObject {
 
   void TheRowsOfLinksEndWithThePage() {
     Windows windows;
-    ShowTabs(windows, 1);
+    ShowEmptyTabs(windows, 1);
     Resize(windows, QSize(900, 500));
     const int right = PlaceOf(windows, "SSTab").right();
     QCOMPARE(PlaceOf(windows, "Label1_6").right(), right);
@@ -190,7 +190,7 @@ class MainLayoutTest : public QObject {
 
   void AClickOnStopScrollGivesMsgTheFocus() {
     Windows windows;
-    ShowTabs(windows, 1);
+    ShowEmptyTabs(windows, 1);
     auto* box = windows.Find<QCheckBox>("StopScroll_0");
     for (const bool ticked : {true, false}) {
       windows.Find("SSTab")->setFocus();
@@ -213,7 +213,7 @@ class MainLayoutTest : public QObject {
 
   void AWindowBelowTheFixedHeightsMovesNothing() {
     Windows windows;
-    ShowTabs(windows, 1);
+    ShowEmptyTabs(windows, 1);
     Resize(windows, QSize(900, 500));
     const QRect rich = PlaceOf(windows, "Rich_0");
     const QRect msg = PlaceOf(windows, "msg_0");
@@ -227,7 +227,7 @@ class MainLayoutTest : public QObject {
 
   void ASmallWindowIsNoTrouble() {
     Windows windows;
-    ShowTabs(windows, 1);
+    ShowEmptyTabs(windows, 1);
     windows.window->resize(60, 60);
     QTest::qWait(20);
     Resize(windows, QSize(900, 500));
@@ -236,7 +236,7 @@ class MainLayoutTest : public QObject {
 
   void ASplitterTooFarToOneSideIsBroughtBackInEverySlot() {
     Windows windows;
-    ShowTabs(windows, 1);
+    ShowEmptyTabs(windows, 1);
     windows.tab(0).TabSplitPercent = "5";
     windows.tab(7).TabSplitPercent = "99";
     Resize(windows, QSize(900, 500));
@@ -248,7 +248,7 @@ class MainLayoutTest : public QObject {
 
   void LinesOfTheUserListNeverWrap() {
     Windows windows;
-    ShowTabs(windows, 2);
+    ShowEmptyTabs(windows, 2);
     Resize(windows, QSize(900, 500));
     const int w = Twips(windows.Find("ground")->width()) + 20;
     const int rich = qRound(w * 0.75);
@@ -262,7 +262,7 @@ class MainLayoutTest : public QObject {
 
   void HiddenSlotsAreLaidOutWhenTheyAreShown() {
     Windows windows;
-    ShowTabs(windows, 10);
+    ShowEmptyTabs(windows, 10);
     Resize(windows, QSize(800, 500));
     Counter shown(windows.Find("Rich_0"), QEvent::Resize);
     Counter hidden(windows.Find("Rich_9"), QEvent::Resize);
@@ -279,7 +279,7 @@ class MainLayoutTest : public QObject {
 
   void AResizeTouchesOnlyWhatMoves() {
     Windows windows;
-    ShowTabs(windows, 1);
+    ShowEmptyTabs(windows, 1);
     Resize(windows, QSize(800, 500));
     Counter links(windows.Find("logout"), QEvent::Move);
     Counter button(windows.Find("button_connect_main"), QEvent::Move);

@@ -11,10 +11,6 @@
 namespace parlorwire {
 namespace {
 
-QString Utf8(const char* text) {
-  return QString::fromUtf8(text);
-}
-
 Text Escaped(Text text) {
   return UrlEncodeKoi(text);
 }

@@ -20,8 +20,8 @@ const Text kFull =
     "Autentification=1\r\nProxy_login=me\r\nProxy_pass=word\r\n";
 
 // The proxy dialog, shown but not run, so that the test goes on beside it.
-struct Dialog {
-  explicit Dialog(const Text& config)
+struct SettConnWindow {
+  explicit SettConnWindow(const Text& config)
       : windows(config), form(windows.client, windows.window.get()) {
     form.show();
     form.activateWindow();
@@ -52,7 +52,7 @@ class SettConnTest : public QObject {
 
  private slots:
   void ShowsWhatTheFileHas() {
-    Dialog dialog(kFull);
+    SettConnWindow dialog(kFull);
     QVERIFY(dialog.Box("use_proxy")->isChecked());
     QVERIFY(dialog.Box("autentification")->isChecked());
     QCOMPARE(dialog.Field("proxy_addr")->text(), QString("proxy.example"));
@@ -83,7 +83,7 @@ class SettConnTest : public QObject {
     QFETCH(QString, russian);
     QFETCH(QString, english);
     for (const bool in_russian : {true, false}) {
-      Dialog dialog(in_russian ? "" : "[Main]\r\nLanguage=English\r\n");
+      SettConnWindow dialog(in_russian ? "" : "[Main]\r\nLanguage=English\r\n");
       auto* widget = dialog.windows.Find(control.toLatin1().constData());
       QString shown = widget->windowTitle();
       if (const auto* label = qobject_cast<QLabel*>(widget)) shown = label->text();
@@ -94,7 +94,7 @@ class SettConnTest : public QObject {
   }
 
   void HasTheGroundOfTheDialogs() {
-    Dialog dialog(kFull);
+    SettConnWindow dialog(kFull);
     QCOMPARE(dialog.form.grab().toImage().pixelColor(2, 2), QColor(192, 198, 187));
   }
 
@@ -111,13 +111,13 @@ class SettConnTest : public QObject {
     QFETCH(bool, use_proxy);
     QFETCH(bool, autentification);
     QFETCH(QString, locks);
-    Dialog dialog("[ProxySettings]\r\nUse_proxy=" + Text(use_proxy ? "1" : "0") +
-                  "\r\nAutentification=" + Text(autentification ? "1" : "0") + "\r\n");
+    SettConnWindow dialog("[ProxySettings]\r\nUse_proxy=" + Text(use_proxy ? "1" : "0") +
+                          "\r\nAutentification=" + Text(autentification ? "1" : "0") + "\r\n");
     QCOMPARE(dialog.Locks(), locks);
   }
 
   void TheCheckBoxesLockTheFieldsWhenClicked() {
-    Dialog dialog("");
+    SettConnWindow dialog("");
     dialog.Click("use_proxy");
     QCOMPARE(dialog.Locks(), QString("uuLL+"));
     QVERIFY(dialog.Field("proxy_addr")->hasFocus());
@@ -130,20 +130,20 @@ class SettConnTest : public QObject {
   }
 
   void WhatIsTypedIsInForceAtOnce() {
-    Dialog dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
+    SettConnWindow dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
     QTest::keyClicks(dialog.Field("proxy_addr"), "p.example");
     QCOMPARE(dialog.Controls().proxy_addr, Text("p.example"));
     QVERIFY(dialog.windows.Config().find("p.example") == Text::npos);
   }
 
   void ALockedFieldTakesNoKeys() {
-    Dialog dialog("");
+    SettConnWindow dialog("");
     QTest::keyClicks(dialog.Field("proxy_addr"), "p.example");
     QCOMPARE(dialog.Field("proxy_addr")->text(), QString());
   }
 
   void ThePortTakesDigitsAndBackspaceOnly() {
-    Dialog dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
+    SettConnWindow dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
     auto* port = dialog.Field("proxy_port");
     QTest::keyClicks(port, "8a0-8.0 9");
     QCOMPARE(port->text(), QString("80809"));
@@ -152,7 +152,7 @@ class SettConnTest : public QObject {
   }
 
   void ACaptionThatIsDisabledCanBeRead() {
-    Dialog dialog("");
+    SettConnWindow dialog("");
     auto* box = dialog.windows.Find<QCheckBox>("autentification");
     QVERIFY(!box->isEnabled());
     const QPalette look = box->palette();
@@ -161,7 +161,7 @@ class SettConnTest : public QObject {
   }
 
   void PastingKeepsTheFirstLineOnly() {
-    Dialog dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
+    SettConnWindow dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
     QApplication::clipboard()->setText("first\r\nsecond");
     auto* address = dialog.Field("proxy_addr");
     address->setFocus();
@@ -176,7 +176,7 @@ class SettConnTest : public QObject {
   }
   void PastingFromTheMenuIntoAFieldKeepsTheFirstLineOnly() {
     QFETCH(QString, field);
-    Dialog dialog("[ProxySettings]\r\nUse_proxy=1\r\nAutentification=1\r\n");
+    SettConnWindow dialog("[ProxySettings]\r\nUse_proxy=1\r\nAutentification=1\r\n");
     QApplication::clipboard()->setText("first\nsecond");
     auto* edit = dialog.Field(field.toLatin1().constData());
     edit->setFocus();
@@ -199,7 +199,7 @@ class SettConnTest : public QObject {
   }
   void EnteringAFieldSelectsItsText() {
     QFETCH(QString, field);
-    Dialog dialog(kFull);
+    SettConnWindow dialog(kFull);
     auto* edit = dialog.Field(field.toLatin1().constData());
     edit->deselect();
     edit->setFocus(Qt::TabFocusReason);
@@ -207,7 +207,7 @@ class SettConnTest : public QObject {
   }
 
   void ComingBackToAFieldLeavesItsTextAsItIs() {
-    Dialog dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
+    SettConnWindow dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
     auto* address = dialog.Field("proxy_addr");
     address->setFocus();
     QTest::keyClicks(address, "proxy");
@@ -227,7 +227,7 @@ class SettConnTest : public QObject {
 
   // The dialog gets the focus back only after it has given it to the field.
   void AnAddressThatIsNotToBeForgottenIsSelected() {
-    Dialog dialog("[ProxySettings]\r\nUse_proxy=1\r\nProxy_address=proxy.example\r\n");
+    SettConnWindow dialog("[ProxySettings]\r\nUse_proxy=1\r\nProxy_address=proxy.example\r\n");
     dialog.Field("proxy_port")->setFocus();
     AnswerBox(QMessageBox::No, [&] { dialog.Click("button_apply"); });
     dialog.form.activateWindow();  // as a window manager would
@@ -236,7 +236,7 @@ class SettConnTest : public QObject {
   }
 
   void ItsControlsAreWrittenInVerdana() {
-    Dialog dialog("");
+    SettConnWindow dialog("");
     for (const char* name :
          {"use_proxy", "proxy_addr", "proxy_port", "autentification", "proxy_login", "proxy_pass",
           "l_proxy_addr", "l_proxy_port", "l_proxy_login", "l_proxy_pass"}) {
@@ -246,7 +246,7 @@ class SettConnTest : public QObject {
   }
 
   void ApplyWritesTheSixKeysAndCloses() {
-    Dialog dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
+    SettConnWindow dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
     QTest::keyClicks(dialog.Field("proxy_addr"), "p.example");
     QTest::keyClicks(dialog.Field("proxy_port"), "8080");
     dialog.Click("button_apply");
@@ -268,8 +268,9 @@ class SettConnTest : public QObject {
   void ApplyWithAMissingAddressAsks() {
     QFETCH(QString, language);
     QFETCH(QString, question);
-    Dialog dialog("[Main]\r\nLanguage=" + language.toStdString() +
-                  "\r\n[ProxySettings]\r\nUse_proxy=1\r\nProxy_address= \r\nProxy_port=80\r\n");
+    SettConnWindow dialog(
+        "[Main]\r\nLanguage=" + language.toStdString() +
+        "\r\n[ProxySettings]\r\nUse_proxy=1\r\nProxy_address= \r\nProxy_port=80\r\n");
     const SeenBox no = AnswerBox(QMessageBox::No, [&] { dialog.Click("button_apply"); });
     QCOMPARE(no.title, QString("Parlorwire"));
     QCOMPARE(no.text, question);
@@ -292,7 +293,7 @@ class SettConnTest : public QObject {
   }
   void CancelAndEscapeForgetWhatWasTyped() {
     QFETCH(bool, by_button);
-    Dialog dialog(kFull);
+    SettConnWindow dialog(kFull);
     auto* address = dialog.Field("proxy_addr");
     address->setFocus(Qt::TabFocusReason);
     QTest::keyClicks(address, "other");

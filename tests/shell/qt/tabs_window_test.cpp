@@ -12,7 +12,7 @@ namespace parlorwire {
 namespace {
 
 // Slots 0 to `count` - 1 shown, each past its login dialog.
-void ShowTabs(Windows& windows, int count) {
+void ShowNamedTabs(Windows& windows, int count) {
   for (int slot = 0; slot < count; ++slot) {
     windows.tab(slot).LoginShown = true;
     windows.desktop.SetTabCaption(slot, "tab " + std::to_string(slot));
@@ -47,7 +47,7 @@ class TabsWindowTest : public QObject {
  private slots:
   void OnlyTheActiveSlotsControlsAreShown() {
     Windows windows;
-    ShowTabs(windows, 3);
+    ShowNamedTabs(windows, 3);
     for (int active = 0; active < 3; ++active) {
       windows.desktop.SetActiveTab(active);
       for (int slot = 0; slot < kTabCount; ++slot)
@@ -60,7 +60,7 @@ class TabsWindowTest : public QObject {
 
   void APaneThatIsWrittenToStaysHiddenWithItsTab() {
     Windows windows;
-    ShowTabs(windows, 2);
+    ShowNamedTabs(windows, 2);
     windows.tab(1).Rich.Visible(false);
     windows.tab(1).Rich.Visible(true);
     QVERIFY(!Control(windows, "Rich", 1)->isVisible());
@@ -70,7 +70,7 @@ class TabsWindowTest : public QObject {
 
   void WhileTheMouseSelectsLinesLeaveTheSelectionsOfAllTabsAlone() {
     Windows windows;
-    ShowTabs(windows, 2);
+    ShowNamedTabs(windows, 2);
     for (const int slot : {0, 1})
       windows.client.hooks.ParseChatLine("..[16:45:57]alice:() to be selected", slot);
     windows.desktop.SetActiveTab(1);
@@ -94,7 +94,7 @@ class TabsWindowTest : public QObject {
 
   void AClickOnATabSwitchesToIt() {
     Windows windows;
-    ShowTabs(windows, 3);
+    ShowNamedTabs(windows, 3);
     windows.tab(2).Connected = true;
     windows.tab(2).Channel = "home";
     windows.tab(2).IsOperator = true;
@@ -119,14 +119,14 @@ class TabsWindowTest : public QObject {
 
   void ArrowsSwitchTabs() {
     Windows windows;
-    ShowTabs(windows, 2);
+    ShowNamedTabs(windows, 2);
     QTest::keyClick(windows.Find("SSTab"), Qt::Key_Right);
     QCOMPARE(windows.desktop.ActiveTab(), 1);
   }
 
   void ATabThatWasNeverLoggedInRaisesTheDialogEachTime() {
     Windows windows;
-    ShowTabs(windows, 2);
+    ShowNamedTabs(windows, 2);
     windows.tab(1).LoginShown = false;
     auto* strip = windows.Find<SSTab>("SSTab");
     for (int i = 0; i < 2; ++i) {
@@ -139,7 +139,7 @@ class TabsWindowTest : public QObject {
 
   void AddTabTakesTheFirstHiddenSlot() {
     Windows windows;
-    ShowTabs(windows, 1);
+    ShowNamedTabs(windows, 1);
     windows.desktop.SetTabVisible(2, true);
     windows.desktop.SetMsgText(1, "old");
     windows.tab(1).Rich.Text("old");
@@ -165,7 +165,7 @@ class TabsWindowTest : public QObject {
     QFETCH(QString, language);
     QFETCH(QString, message);
     Windows windows("[Main]\r\nLanguage=" + language.toStdString() + "\r\n");
-    ShowTabs(windows, 10);
+    ShowNamedTabs(windows, 10);
     windows.desktop.SetActiveTab(4);
     const SeenBox box =
         EnterInBox([&] { QTest::mouseClick(windows.Find("AddTab"), Qt::LeftButton); });
@@ -177,7 +177,7 @@ class TabsWindowTest : public QObject {
 
   void TheUpdateButtonFetchesTheListOnTheLeftRelease() {
     Windows windows;
-    ShowTabs(windows, 1);
+    ShowNamedTabs(windows, 1);
     windows.desktop.SetTabControlsEnabled(0, true);
     QWidget* button = Control(windows, "button_update", 0);
     SimulatedSocket& socket = Simulated(windows.tab(0).Winsock3);
@@ -191,7 +191,7 @@ class TabsWindowTest : public QObject {
 
   void TheConnectButtonAddsATabWhileConnected() {
     Windows windows;
-    ShowTabs(windows, 1);
+    ShowNamedTabs(windows, 1);
     windows.tab(0).Connected = true;
     QTest::mouseClick(windows.Find("button_connect_main"), Qt::LeftButton);
     QVERIFY(windows.desktop.TabVisible(1));
@@ -199,7 +199,7 @@ class TabsWindowTest : public QObject {
 
   void HidingTheActiveTabKeepsItActive() {
     Windows windows;
-    ShowTabs(windows, 3);
+    ShowNamedTabs(windows, 3);
     windows.desktop.SetTabVisible(0, false);
     QCOMPARE(windows.desktop.ActiveTab(), 0);
     windows.desktop.SetTabVisible(0, true);
@@ -208,7 +208,7 @@ class TabsWindowTest : public QObject {
 
   void ACaptionIsShownToTheLetter() {
     Windows windows;
-    ShowTabs(windows, 1);
+    ShowNamedTabs(windows, 1);
     windows.desktop.SetTabCaption(0, "R&B - €Bob"_w);
     QCOMPARE(windows.desktop.TabCaption(0), "R&B - €Bob"_w);
     QCOMPARE(windows.Find<SSTab>("SSTab")->tabText(0), QString::fromUtf8("R&&B - €Bob"));
@@ -216,7 +216,7 @@ class TabsWindowTest : public QObject {
 
   void EnablingFollowsTheTable() {
     Windows windows("[Main]\r\nLetografUrl=http://stat.example/\r\n");
-    ShowTabs(windows, 2);
+    ShowNamedTabs(windows, 2);
     for (const bool enabled : {true, false}) {
       windows.desktop.SetTabControlsEnabled(0, enabled);
       QCOMPARE(windows.Find<QLineEdit>("msg_0")->isReadOnly(), !enabled);
@@ -240,7 +240,7 @@ class TabsWindowTest : public QObject {
     QFETCH(QSize, size);
     QFETCH(QString, language);
     Windows windows("[Main]\r\nLanguage=" + language.toStdString() + "\r\n");
-    ShowTabs(windows, 1);
+    ShowNamedTabs(windows, 1);
     windows.window->resize(size);
     QTest::qWait(20);
     QList<QWidget*> controls;

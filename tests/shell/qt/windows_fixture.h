@@ -25,6 +25,10 @@
 
 namespace parlorwire {
 
+inline QString Utf8(const char* text) {
+  return QString::fromUtf8(text);
+}
+
 struct Windows {
   // `config` is the text of config.ini; without one there is no such file.
   explicit Windows(const std::optional<Text>& config = std::nullopt) {

@@ -26,10 +26,11 @@ int RunQtTest(int argc, char** argv) {
 
 }  // namespace parlorwire
 
-// A class that has windows, and one that only needs an event loop.
-#define WINDOW_TEST(Test)                                 \
-  static const parlorwire::QtTestFile test_file(__FILE__, \
-                                                parlorwire::RunQtTest<QApplication, Test>);
-#define EVENT_LOOP_TEST(Test)                             \
-  static const parlorwire::QtTestFile test_file(__FILE__, \
-                                                parlorwire::RunQtTest<QCoreApplication, Test>);
+// A class that has windows, and one that only needs an event loop. Files that are compiled as one
+// need names of their own.
+#define WINDOW_TEST(Test) QT_TEST(Test, QApplication, __COUNTER__)
+#define EVENT_LOOP_TEST(Test) QT_TEST(Test, QCoreApplication, __COUNTER__)
+#define QT_TEST(Test, Application, number) QT_TEST_FILE(Test, Application, number)
+#define QT_TEST_FILE(Test, Application, number)                   \
+  static const parlorwire::QtTestFile test_file##number(__FILE__, \
+                                                        parlorwire::RunQtTest<Application, Test>);
