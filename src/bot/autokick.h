@@ -26,7 +26,7 @@ bool IsAddressMask(std::string_view mask);
 void LoadAutoKick(Client& client);
 
 // Gives AutoKick.lst the two lines that begin it, and `AutoKickText`. A text that was read from the
-// file begins with these lines itself, and has them twice then. Kept on purpose. Failures are
+// file begins with these lines itself, and has them twice then. See docs/names.md. Failures are
 // passed over.
 void SaveAutoKick(Client& client);
 
@@ -35,7 +35,7 @@ void SaveAutoKick(Client& client);
 // named on a channel of `DisableKickChannels`.
 // - An entry without reason never counts, but the next line that is no entry ends the look-up with
 //   the default reason. An entry that ends in its third TAB gives the reason without its first
-//   letter and with that TAB. Both kept on purpose.
+//   letter and with that TAB. See docs/names.md.
 // - An entry of three fields that fits: Fault 5. An address of fewer than four groups: Fault 9 at
 //   the first mask of addresses.
 // Waiting events run in the middle; what they do to the list changes this look-up no more. The

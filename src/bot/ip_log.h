@@ -22,7 +22,7 @@ struct SeenBefore {
 };
 
 // Logs the nick at the address, unless it stands there, and brings the file up to date. The address
-// is found wherever the text has it, also inside a longer one. Kept on purpose. A file that can't
+// is found wherever the text has it, also inside a longer one. See docs/names.md. A file that can't
 // be written is noted in error.log; the next change writes all of it.
 SeenBefore LogNickAtAddress(Client& client, const Text& nick, const Text& address);
 

@@ -12,7 +12,7 @@ struct Client;
 // sweeps it takes the next slot, else slot 1. Only the latest that waits starts with the list; one
 // that waited before it is never shown. More than 32767 slots: Fault 6. The lists of slots of all
 // tabs have one size, so a tab that falls back to slot 1 ends the highlights that other tabs have
-// in higher slots. Kept on purpose.
+// in higher slots. See docs/names.md.
 void StartJoinHighlight(Client& client, int tab, std::string_view nick);
 
 // A line of the list was drawn: the latest highlight of the tab starts, if it waits for that.

@@ -12,7 +12,7 @@ namespace parlorwire {
 // first nick whose address the list doesn't tell ends all of it.
 //
 // The nick is sought in the list as a plain text, so a longer one ahead of it that holds it is
-// taken for it. Kept on purpose. Waiting events run ahead of each nick; it ends when the tab's
+// taken for it. See docs/names.md. Waiting events run ahead of each nick; it ends when the tab's
 // session is over then, or when a newer list was treated meanwhile. A fault in a look-up for a kick
 // is logged; any other reaches the caller.
 void SayBotFunction(Client& client, int tab);

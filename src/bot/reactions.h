@@ -16,7 +16,7 @@ void ClientAction(Client& client, const Text& line, int tab);
 
 // Takes a user who has left out of the shown list, and out of the counts above it. The first place
 // in the list that reads like the nick is taken, even inside another word. `UsersText` keeps the
-// record until the next list. Kept on purpose.
+// record until the next list. See docs/names.md.
 void RemoveUser(Client& client, std::string_view nick, int tab);
 
 }  // namespace parlorwire

@@ -33,7 +33,7 @@ void ForEachField(AppState& app, Visitor visit) {
   visit("rFontStatus.Size", app.rFontStatus.Size);
   visit("rFontStatus.BackColor", app.rFontStatus.BackColor);
   visit("rFontStatus.TextColor", app.rFontStatus.TextColor);
-  visit("rFontStatus.BackColor", app.rFontStatus.BackColor);  // a second time, kept on purpose
+  visit("rFontStatus.BackColor", app.rFontStatus.BackColor);  // a second time, see docs/names.md
   visit("rRichColors.Nicks", app.rRichColors.Nicks);
   visit("rRichColors.NicksChoose", app.rRichColors.NicksChoose);
   visit("rRichColors.Symbols", app.rRichColors.Symbols);

@@ -27,7 +27,7 @@ class UserRecords {
 
   // The same for chat lines, which look from the second character behind a nick of `length` for the
   // next line feed and take the field behind it: the flags of a whole nick and of one that a longer
-  // nick ends with, but the address for any other part of a nick. Kept on purpose.
+  // nick ends with, but the address for any other part of a nick. See docs/names.md.
   Text FlagsBehind(Position at, Position length) const;
 
  private:

@@ -34,8 +34,8 @@ struct LoginOutcome {
 
 // ShowLoginDialog as far as the controls go: the saved logins from config.ini, the last one
 // selected. A saved login without a nick is skipped in the combo, but not in the saved passwords
-// and channels, so that all entries behind it show what belongs to their neighbours. Kept on
-// purpose.
+// and channels, so that all entries behind it show what belongs to their neighbours. See
+// docs/names.md.
 LoginDialog FillLoginDialog(Client& client);
 
 // The user selects an entry of the combo.

@@ -58,14 +58,14 @@ void ReadDelays(Client& client) {
       [&] { app.ReconnectDelayValue = ToLong(ReadIni(client, "Main", "ReconnectDelayValue")); });
 }
 
-// A value that is missing or no truth value means "by name", as a true one does. Kept on purpose.
+// A value that is missing or no truth value means "by name", as a true one does. See docs/names.md.
 void ReadUseDNS(Client& client) {
   bool by_name = true;
   PassOverFault([&] { by_name = ToBoolean(ReadIni(client, "Main", "UseDNS")); });
   if (by_name) client.app.ChatHost = client.app.ChatHostByName;
 }
 
-// The limits are compared as strings, so "5" lies within them and "100" doesn't. Kept on purpose.
+// The limits are compared as strings, so "5" lies within them and "100" doesn't. See docs/names.md.
 bool IsSplitPercent(const Text& value) {
   return !value.empty() && value > "18" && value < "85";
 }
