@@ -152,7 +152,7 @@ Prints "listening on ADDRESS:PORT" when it is ready, and ends on SIGTERM or SIGI
   --kick-time S        a kicked nick is kept out for S seconds (60)
   --form-b             the older form of the list of users
   --admin A,B          nicks that are administrators on every channel
-  --ban A,B            nicks and addresses, with * and ?, that may not log in
+  --ban A,B            nicks and addresses, with *, ? and #, that may not log in
   --max-frames N       with N frames open, logins are turned away (800)
   --max-connections N  (1000)
   --seed N             repeatable tickets and talk

@@ -5,6 +5,7 @@
 
 #include "service/ascii.h"
 #include "text/cut.h"
+#include "text/wildcard.h"
 
 namespace parlorwire::service {
 namespace {
@@ -44,28 +45,7 @@ bool IsAddress(std::string_view text) {
 }
 
 bool MaskMatches(std::string_view mask, std::string_view text) {
-  std::size_t at = 0;
-  std::size_t place = 0;
-  std::size_t star = std::string_view::npos;
-  std::size_t resume = 0;
-  while (place < text.size()) {
-    if (at < mask.size() && mask[at] == '*') {
-      star = at++;
-      resume = place;
-    } else if (at < mask.size() &&
-               (mask[at] == '?' || EqualsNoCase(mask.substr(at, 1), text.substr(place, 1)))) {
-      ++at;
-      ++place;
-    } else if (star != std::string_view::npos) {
-      at = star + 1;
-      place = ++resume;
-    } else {
-      return false;
-    }
-  }
-  while (at < mask.size() && mask[at] == '*')
-    ++at;
-  return at == mask.size() && !(text.empty() && !mask.empty());
+  return !text.empty() && MatchesMaskNoCase(text, mask);
 }
 
 }  // namespace parlorwire::service

@@ -25,7 +25,8 @@ bool ChannelIsAllowed(std::string_view name);
 bool IsAddress(std::string_view text);
 
 // Whether a mask names a nick or an address, in any case of letters. "*" stands for any run of
-// characters, "?" for one; all others for themselves. An empty text has no mask but the empty one.
+// characters, "?" for one, "#" for a digit; all others for themselves. No mask names "", which is
+// an address that is hidden.
 bool MaskMatches(std::string_view mask, std::string_view text);
 
 }  // namespace parlorwire::service

@@ -35,27 +35,14 @@ TEST(Names, OfAddressesAreFourGroupsOfDigits) {
     EXPECT_FALSE(IsAddress(text)) << text;
 }
 
-struct MaskCase {
-  std::string_view mask;
-  std::string_view text;
-  bool matches;
-};
-
 TEST(Names, AreMatchedByMasks) {
-  for (const MaskCase& each : {MaskCase{"alice", "ALICE", true},
-                               {"al*", "alice", true},
-                               {"*ce", "alice", true},
-                               {"a*i*e", "alice", true},
-                               {"al?ce", "alice", true},
-                               {"al?ce", "alce", false},
-                               {"10.0.*", "10.0.0.7", true},
-                               {"10.0.*", "10.1.0.7", false},
-                               {"*", "", false},
-                               {"", "", true},
-                               {"", "a", false},
-                               {"*a*b*", "xxaxxbxx", true},
-                               {"*a*b*", "xxbxxaxx", false}})
-    EXPECT_EQ(MaskMatches(each.mask, each.text), each.matches) << each.mask << " " << each.text;
+  EXPECT_TRUE(MaskMatches("Ёж*"_w, "ёжик"_w));
+  EXPECT_TRUE(MaskMatches("10.0.*", "10.0.0.7"));
+  EXPECT_TRUE(MaskMatches("10.0.?.#", "10.0.0.7"));
+  EXPECT_FALSE(MaskMatches("10.0.*", "10.1.0.7"));
+  EXPECT_FALSE(MaskMatches("al", "alice"));
+  EXPECT_FALSE(MaskMatches("*", ""));
+  EXPECT_FALSE(MaskMatches("", ""));
 }
 
 }  // namespace

@@ -8,7 +8,18 @@
 namespace parlorwire::service {
 namespace {
 
-using ServerTest = RunningServer;
+struct ServerTest : RunningServer {
+  // A nick with its frame open.
+  struct Guest {
+    Text query;
+    Peer frame;
+  };
+
+  Guest Arrive(const Text& nick) {
+    const Text query = LogIn(nick);
+    return {query, Come(query, nick)};
+  }
+};
 
 TEST_F(ServerTest, ALoginIsAnsweredAndTheConnectionClosed) {
   Start();
@@ -60,10 +71,8 @@ TEST_F(ServerTest, ANewNickStartsInStyle1) {
 
 TEST_F(ServerTest, APostEchoesOnEveryFrameOfTheChannel) {
   Start();
-  const Text alice = LogIn("alice");
-  const Text bob = LogIn("bob");
-  Peer frame_a = Come(alice, "alice");
-  Peer frame_b = Come(bob, "bob");
+  auto [alice, frame_a] = Arrive("alice");
+  auto [bob, frame_b] = Arrive("bob");
   const Text answer = Post("/newmsg_t", alice +
                                             "&reqnum=12345678&msgtext=привет, bob&msgtext0="
                                             "привет, bob&action=203"_w);
@@ -74,17 +83,14 @@ TEST_F(ServerTest, APostEchoesOnEveryFrameOfTheChannel) {
 
 TEST_F(ServerTest, TheUserFrameNamesEverybody) {
   Start();
-  const Text alice = LogIn("alice");
-  Peer frame = Come(alice, "alice");
+  auto [alice, frame] = Arrive("alice");
   EXPECT_TRUE(Post("/chl", alice).ends_with("\n\n\nalice|[+o][127.0.0.1:]''\n"));
 }
 
 TEST_F(ServerTest, AKickClosesTheFrameOfTheKickedOnly) {
   Start();
-  const Text alice = LogIn("alice");
-  const Text bob = LogIn("bob");
-  Peer frame_a = Come(alice, "alice");
-  Peer frame_b = Come(bob, "bob");
+  auto [alice, frame_a] = Arrive("alice");
+  auto [bob, frame_b] = Arrive("bob");
   Say(alice, "/k bob out");
   EXPECT_TRUE(frame_b.ReadUntil("out)\n").ends_with("]bob удален с канала (alice: out)\n"_w));
   EXPECT_EQ(frame_b.ReadOnce(), "");
@@ -109,10 +115,8 @@ TEST_F(ServerTest, ASecondLoginTakesTheFrameOver) {
 
 TEST_F(ServerTest, LeavingClosesTheFrameAndAnswersWithTheChannels) {
   Start();
-  const Text alice = LogIn("alice");
-  const Text bob = LogIn("bob");
-  Peer frame_a = Come(alice, "alice");
-  Peer frame_b = Come(bob, "bob");
+  auto [alice, frame_a] = Arrive("alice");
+  auto [bob, frame_b] = Arrive("bob");
   EXPECT_TRUE(Contains(Post("/leave", bob), "\nchannel: hall\n"));
   EXPECT_EQ(frame_b.ReadAll(), "");
   EXPECT_TRUE(frame_b.ended);
