@@ -16,8 +16,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Box = SimulatedDesktop::Box;
 
-const Text kReason = "Доступ с Вашего ника или IP запрещен"_w;
-
 struct AutoKickEditing : testing::Test {
   void Open(const Text& list) {
     client.app.AutoKickText = list;
@@ -64,8 +62,8 @@ TEST_F(AutoKickEditing, AnEntryOfThreeFieldsHasNoExceptions) {
 
 TEST_F(AutoKickEditing, AnEntryWithoutAReasonGetsTheDefaultOne) {
   Open("Bob\thall\r\nAnn\tattic\t");
-  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"Bob", "hall", kReason, ""},
-                                       AutoKickRow{"Ann", "attic", kReason, ""}));
+  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"Bob", "hall", Text(kDefaultReason), ""},
+                                       AutoKickRow{"Ann", "attic", Text(kDefaultReason), ""}));
   EXPECT_THAT(desktop.boxes, IsEmpty());
 }
 
@@ -77,9 +75,9 @@ TEST_F(AutoKickEditing, AnEmptyReasonAheadOfExceptionsStaysSoAndKicksNobody) {
 TEST_F(AutoKickEditing, ALineWithoutATabIsToldOfOnceAndLosesNothing) {
   Open("garbage\r\nBob\tAll\tGo\t\r\nmore");
   ExpectTold("Произошла ошибка при построении списка автокика!"_w);
-  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"garbage", "", kReason, ""},
+  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"garbage", "", Text(kDefaultReason), ""},
                                        AutoKickRow{"Bob", "All", "Go", ""},
-                                       AutoKickRow{"more", "", kReason, ""}));
+                                       AutoKickRow{"more", "", Text(kDefaultReason), ""}));
   ApplyAutoKickEditor(client, editor);
   EXPECT_EQ(FindAutoKick(client, "garbage", "hall", true, ""), "");
 }
@@ -97,7 +95,7 @@ TEST_F(AutoKickEditing, ANewMaskIsARowAtTheEnd) {
   Open("Ann\thall\tGo\t");
   EXPECT_TRUE(Add("Bob"));
   EXPECT_EQ(editor.rows.size(), 2U);
-  EXPECT_EQ(editor.rows.back(), (AutoKickRow{"Bob", "All", kReason, ""}));
+  EXPECT_EQ(editor.rows.back(), (AutoKickRow{"Bob", "All", Text(kDefaultReason), ""}));
   EXPECT_EQ(client.app.AutoKickText, "Ann\thall\tGo\t");
 }
 
@@ -197,7 +195,7 @@ TEST_F(AutoKickEditing, AnEmptiedReasonComesBackAsTheDefaultOne) {
   EXPECT_TRUE(Edit(0, reason, " за флуд; и за мат "_w));
   EXPECT_EQ(Cell(0, reason), "за флуд; и за мат"_w);
   EXPECT_TRUE(Edit(0, reason, "  "));
-  EXPECT_EQ(Cell(0, reason), kReason);
+  EXPECT_EQ(Cell(0, reason), Text(kDefaultReason));
 }
 
 TEST_F(AutoKickEditing, ABlankInTheExceptionsIsRefused) {
@@ -263,7 +261,7 @@ TEST_F(AutoKickEditing, TheListAndTheFileBecomeWhatTheRowsSay) {
 TEST_F(AutoKickEditing, ARowWithoutExceptionsIsWrittenWithATabAtTheEnd) {
   Add("Bob");
   ApplyAutoKickEditor(client, editor);
-  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + kReason + "\t");
+  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + Text(kDefaultReason) + "\t");
 }
 
 TEST_F(AutoKickEditing, WithoutRowsTheListIsEmpty) {
@@ -290,14 +288,14 @@ TEST_F(AutoKickEditing, AFileThatCouldNotBeReadIsNotRewritten) {
   Add("Bob");
   ApplyAutoKickEditor(client, editor);
   EXPECT_EQ(file(), "precious");
-  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + kReason + "\t");
+  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + Text(kDefaultReason) + "\t");
 }
 
 TEST_F(AutoKickEditing, OnADiskThatCannotBeWrittenTheListHoldsInMemory) {
   platform.files.write_fault = fault::kPermissionDenied;
   Add("Bob");
   ApplyAutoKickEditor(client, editor);
-  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + kReason + "\t");
+  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + Text(kDefaultReason) + "\t");
   EXPECT_FALSE(platform.files.files.contains("AutoKick.lst"));
 }
 
