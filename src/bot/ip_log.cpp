@@ -24,18 +24,19 @@ std::size_t Find(const Text& log, const Text& address) {
   return at == log.end() ? Text::npos : static_cast<std::size_t>(at - log.begin());
 }
 
-// The file has the log but for what was put into it at `at` just now.
+// The file has the log but for what was put to its end, at `at`, just now. After a write that
+// failed it is too short for that.
 bool OnlyLacksTheEnd(Client& client, std::size_t at, std::size_t added) {
   const Files& files = client.platform.files;
-  return client.app.IpLogSaved && at + added == client.app.IpLogText.size() &&
-         files.Exists(kIpLog) && files.Size(kIpLog) == static_cast<std::int64_t>(at);
+  return at + added == client.app.IpLogText.size() && files.Exists(kIpLog) &&
+         files.Size(kIpLog) == static_cast<std::int64_t>(at);
 }
 
 void Insert(Client& client, std::size_t at, const Text& addition) {
   AppState& app = client.app;
   app.IpLogText.insert(at, addition);
   if (app.IpLogUnknown) return;
-  app.IpLogSaved = GoOnAfterFault(client, ". Function: SayBotFunction.", [&] {
+  GoOnAfterFault(client, ". Function: SayBotFunction.", [&] {
     if (OnlyLacksTheEnd(client, at, addition.size()))
       client.platform.files.Append(kIpLog, addition);
     else

@@ -118,7 +118,6 @@ struct AppState {
   // A file that is there and could not be read is never written.
   bool AutoKickUnknown = false;
   bool IpLogUnknown = false;
-  bool IpLogSaved = true;       // the last write of IPlog.log did not fail
   bool AutoKickYields = false;  // waiting events run in the middle of a look-up in AutoKickText
 
   Text MenuNick;  // the nick that nick_menu was opened for last, without a colon

@@ -14,8 +14,6 @@ namespace {
 using testing::ElementsAre;
 using Box = SimulatedDesktop::Box;
 
-const Text kReason = "Доступ с Вашего ника или IP запрещен"_w;
-
 struct AutoKickAdding : testing::Test {
   AutoKickAdding() {
     client.app.MenuNick = "Bob";
@@ -45,14 +43,14 @@ struct AutoKickAdding : testing::Test {
 
 TEST_F(AutoKickAdding, ANewNickGetsAnEntryForAllChannels) {
   AddToAutoKickAllChannels(client);
-  ExpectToldAndSaved("Bob успешно добавлен в автокик-лист"_w, "Bob\tAll\t" + kReason);
+  ExpectToldAndSaved("Bob успешно добавлен в автокик-лист"_w, "Bob\tAll\t" + Text(kDefaultReason));
 }
 
 TEST_F(AutoKickAdding, ALineEndStandsAheadOfItUnlessTheListIsEmpty) {
   list() = "Ann\tAll\tGo\t";
   AddToAutoKickAllChannels(client);
   ExpectToldAndSaved("Bob успешно добавлен в автокик-лист"_w,
-                     "Ann\tAll\tGo\t\r\nBob\tAll\t" + kReason);
+                     "Ann\tAll\tGo\t\r\nBob\tAll\t" + Text(kDefaultReason));
 }
 
 TEST_F(AutoKickAdding, AnEntryWithOtherChannelsGetsAllInTheirPlace) {
@@ -75,7 +73,7 @@ TEST_F(AutoKickAdding, ANewNickGetsAnEntryForThisChannel) {
   desktop.active_tab = 3;
   AddToAutoKickThisChannel(client);
   ExpectToldAndSaved("Bob успешно добавлен в автокик-лист на канале Attic"_w,
-                     "Bob\tAttic\t" + kReason);
+                     "Bob\tAttic\t" + Text(kDefaultReason));
 }
 
 TEST_F(AutoKickAdding, AnEntryWithOtherChannelsGetsThisOneBehindThem) {
@@ -112,16 +110,16 @@ TEST_F(AutoKickAdding, OnlyALineThatBeginsWithTheWholeNickIsItsEntry) {
   const Text others = "Bobby\tx\tGo\t\r\nBigBob\tx\tGo\t\r\nB*\tx\tGo\tBob\t";
   list() = others;
   AddToAutoKickAllChannels(client);
-  EXPECT_EQ(list(), others + "\r\nBob\tAll\t" + kReason);
+  EXPECT_EQ(list(), others + "\r\nBob\tAll\t" + Text(kDefaultReason));
 }
 
 TEST_F(AutoKickAdding, TheWildcardsOfANickMeanNothing) {
   list() = "Bob\tx\tGo\t";
   client.app.MenuNick = "B*";
   AddToAutoKickAllChannels(client);
-  EXPECT_EQ(list(), "Bob\tx\tGo\t\r\nB*\tAll\t" + kReason);
+  EXPECT_EQ(list(), "Bob\tx\tGo\t\r\nB*\tAll\t" + Text(kDefaultReason));
   AddToAutoKickAllChannels(client);
-  EXPECT_EQ(list(), "Bob\tx\tGo\t\r\nB*\tAll\t" + kReason);
+  EXPECT_EQ(list(), "Bob\tx\tGo\t\r\nB*\tAll\t" + Text(kDefaultReason));
 }
 
 TEST_F(AutoKickAdding, AnEntryWithoutASecondTabEndsAtItsLine) {
@@ -131,12 +129,15 @@ TEST_F(AutoKickAdding, AnEntryWithoutASecondTabEndsAtItsLine) {
   list() = "Ann\tattic\tGo\t\r\nBob\thall";
   AddToAutoKickAllChannels(client);
   EXPECT_EQ(list(), "Ann\tattic\tGo\t\r\nBob\tAll");
+  list() = "Ann\tattic\tGo\t\r\nBob\thall";
+  AddToAutoKickThisChannel(client);
+  EXPECT_EQ(list(), "Ann\tattic\tGo\t\r\nBob\thall;Lobby");
 }
 
 TEST_F(AutoKickAdding, ATabInANickDoesNotNameSomebodyElse) {
   client.app.MenuNick = "ann\tAll\r\ncarl";
   AddToAutoKickAllChannels(client);
-  EXPECT_EQ(list(), "ann All  carl\tAll\t" + kReason);
+  EXPECT_EQ(list(), "ann All  carl\tAll\t" + Text(kDefaultReason));
 }
 
 // ---- files ----
@@ -160,7 +161,7 @@ TEST_F(AutoKickAdding, TheUserIsToldBeforeTheFileIsWritten) {
 TEST_F(AutoKickAdding, OnADiskThatCannotBeWrittenTheEntryHoldsInMemory) {
   platform.files.write_fault = 61;
   AddToAutoKickAllChannels(client);
-  EXPECT_EQ(list(), "Bob\tAll\t" + kReason);
+  EXPECT_EQ(list(), "Bob\tAll\t" + Text(kDefaultReason));
   EXPECT_FALSE(platform.files.files.contains("AutoKick.lst"));
   EXPECT_EQ(desktop.boxes.size(), 1U);
 }
@@ -171,14 +172,14 @@ TEST_F(AutoKickAdding, AFileThatCouldNotBeReadIsNotRewritten) {
   LoadAutoKick(client);
   AddToAutoKickAllChannels(client);
   EXPECT_EQ(file(), "precious");
-  EXPECT_EQ(list(), "Bob\tAll\t" + kReason);
+  EXPECT_EQ(list(), "Bob\tAll\t" + Text(kDefaultReason));
 }
 
 TEST_F(AutoKickAdding, AnEntryOfTheMenuWorksOnceTheEditorHasRewrittenIt) {
   AddToAutoKickAllChannels(client);
   EXPECT_THROW(FindAutoKick(client, "bob", "lobby", true, ""), Fault);
   ApplyAutoKickEditor(client, OpenAutoKickEditor(client));
-  EXPECT_EQ(FindAutoKick(client, "bob", "lobby", true, ""), kReason.substr(1) + "\t");
+  EXPECT_EQ(FindAutoKick(client, "bob", "lobby", true, ""), Text(kDefaultReason).substr(1) + "\t");
 }
 
 }  // namespace

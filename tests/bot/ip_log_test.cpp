@@ -125,6 +125,13 @@ TEST_F(IpLog, AFileThatWasChangedMeanwhileIsWrittenWhole) {
   EXPECT_EQ(file(), "\r\n10.0.0.7 Alpha\r\n10.0.0.8 Beta");
 }
 
+TEST_F(IpLog, AFileThatWasCutWhereTheNickBelongsIsWrittenWhole) {
+  Load("\r\n10.0.0.7 Alpha\r\n10.0.0.8 Delta");
+  file() = "\r\n10.0.0.7 Alpha";
+  Log("Beta", "10.0.0.7");
+  EXPECT_EQ(file(), "\r\n10.0.0.7 Alpha Beta\r\n10.0.0.8 Delta");
+}
+
 TEST_F(IpLog, OnAFullDiskTheTextStaysInMemoryAndTheNextChangeWritesAllOfIt) {
   Load("\r\n10.0.0.7 Alpha");
   platform.files.write_fault = fault::kDiskFull;

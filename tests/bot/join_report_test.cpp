@@ -277,6 +277,7 @@ TEST_F(JoinReport, EventsRunAheadOfEachNick) {
 }
 
 TEST_F(JoinReport, WhenTheSessionEndsMeanwhileItStops) {
+  chat.client.app.AutoKick = false;
   User("bob", "10.0.0.7");
   User("ann", "10.0.0.8");
   chat.platform.desktop.on_yield = [&] {
@@ -306,6 +307,7 @@ TEST_F(JoinReport, WhoJoinsMeanwhileWaitsForTheNextList) {
 }
 
 TEST_F(JoinReport, WhatANewerListHasTreatedMeanwhileIsNotTreatedTwice) {
+  chat.client.app.AutoKick = false;
   User("bob", "10.0.0.7");
   User("ann", "10.0.0.8");
   chat.platform.desktop.on_yield = [&] {
