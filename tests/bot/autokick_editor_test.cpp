@@ -16,11 +16,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Box = SimulatedDesktop::Box;
 
-<<<<<<< HEAD
-const Text kReasonTyped = "Доступ с Вашего ника или IP запрещен"_w;
-
-=======
->>>>>>> in_opsbot
 struct AutoKickEditing : testing::Test {
   void Open(const Text& list) {
     client.app.AutoKickText = list;
@@ -67,13 +62,8 @@ TEST_F(AutoKickEditing, AnEntryOfThreeFieldsHasNoExceptions) {
 
 TEST_F(AutoKickEditing, AnEntryWithoutAReasonGetsTheDefaultOne) {
   Open("Bob\thall\r\nAnn\tattic\t");
-<<<<<<< HEAD
-  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"Bob", "hall", kReasonTyped, ""},
-                                       AutoKickRow{"Ann", "attic", kReasonTyped, ""}));
-=======
   EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"Bob", "hall", Text(kDefaultReason), ""},
                                        AutoKickRow{"Ann", "attic", Text(kDefaultReason), ""}));
->>>>>>> in_opsbot
   EXPECT_THAT(desktop.boxes, IsEmpty());
 }
 
@@ -85,15 +75,9 @@ TEST_F(AutoKickEditing, AnEmptyReasonAheadOfExceptionsStaysSoAndKicksNobody) {
 TEST_F(AutoKickEditing, ALineWithoutATabIsToldOfOnceAndLosesNothing) {
   Open("garbage\r\nBob\tAll\tGo\t\r\nmore");
   ExpectTold("Произошла ошибка при построении списка автокика!"_w);
-<<<<<<< HEAD
-  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"garbage", "", kReasonTyped, ""},
-                                       AutoKickRow{"Bob", "All", "Go", ""},
-                                       AutoKickRow{"more", "", kReasonTyped, ""}));
-=======
   EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"garbage", "", Text(kDefaultReason), ""},
                                        AutoKickRow{"Bob", "All", "Go", ""},
                                        AutoKickRow{"more", "", Text(kDefaultReason), ""}));
->>>>>>> in_opsbot
   ApplyAutoKickEditor(client, editor);
   EXPECT_EQ(FindAutoKick(client, "garbage", "hall", true, ""), "");
 }
@@ -111,11 +95,7 @@ TEST_F(AutoKickEditing, ANewMaskIsARowAtTheEnd) {
   Open("Ann\thall\tGo\t");
   EXPECT_TRUE(Add("Bob"));
   EXPECT_EQ(editor.rows.size(), 2U);
-<<<<<<< HEAD
-  EXPECT_EQ(editor.rows.back(), (AutoKickRow{"Bob", "All", kReasonTyped, ""}));
-=======
   EXPECT_EQ(editor.rows.back(), (AutoKickRow{"Bob", "All", Text(kDefaultReason), ""}));
->>>>>>> in_opsbot
   EXPECT_EQ(client.app.AutoKickText, "Ann\thall\tGo\t");
 }
 
@@ -215,11 +195,7 @@ TEST_F(AutoKickEditing, AnEmptiedReasonComesBackAsTheDefaultOne) {
   EXPECT_TRUE(Edit(0, reason, " за флуд; и за мат "_w));
   EXPECT_EQ(Cell(0, reason), "за флуд; и за мат"_w);
   EXPECT_TRUE(Edit(0, reason, "  "));
-<<<<<<< HEAD
-  EXPECT_EQ(Cell(0, reason), kReasonTyped);
-=======
   EXPECT_EQ(Cell(0, reason), Text(kDefaultReason));
->>>>>>> in_opsbot
 }
 
 TEST_F(AutoKickEditing, ABlankInTheExceptionsIsRefused) {
@@ -285,11 +261,7 @@ TEST_F(AutoKickEditing, TheListAndTheFileBecomeWhatTheRowsSay) {
 TEST_F(AutoKickEditing, ARowWithoutExceptionsIsWrittenWithATabAtTheEnd) {
   Add("Bob");
   ApplyAutoKickEditor(client, editor);
-<<<<<<< HEAD
-  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + kReasonTyped + "\t");
-=======
   EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + Text(kDefaultReason) + "\t");
->>>>>>> in_opsbot
 }
 
 TEST_F(AutoKickEditing, WithoutRowsTheListIsEmpty) {
@@ -316,22 +288,14 @@ TEST_F(AutoKickEditing, AFileThatCouldNotBeReadIsNotRewritten) {
   Add("Bob");
   ApplyAutoKickEditor(client, editor);
   EXPECT_EQ(file(), "precious");
-<<<<<<< HEAD
-  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + kReasonTyped + "\t");
-=======
   EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + Text(kDefaultReason) + "\t");
->>>>>>> in_opsbot
 }
 
 TEST_F(AutoKickEditing, OnADiskThatCannotBeWrittenTheListHoldsInMemory) {
   platform.files.write_fault = fault::kPermissionDenied;
   Add("Bob");
   ApplyAutoKickEditor(client, editor);
-<<<<<<< HEAD
-  EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + kReasonTyped + "\t");
-=======
   EXPECT_EQ(client.app.AutoKickText, "Bob\tAll\t" + Text(kDefaultReason) + "\t");
->>>>>>> in_opsbot
   EXPECT_FALSE(platform.files.files.contains("AutoKick.lst"));
 }
 

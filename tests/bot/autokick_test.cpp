@@ -6,6 +6,7 @@
 #include <string>
 
 #include "support/chat.h"
+#include "support/fault_of.h"
 #include "support/temporary_folder.h"
 #include "text/fault.h"
 
