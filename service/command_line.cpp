@@ -14,7 +14,7 @@
 namespace parlorwire::service {
 namespace {
 
-constexpr std::size_t kMostDigits = 12;
+constexpr std::size_t kMostOptionDigits = 12;
 
 // The entries of "A, B", in UTF-8; empty ones are passed over.
 std::vector<Text> List(std::string_view value) {
@@ -27,13 +27,13 @@ std::vector<Text> List(std::string_view value) {
 // A number from 0 to `most`, times `factor`. False if the value is none.
 template <class Number>
 bool SetNumber(Number& place, std::string_view value, std::int64_t most, std::int64_t factor = 1) {
-  const auto number = ReadNumber(value, kMostDigits);
+  const auto number = ReadNumber(value, kMostOptionDigits);
   if (!number || *number > most) return false;
   place = static_cast<Number>(*number * factor);
   return true;
 }
 
-struct Option {
+struct KnownOption {
   std::string_view name;
   bool has_value;
   bool (*set)(ServerOptions&, std::string_view);  // false if its value is none
@@ -42,7 +42,7 @@ struct Option {
 using Options = ServerOptions;
 using Value = std::string_view;
 
-constexpr std::array<Option, 22> kOptions = {{
+constexpr std::array<KnownOption, 22> kOptions = {{
     {"--port", true, [](Options& o, Value v) { return SetNumber(o.port, v, 65535); }},
     {"--address", true,
      [](Options& o, Value v) {
@@ -116,8 +116,9 @@ std::variant<CommandLine, std::string> ReadCommandLine(std::span<const char* con
       value = argument.substr(equals + 1);
       argument = argument.substr(0, equals);
     }
-    const auto option = std::find_if(kOptions.begin(), kOptions.end(),
-                                     [&](const Option& each) { return each.name == argument; });
+    const auto option =
+        std::find_if(kOptions.begin(), kOptions.end(),
+                     [&](const KnownOption& each) { return each.name == argument; });
     if (option == kOptions.end()) return "unknown option: " + std::string(argument);
     if (option->has_value && !value) {
       if (i + 1 == arguments.size()) return std::string(argument) + " needs a value";

@@ -15,7 +15,7 @@
 namespace parlorwire::service {
 namespace {
 
-constexpr std::size_t kMostDigits = 9;  // of a number in a command
+constexpr std::size_t kMostCommandDigits = 9;  // of a number in a command
 constexpr int kLongestHistory = 200;
 constexpr std::size_t kTopicsKept = 50;
 
@@ -39,7 +39,7 @@ Text TakeWord(std::string_view& rest) {
 Text Set(const Speaker& speaker, std::string_view rest) {
   const Text what = LCase(TakeWord(rest));
   const Text value = TakeWord(rest);
-  const auto read = ReadNumber(value, kMostDigits);
+  const auto read = ReadNumber(value, kMostCommandDigits);
   if (!read) return "Укажите число"_w;
   const auto number = static_cast<int>(*read);
   if (what == "s") {
@@ -100,7 +100,7 @@ Text KickSomebody(Chat& chat, const Speaker& speaker, std::string_view rest, con
 Text TakeOrGive(Chat& chat, const Speaker& speaker, Right right, std::string_view rest,
                 const Moment& now) {
   const Text first = TakeWord(rest);
-  const auto seconds = ReadNumber(first, kMostDigits);
+  const auto seconds = ReadNumber(first, kMostCommandDigits);
   std::string_view behind = rest;
   const Text second = TakeWord(behind);
   const auto is_there = [&](const Text& nick) {

@@ -188,7 +188,8 @@ void DoSomething(Inhabitants& inhabitants, Chat& chat, Channel& channel, const M
 }
 
 // Comings and goings by the clock, if they are wanted; when the next is due.
-std::int64_t Visit(Inhabitants& inhabitants, Chat& chat, Channel& channel, const Moment& now) {
+std::int64_t VisitByTheClock(Inhabitants& inhabitants, Chat& chat, Channel& channel,
+                             const Moment& now) {
   const std::int64_t period = inhabitants.options.visit_ms;
   if (period == 0) return kForever;
   auto [due, is_new] = inhabitants.next_visit.try_emplace(channel.name, now.ms + period);
@@ -215,7 +216,7 @@ std::int64_t LiveOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channe
     due->second = now.ms + 4000 + static_cast<std::int64_t>(chat.random() % 9000);
     if (HasNewcomer(inhabitants, channel)) due->second = now.ms + kGreetAfterMs;
   }
-  return std::min(due->second, Visit(inhabitants, chat, channel, now));
+  return std::min(due->second, VisitByTheClock(inhabitants, chat, channel, now));
 }
 
 // How many lines the slowest reader is still to be given.

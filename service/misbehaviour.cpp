@@ -10,7 +10,7 @@ namespace parlorwire::service {
 namespace {
 
 constexpr std::size_t kGarbageBytes = 64;
-constexpr std::size_t kMostDigits = 9;
+constexpr std::size_t kMostKindDigits = 9;
 
 using Kind = MisbehaviourKind;
 
@@ -61,7 +61,7 @@ std::optional<Misbehaviour> ParseMisbehaviour(std::string_view text) {
   });
   if (found == kKinds.end()) return std::nullopt;
   if (colon == text.size()) return Misbehaviour{found->kind, found->usual, path};
-  const auto number = ReadNumber(text.substr(colon + 1), kMostDigits);
+  const auto number = ReadNumber(text.substr(colon + 1), kMostKindDigits);
   if (!number || *number == 0 || (found->kind == Kind::kRandom && *number > 100))
     return std::nullopt;
   return Misbehaviour{found->kind, *number, path};

@@ -12,7 +12,7 @@ namespace {
 
 using State = RequestReader::State;
 
-constexpr std::size_t kMostDigits = 18;
+constexpr std::size_t kMostLengthDigits = 18;
 
 State Fail(RequestReader& reader, int status) {
   reader.state = State::kFailed;
@@ -79,7 +79,7 @@ struct HeadFacts {
 int ReadLength(HeadFacts& facts, std::string_view value, std::size_t limit) {
   if (!IsNumber(value)) return 400;
   value.remove_prefix(std::min(value.find_first_not_of('0'), value.size() - 1));
-  const auto number = ReadNumber(value, kMostDigits);
+  const auto number = ReadNumber(value, kMostLengthDigits);
   if (!number || static_cast<std::size_t>(*number) > limit) return 413;
   const auto length = static_cast<std::size_t>(*number);
   if (facts.length && *facts.length != length) return 400;

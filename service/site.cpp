@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::string_view kHtml = "text/html; charset=koi8-r";
 constexpr std::string_view kPlain = "text/plain; charset=koi8-r";
-constexpr std::size_t kMostDigits = 17;  // of the number of a personal message
+constexpr std::size_t kMostMessageDigits = 17;  // of the number of a personal message
 
 Text ToWire(std::string_view text) {
   return ConvertCharset(Text(text), Charset::kWindows1251, Charset::kKoi);
@@ -152,7 +152,7 @@ Answer PersonalPost(const Visit& visit) {
 }
 
 Answer AcknowledgeAnswer(const Visit& visit) {
-  const auto number = ReadNumber(visit.form["pm_msgnum"], kMostDigits);
+  const auto number = ReadNumber(visit.form["pm_msgnum"], kMostMessageDigits);
   if (!number || !Acknowledge(*visit.account, *number)) return {ErrorAnswer(404), {}};
   return {HtmlAnswer("<html>\n<body>\nok\n</body>\n</html>\n"), {}};
 }
