@@ -138,10 +138,11 @@ Text FindAutoKick(Client& client, const Text& who, const Text& channel, bool by_
   const AppState& app = client.app;
   if (app.AutoKickText.empty()) return {};
   if (ContainsNoCase(" " + app.DisableKickChannels + " ", " " + channel + " ")) return {};
-  // An event may change what these stand in.
+  // An event may change what these stand in: copies. NOLINTBEGIN(*-unnecessary-copy-*)
   const Sought sought(who, by_nick);
   const Text wanted_channel = channel;
   const Text spared = except_nick;
+  // NOLINTEND(*-unnecessary-copy-*)
   Text result;
   Lines lines(client);
   while (const auto next = lines.Next()) {

@@ -18,7 +18,7 @@ int ActiveTab(const Client& client) {
 
 // Asks for the reason of an act on `nick`, and says `line(reason)` to the tab that was active.
 template <class Line>
-void AskAndSay(Client& client, std::string_view prompt, const Text& title, Line line) {
+void AskAndSay(Client& client, std::string_view prompt, const Text& title, const Line& line) {
   const int tab = ActiveTab(client);
   const TabSession& session = client.tab(tab);
   const std::uint32_t session_number = session.SessionNumber;

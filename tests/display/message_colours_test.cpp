@@ -138,7 +138,7 @@ TEST_F(MessageColor, AHugeFileIsNeverWritten) {
 }
 
 TEST_F(MessageColor, GarbageInTheFileStaysBehindTheNewEntries) {
-  file() = "\xFF\x00= = \r\n bob 1=";
+  file() = Text("\xFF\x00= = \r\n bob 1=", 15);
   LoadNickColours(client);
   platform.random.script = {0, 0, 0};
   EXPECT_EQ(LookupMessageColor(client, "bob"), Rgb(0, 100, 0));

@@ -104,7 +104,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadRequest{"GET / HTTP/1.0\r\nno colon\r\n\r\n", 400},
         BadRequest{"GET / HTTP/1.0\r\n: empty\r\n\r\n", 400},
         BadRequest{"GET / HTTP/1.0\r\nA : b\r\n\r\n", 400},
-        BadRequest{std::string("GET / HTTP/1.0\r\nA: \0\r\n\r\n", 25), 400},
+        BadRequest{std::string("GET / HTTP/1.0\r\nA: \0\r\n\r\n", 24), 400},
         BadRequest{"POST / HTTP/1.0\r\nContent-Length: -1\r\n\r\n", 400},
         BadRequest{"POST / HTTP/1.0\r\nContent-Length: 1\r\nContent-Length: 2\r\n\r\n", 400},
         BadRequest{"POST / HTTP/1.0\r\nContent-Length: 65537\r\n\r\n", 413},

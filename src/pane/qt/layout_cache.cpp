@@ -66,6 +66,7 @@ void LayoutCache::Shrink() {
   if (kept_.size() <= kLayoutsKept && characters <= kCharactersKept) return;
   // Half of them go, the longest unused first, so that this comes rarely.
   std::vector<std::uint64_t> used;
+  used.reserve(kept_.size());
   for (const Kept& kept : kept_)
     used.push_back(kept.used);
   const auto middle = used.begin() + static_cast<std::ptrdiff_t>(used.size() / 2);

@@ -41,7 +41,7 @@ QImage ReadAt(const PanePicture& picture, QSize wanted) {
     file.reader.setScaledSize(wanted);
     return file.reader.read();
   }
-  const QImage image = file.reader.read();
+  QImage image = file.reader.read();
   if (image.isNull() || image.size() == wanted) return image;
   const bool whole = wanted.width() % image.width() == 0 && wanted.height() % image.height() == 0;
   return image.scaled(wanted, Qt::IgnoreAspectRatio,

@@ -29,7 +29,8 @@ void CopyPane(const client_main& window, const Client& client) {
 
 }  // namespace
 
-void MakeMainShortcuts(client_main& window, Client& client, std::function<void()> focus_tab) {
+void MakeMainShortcuts(client_main& window, Client& client,
+                       const std::function<void()>& focus_tab) {
   const auto shortcut = [&](const QList<QKeySequence>& keys, const char* name, auto action) {
     auto* made = new QShortcut(&window);
     made->setKeys(keys);

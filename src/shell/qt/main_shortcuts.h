@@ -11,6 +11,6 @@ class client_main;
 
 // Makes the shortcuts, which work wherever in the window the focus is, also with a Russian keyboard
 // layout, and once for each press. A tab that a hot key has shown gets the focus by `focus_tab`.
-void MakeMainShortcuts(client_main& window, Client& client, std::function<void()> focus_tab);
+void MakeMainShortcuts(client_main& window, Client& client, const std::function<void()>& focus_tab);
 
 }  // namespace parlorwire
