@@ -7,8 +7,6 @@
 
 namespace parlorwire {
 
-inline constexpr int kTwipsPerPixel = 15;
-
 // The splitter's place in a window that nobody has changed.
 inline constexpr double kDesignedSplitPercent = 75;
 

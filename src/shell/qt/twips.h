@@ -4,6 +4,7 @@
 #include <QRect>
 #include <QWidget>
 
+#include "pane/twips.h"
 #include "shell/client_main_layout.h"
 
 namespace parlorwire {
