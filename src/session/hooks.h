@@ -75,6 +75,8 @@ struct Hooks {
   Hook<void()> PopUpNickMenu;
   // shell/qt/nick_menu_popup: menu_copy_users comes up
   Hook<void()> PopUpMenuCopyUsers;
+  // shell/qt/users_list: the list of users has been drawn anew
+  Hook<void(int tab)> UsersListDrawn;
   // shell/qt/search_form: the search dialog comes up
   Hook<void()> ShowSearchDialog;
   // shell/qt/text_input: the prompt for a reason comes up, modal, and the call ends when it is

@@ -234,7 +234,9 @@ TEST_F(UsersMouseTest, ATintedNickThatLeftIsForgotten) {
 
 TEST_F(UsersMouseTest, ANewListIsNotColouredAtTheOldPlace) {
   Move(At("bob"));
-  Draw({"dan|[][]''", "eve|[+o][10.0.0.2:]''", "fay|[][]''"});
+  Draw({"ann|[][10.0.0.1:]'at work'", "eve|[+o][10.0.0.2:]''", "fay|[][]''"});
+  List().ExSetSel(At("eve"), At("eve") + 3);
+  List().SelColor(Rgb(9, 9, 9));  // a highlight has begun
   const auto before = RunsOf(List());
   Move(0);
   EXPECT_EQ(RunsOf(List()), before);
