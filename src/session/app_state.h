@@ -144,8 +144,6 @@ struct AppState {
   bool IpLogSaved = true;       // the last write of IPlog.log did not fail
   bool AutoKickYields = false;  // waiting events run in the middle of a look-up in AutoKickText
 
-  Text MenuNick;  // the nick that nick_menu was opened for last, without a colon
-
   // The prompt `text_input`: what was typed and chosen, and what the dialog shows.
   Text PromptText;                   // the reason
   Text PromptDuration;               // seconds, or "Надолго"
@@ -174,7 +172,7 @@ struct AppState {
 
   // The menus of nicks.
   NickMenu nick_menu;
-  Text MenuNick;        // that of the click that opened the menu; it stays when the menu closes
+  Text MenuNick;        // whom nick_menu was opened for last, without a colon
   Text MenuCopyText;    // what was selected in the list when menu_copy_users came up
   Text PersTargetNick;  // whom the next personal window is for
 

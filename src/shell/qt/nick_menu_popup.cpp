@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <algorithm>
 
+#include "bot/autokick_adding.h"
+#include "bot/moderator_commands.h"
 #include "display/nick_colours.h"
 #include "platform/qt/text_conversion.h"
 #include "session/both_languages.h"
@@ -134,6 +136,14 @@ void NickMenuPopup::Act(std::string_view name) {
   if (name == "user_ip") return CopyIntoMsg(client_, record.user_ip);
   if (name == "user_flags") return CopyIntoMsg(client_, record.user_flags);
   if (name == "user_inf") return CopyIntoMsg(client_, record.user_inf);
+  if (name == "lower") return lower(client_);
+  if (name == "unlower") return unlower(client_);
+  if (name == "kick") return kick(client_);
+  if (name == "ban") return ban(client_);
+  if (name == "mute") return mute(client_);
+  if (name == "unmute") return unmute(client_);
+  if (name == "this_channel") return AddToAutoKickThisChannel(client_);
+  if (name == "all_channels") return AddToAutoKickAllChannels(client_);
   if (name == "send_pers") return send_pers(client_);
   if (name == "change_message_color") return ChangeMessageColor();
 }

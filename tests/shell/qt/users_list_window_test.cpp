@@ -8,9 +8,11 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "bot/ask_reason.h"
 #include "pane/qt/rich_text_view.h"
 #include "shell/qt/msg_box.h"
 #include "shell/qt/windows_fixture.h"
+#include "support/qt/qt_test.h"
 #include "users/user_frame.h"
 
 namespace parlorwire {
@@ -225,6 +227,41 @@ class UsersListWindowTest : public QObject {
     windows.Click("bob", Qt::RightButton);
     windows.desktop.SetActiveTab(1);
     QVERIFY(!windows.Menu()->isVisible());
+  }
+
+  void EachCommandActsOnTheNick() {
+    ListWindow windows;
+    QStringList said;
+    windows.tab(0).IsOperator = true;
+    windows.tab(0).Connected = true;
+    windows.client.hooks.SayBot = [&](const Text& line, int) { said << ToQString(line); };
+    windows.client.hooks.ShowTextInput = [&](const Text&, const Text&) {
+      windows.client.app.MenuNick = "somebody";  // asked for anew while the prompt is open
+      ConfirmTextInput(windows.client, "reason", 2);
+    };
+    for (const char* item : {"lower", "unlower", "kick", "ban", "mute", "unmute"}) {
+      windows.Click("bob", Qt::RightButton);
+      windows.Choose("nick_menu", "oper_commands_action");
+      QTRY_VERIFY(windows.Menu("oper_commands")->isVisible());
+      windows.Choose("oper_commands", item);
+    }
+    QCOMPARE(said, QStringList({"/l 60 bob reason", "/l 0 bob", "/k bob reason",
+                                "/mo +b bob reason", "/mu 60 bob reason", "/mu 0 bob"}));
+  }
+
+  void ANickIsAddedToTheListOfKicks() {
+    ListWindow windows;
+    windows.tab(0).Channel = "lobby";
+    for (const char* item : {"this_channel", "all_channels"}) {
+      windows.Click("bob", Qt::RightButton);
+      windows.Choose("nick_menu", "add_autokick_action");
+      QTRY_VERIFY(windows.Menu("add_autokick")->isVisible());
+      EnterInBox([&] { windows.Choose("add_autokick", item); });
+      QCOMPARE(windows.client.app.AutoKickText,
+               QLatin1String(item) == "this_channel"
+                   ? "bob\tlobby\tДоступ с Вашего ника или IP запрещен"_w
+                   : "bob\tAll\tДоступ с Вашего ника или IP запрещен"_w);
+    }
   }
 
   void ANewColourForTheNicksMessages() {
@@ -490,5 +527,5 @@ class UsersListWindowTest : public QObject {
 
 }  // namespace parlorwire
 
-QTEST_MAIN(parlorwire::UsersListWindowTest)
+WINDOW_TEST(parlorwire::UsersListWindowTest)
 #include "users_list_window_test.moc"
