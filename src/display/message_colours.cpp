@@ -60,6 +60,13 @@ void SaveNickColours(Client& client) {
   });
 }
 
+PaneColour MessageColorOf(const Client& client, std::string_view nick) {
+  PaneColour colour = client.app.rRichColors.TextColor;
+  if (EqualsNoCase(nick, client.tab(client.platform.desktop.ActiveTab()).Login)) return colour;
+  PassOverFault([&] { colour = client.app.CmIniText.Peek(nick).value_or(colour); });
+  return colour;
+}
+
 void change_message_color(Client& client, const Text& nick, PaneColour colour) {
   Desktop& desktop = client.platform.desktop;
   const int active = desktop.ActiveTab();

@@ -24,6 +24,10 @@ void LoadNickColours(Client& client);
 // written. Failures are ignored.
 void SaveNickColours(Client& client);
 
+// The colour that the dialog of change_message_color opens with: that of the user's own messages
+// for the nick of the active tab, and for a nick without an entry.
+PaneColour MessageColorOf(const Client& client, std::string_view nick);
+
 // The menu command of that name on `nick`, with the colour that was chosen, for the active tab. On
 // the tab's own nick it sets rRichColors.TextColor, else the nick's entry. `CM.ini` is written at
 // once, and `msg` gets the focus.

@@ -3,9 +3,11 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 
 #include "pane/units.h"
 #include "platform/desktop.h"
+#include "platform/timer.h"
 #include "session/nick_colours.h"
 #include "text/text.h"
 
@@ -76,6 +78,26 @@ struct ClickedPane {
   int tab = 0;
 };
 
+// What nick_menu shows. A sub-item with an empty caption is hidden.
+struct NickMenu {
+  int tab = 0;             // where the nick was clicked
+  Text nickname;           // the nick
+  bool user_info = false;  // the sub-menu is shown, and line4 with it
+  Text user_ip;
+  Text user_flags;
+  Text user_inf;               // the status
+  bool oper_commands = false;  // the sub-menu is shown, and line7 with it
+};
+
+// What is under the mouse in a user list, and what it has tinted.
+struct ListHover {
+  Text Nick;  // "" for none
+  Text IP;    // "" for none
+  int TintedTab = 0;
+  Text TintedNick;  // "" for none
+  PanePosition TintedStart = 0;
+};
+
 struct AppState {
   UiLanguage Language = UiLanguage::kRussian;
 
@@ -86,7 +108,8 @@ struct AppState {
   Text ChatHostByName = "localhost";
   Text ChatHostByAddress = "127.0.0.1";
 
-  Text LetografUrl;  // a page of a statistics site; "" for none
+  Text WhoisHost = "whois.example";  // the gateway that tells whose an address is
+  Text LetografUrl;                  // a page of a statistics site; "" for none
 
   Text ProxyAuthBasic;  // base64 of proxy login, ":" and proxy password; renewed by every connect
   ProxyControls sett_conn;
@@ -120,8 +143,6 @@ struct AppState {
   bool IpLogUnknown = false;
   bool AutoKickYields = false;  // waiting events run in the middle of a look-up in AutoKickText
 
-  Text MenuNick;  // the nick that nick_menu was opened for last, without a colon
-
   // The prompt `text_input`: what was typed and chosen, and what the dialog shows.
   Text PromptText;                   // the reason
   Text PromptDuration;               // seconds, or "Надолго"
@@ -146,6 +167,17 @@ struct AppState {
   PanePosition MouseDownChar = 0;  // where
   int MouseDownTab = 0;            // in the pane of which tab
   Text HoverChannel;               // the name of the channel on a list of channels
+  ListHover UsersHover;
+
+  // The menus of nicks.
+  NickMenu nick_menu;
+  Text MenuNick;        // whom nick_menu was opened for last, without a colon
+  Text MenuCopyText;    // what was selected in the list when menu_copy_users came up
+  Text PersTargetNick;  // whom the next personal window is for
+
+  // ---- timers ----
+  std::unique_ptr<Timer> Timer17;  // 10 ms: a tinted nick gets its colour back
+  std::unique_ptr<Timer> Timer21;  // 10 ms: the personal window of the active tab comes up
 };
 
 }  // namespace parlorwire

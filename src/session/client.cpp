@@ -10,6 +10,10 @@ constexpr int kPersBlink = 300;      // ms
 }  // namespace
 
 Client::Client(const Platform& ports) : platform(ports) {
+  for (auto* timer : {&app.Timer17, &app.Timer21}) {
+    *timer = platform.NewTimer();
+    (*timer)->Interval(10);
+  }
   for (TabSession& tab : tabs) {
     for (auto* socket : tab.Sockets())
       *socket = platform.NewWinsock();

@@ -45,6 +45,8 @@ struct Hooks {
 
   // users/user_frame: fetch the list of users anew
   Hook<void(int tab)> UpdateUsersFrame;
+  // users/nick_menu: the menu of a nick comes up
+  Hook<void(int tab, const Text& nick)> ShowNickMenu;
 
   // bot/bot_queue: say a command to the chat
   Hook<void(const Text& text, int tab)> SayBot;
@@ -58,6 +60,9 @@ struct Hooks {
   // bot/join_highlight: a line of the list was drawn; the highlight that waits for it may start
   Hook<void(int tab)> StartWaitingHighlight;
 
+  // personal/...: a click on `pers` of a tab
+  Hook<void(int tab)> pers;
+
   // shell/tray: a balloon with "Parlorwire" and `title` as its title
   Hook<void(const Text& title, const Text& text, int info_flags)> ShowBalloon;
   // shell/tray: 1 a personal message waits, 2 a line concerns the user, 3 neither
@@ -66,6 +71,12 @@ struct Hooks {
   Hook<void(const Text& caption)> SetTabTitle;
   // shell/qt/open_url: a page in the user's browser
   Hook<void(const Text& url)> OpenUrl;
+  // shell/qt/nick_menu_popup: nick_menu comes up as AppState::nick_menu says
+  Hook<void()> PopUpNickMenu;
+  // shell/qt/nick_menu_popup: menu_copy_users comes up
+  Hook<void()> PopUpMenuCopyUsers;
+  // shell/qt/users_list: the list of users has been drawn anew
+  Hook<void(int tab)> UsersListDrawn;
   // shell/qt/search_form: the search dialog comes up
   Hook<void()> ShowSearchDialog;
   // shell/qt/text_input: the prompt for a reason comes up, modal, and the call ends when it is

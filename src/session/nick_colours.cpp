@@ -96,6 +96,17 @@ std::optional<PaneColour> NickColours::Use(std::string_view nick) {
   return colour;
 }
 
+std::optional<PaneColour> NickColours::Peek(std::string_view nick) const {
+  if (!IsPlain(nick)) {
+    const std::optional<Text> value = ValueInText(text(), nick);
+    return value ? std::optional(ToColour(*value)) : std::nullopt;
+  }
+  const auto found = entries_.find(nick);
+  if (found == entries_.end()) return std::nullopt;
+  const Piece& entry = *found->second.front();
+  return entry.colour ? *entry.colour : ToColour(entry.value);
+}
+
 void NickColours::Prepend(std::string_view nick, PaneColour colour) {
   if (!IsPlain(nick)) {
     Assign(WithEntryInFront(text(), nick, colour));

@@ -39,6 +39,9 @@ class NickColours {
   // holds a blank or "=".
   std::optional<PaneColour> Use(std::string_view nick);
 
+  // The same, faults and all, without moving anything.
+  std::optional<PaneColour> Peek(std::string_view nick) const;
+
   // Puts an entry in front, without a look at what is there.
   void Prepend(std::string_view nick, PaneColour colour);
 

@@ -12,8 +12,10 @@
 #include "session/event_entry.h"
 #include "session/frame_end.h"
 #include "session/leaving.h"
+#include "users/nick_menu.h"
 #include "users/posting.h"
 #include "users/user_frame.h"
+#include "users/users_mouse.h"
 
 namespace parlorwire {
 namespace {
@@ -25,6 +27,7 @@ void FillHooks(Client& client) {
     LogChatLine(client, piece, channel);
   };
   hooks.UpdateUsersFrame = [&client](int tab) { UpdateUsersFrame(client, tab); };
+  hooks.ShowNickMenu = [&client](int tab, const Text& nick) { ShowNickMenu(client, tab, nick); };
   hooks.SayBot = [&client](const Text& text, int tab) { SayBot(client, text, tab); };
   hooks.ClientAction = [&client](const Text& line, int tab) { ClientAction(client, line, tab); };
   hooks.FindAutoKick = [&client](const Text& who, const Text& channel, bool is_nick,
@@ -33,6 +36,14 @@ void FillHooks(Client& client) {
   };
   hooks.SayBotFunction = [&client](int tab) { SayBotFunction(client, tab); };
   hooks.StartWaitingHighlight = [&client](int tab) { StartWaitingHighlight(client, tab); };
+}
+
+void WireTimers(Client& client) {
+  const auto tick = [&client](const char* name, auto procedure) {
+    return [&client, name, procedure] { OnEvent(client, name, [&] { procedure(client); }); };
+  };
+  client.app.Timer17->Tick = tick("Timer17_Timer", Timer17_Timer);
+  client.app.Timer21->Tick = tick("Timer21_Timer", Timer21_Timer);
 }
 
 void WireEvents(Client& client, int tab) {
@@ -73,6 +84,7 @@ void WireEvents(Client& client, int tab) {
 
 void Assemble(Client& client) {
   FillHooks(client);
+  WireTimers(client);
   for (int tab = 0; tab < kTabCount; ++tab)
     WireEvents(client, tab);
 }

@@ -32,6 +32,8 @@ void UnloadStep(Client& client, const std::optional<WindowPlace>& place) {
 }
 
 void StopAllTimers(Client& client) {
+  for (auto* timer : {&client.app.Timer17, &client.app.Timer21})
+    (*timer)->Enabled(false);
   for (TabSession& tab : client.tabs) {
     for (auto* timer : tab.Timers())
       (*timer)->Enabled(false);

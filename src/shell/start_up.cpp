@@ -30,6 +30,7 @@ void ReadEndpoint(Client& client) {
   ReadText(client, "Main", "ChatHostByName", app.ChatHostByName);
   ReadText(client, "Main", "ChatHostByAddress", app.ChatHostByAddress);
   ReadText(client, "Main", "ChatPort", app.ChatPort);
+  ReadText(client, "Main", "WhoisHost", app.WhoisHost);
   ReadText(client, "Main", "LetografUrl", app.LetografUrl);
   app.ChatHost = app.ChatHostByAddress;
 }

@@ -103,6 +103,7 @@ bool ReadFrame(Client& client, Text answer, int tab) {
 
 // Behind a list that was read whole.
 void ActOnNewList(Client& client, int tab) {
+  client.hooks.UsersListDrawn(tab);
   client.hooks.SayBotFunction(tab);
   client.tab(tab).JoinLines.clear();
 }

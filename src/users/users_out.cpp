@@ -13,7 +13,6 @@ namespace parlorwire {
 namespace {
 
 constexpr PaneColour kFlags = 0xFFFF;
-constexpr PaneColour kAddress = 0xFF;
 constexpr PaneColour kStatus = 0xFF00;
 
 PaneColour NickColour(const Client& client, const UserRecord& user, int tab) {
@@ -37,7 +36,7 @@ void DrawUser(Client& client, const UserRecord& user, int tab) {
   format.underline = true;
   WriteAtUsersPaneEnd(client, user.nick, format, tab);
   const std::array<std::pair<const Text&, PaneColour>, 3> columns = {
-      {{user.flags, kFlags}, {user.IP, kAddress}, {user.status, kStatus}}};
+      {{user.flags, kFlags}, {user.IP, kAddressColour}, {user.status, kStatus}}};
   for (const auto& [text, colour] : columns) {
     if (text.empty()) continue;
     AppendUserSeparator(client, format, tab);

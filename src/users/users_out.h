@@ -17,6 +17,9 @@ struct UserRecord {
   bool operator==(const UserRecord&) const = default;
 };
 
+// The colour in which the addresses stand.
+inline constexpr PaneColour kAddressColour = 0xFF;
+
 // Appends the line of one user: nick, flags, IP and status, each with what it has, blanks between.
 // Then a highlight of a nick that has just joined may start. A fault is logged and passed over.
 void UsersOut(Client& client, const UserRecord& user, int tab);

@@ -163,6 +163,17 @@ TEST_F(MessageColor, AWriteThatFailsIsIgnored) {
   EXPECT_EQ(file(), "bob=2");
 }
 
+TEST_F(MessageColor, TheDialogOpensWithTheColourThatIsInForce) {
+  client.tab(0).Login = "Me";
+  client.app.rRichColors.TextColor = 9;
+  client.app.CmIniText.Assign("al=1 bob=2 me=3 eve=red");
+  EXPECT_EQ(MessageColorOf(client, "BOB"), 2U);
+  EXPECT_EQ(MessageColorOf(client, "mE"), 9U);
+  EXPECT_EQ(MessageColorOf(client, "nobody"), 9U);
+  EXPECT_EQ(MessageColorOf(client, "eve"), 9U);
+  EXPECT_EQ(table(), "al=1 bob=2 me=3 eve=red");
+}
+
 TEST_F(MessageColor, ANewColourOfAnotherNickGoesToTheFrontAndToTheFileAtOnce) {
   client.tab(2).Login = "me";
   platform.desktop.active_tab = 2;

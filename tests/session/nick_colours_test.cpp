@@ -53,6 +53,18 @@ TEST(NickColours, TheUsedEntryMovesToTheFrontSpelledAsUsed) {
   EXPECT_EQ(colours.text(), "al=9 gUEST=7 bob=5");
 }
 
+TEST(NickColours, APeekMovesNothing) {
+  NickColours colours("al=1 Bob=2 a b=3 c=red");
+  EXPECT_EQ(colours.Peek("bob"), 2U);
+  EXPECT_THROW(colours.Peek("a b"), Fault);
+  EXPECT_EQ(colours.Peek("nobody"), std::nullopt);
+  EXPECT_EQ(colours.Peek("no body"), std::nullopt);
+  EXPECT_THROW(colours.Peek("c"), Fault);
+  EXPECT_EQ(colours.text(), "al=1 Bob=2 a b=3 c=red");
+  colours.Set("al", 7);
+  EXPECT_EQ(colours.Peek("al"), 7U);
+}
+
 TEST(NickColours, CyrillicNicksCompareWithoutCase) {
   NickColours colours("ЁЖ=5"_w);
   EXPECT_EQ(colours.Use("ёж"_w), 5U);

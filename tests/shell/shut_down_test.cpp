@@ -126,7 +126,7 @@ TEST_F(ShutDown, StopsTheTimersOfAllSlotsAtItsEnd) {
 }
 
 TEST_F(ShutDown, StopAllTimersStopsEveryTimerOfEverySlot) {
-  std::vector<Timer*> timers;
+  std::vector<Timer*> timers = {app.Timer17.get(), app.Timer21.get()};
   for (TabSession& tab : client.tabs) {
     for (auto* timer : {&tab.Timer1, &tab.Timer2, &tab.Timer3, &tab.Timer6, &tab.Timer26})
       timers.push_back(timer->get());

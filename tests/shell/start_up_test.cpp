@@ -94,6 +94,14 @@ TEST_F(StartUp, TheHostsOfTheSpamRulesComeFromTheFile) {
   EXPECT_EQ(app.SpamDomainAllowed, "rules.flood.example");
 }
 
+TEST_F(StartUp, TheWhoisGatewayComesFromTheFile) {
+  Load();
+  EXPECT_EQ(app.WhoisHost, "whois.example");
+  Settings("Main", "WhoisHost=whois.test:81\r\n");
+  Load();
+  EXPECT_EQ(app.WhoisHost, "whois.test:81");
+}
+
 TEST_F(StartUp, TheActionDelayHasSixteenBits) {
   for (const auto& [value, delay] : {std::pair{"32767", 32767},
                                      {"-5", -5},

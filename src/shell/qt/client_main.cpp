@@ -28,10 +28,12 @@
 #include "shell/qt/main_menu.h"
 #include "shell/qt/main_shortcuts.h"
 #include "shell/qt/msg_box.h"
+#include "shell/qt/nick_menu_popup.h"
 #include "shell/qt/open_url.h"
 #include "shell/qt/qt_desktop.h"
 #include "shell/qt/ss_tab.h"
 #include "shell/qt/twips.h"
+#include "shell/qt/users_list.h"
 #include "shell/qt/zastavka.h"
 #include "shell/shut_down.h"
 #include "shell/start_up.h"
@@ -64,6 +66,7 @@ client_main::client_main(Client& client, QtDesktop& desktop)
   setPalette(PaletteOn(palette(), kMainBackColor));
   setCentralWidget(controls.ground);
   menu_ = new MainMenu(client, this, [this] { close(); });
+  nick_menus_ = new NickMenuPopup(client, this);
   OrderMainControls(controls);
   ShowSlot(controls, -1);
   desktop_.Attach(this);
@@ -82,11 +85,15 @@ client_main::client_main(Client& client, QtDesktop& desktop)
 client_main::~client_main() {
   desktop_.Attach(nullptr);
   client_.hooks.ShowLoginDialog = std::function<void(int)>();
+  client_.hooks.UsersListDrawn = std::function<void(int)>();
 }
 
 void client_main::FillHooks() {
   client_.hooks.OpenUrl = [](const Text& url) { OpenUrl(url); };
   client_.hooks.ShowLoginDialog = [this](int) { ShowLoginDialog(); };
+  client_.hooks.UsersListDrawn = [this](int tab) {
+    users_lists_[static_cast<std::size_t>(tab)]->Drawn();
+  };
 }
 
 void client_main::WireShared() {
@@ -166,6 +173,8 @@ void client_main::WireTab(int slot) {
   connect(tab.StopScroll, &QAbstractButton::clicked, this,
           [this, slot] { desktop_.FocusMsg(slot); });
   WirePane(slot);
+  users_lists_[static_cast<std::size_t>(slot)] =
+      new UsersList(client_, tab.Rich_Users, slot, *nick_menus_);
 }
 
 void client_main::WirePane(int slot) {
@@ -244,6 +253,7 @@ void client_main::ShowActiveSlot() {
   PlaceControls();
   ShowSlot(controls, controls.SSTab->AnyVisible() ? controls.SSTab->Tab() : -1);
   ShowPanels(controls, client_);
+  nick_menus_->CloseUnlessOfActiveTab();
 }
 
 void client_main::ShowLanguage(UiLanguage language) {

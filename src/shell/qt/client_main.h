@@ -16,7 +16,9 @@
 namespace parlorwire {
 
 class MainMenu;
+class NickMenuPopup;
 class QtDesktop;
+class UsersList;
 class connection_form;
 class zastavka;
 
@@ -66,6 +68,8 @@ class client_main : public QMainWindow {
   QtDesktop& desktop_;
   MainLayout layout_;
   MainMenu* menu_;
+  NickMenuPopup* nick_menus_;
+  std::array<UsersList*, kTabCount> users_lists_{};
   std::unique_ptr<connection_form> connection_form_;
   std::unique_ptr<zastavka> zastavka_;
   QTranslator toolkit_russian_;

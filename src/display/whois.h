@@ -1,0 +1,14 @@
+// The page that tells whose an address is.
+#pragma once
+
+#include <string_view>
+
+#include "session/client.h"
+
+namespace parlorwire {
+
+// Opens the page of the gateway AppState::WhoisHost for an address, which may be a mask such as
+// "10.0.*.*".
+void OpenWhois(Client& client, std::string_view address);
+
+}  // namespace parlorwire
