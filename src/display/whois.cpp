@@ -1,5 +1,7 @@
 #include "display/whois.h"
 
+#include "session/client.h"
+
 namespace parlorwire {
 
 void OpenWhois(Client& client, std::string_view address) {

@@ -3,9 +3,9 @@
 
 #include <string_view>
 
-#include "session/client.h"
-
 namespace parlorwire {
+
+struct Client;
 
 // Opens the page of the gateway AppState::WhoisHost for an address, which may be a mask such as
 // "10.0.*.*".

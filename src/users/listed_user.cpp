@@ -10,7 +10,7 @@
 namespace parlorwire {
 
 std::optional<ListedUser> ListedUserAt(const RichTextBox& list, PanePosition at) {
-  const RichTextBox::Line line = list.LineByIndex(list.LineAt(at));
+  const PaneLine line = list.LineByIndex(list.LineAt(at));
   const PanePosition line_end = line.start + line.length;
   const std::vector<PaneRun> runs = list.RunsBetween(line.start, line_end);
   auto run = runs.begin();

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "session/client.h"
 #include "text/cut.h"
 
 namespace parlorwire {

@@ -6,10 +6,12 @@
 #include <string_view>
 
 #include "pane/rich_text_box.h"
-#include "session/client.h"
+#include "session/app_state.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 struct NickMenuItem {
   std::string_view name;

@@ -5,6 +5,7 @@
 
 #include "display/rank_colour.h"
 #include "display/whois.h"
+#include "session/client.h"
 #include "session/writer_selection.h"
 #include "text/cut.h"
 #include "users/listed_user.h"
@@ -65,10 +66,11 @@ void Tint(Client& client, int tab, const ListedUser& user) {
 
 }  // namespace
 
-void Rich_Users_MouseDown(Client& client, int, PanePosition at, MouseButton button) {
+void Rich_Users_MouseDown(Client& client, int tab, PanePosition at, MouseButton button) {
   if (at <= 0 || button != MouseButton::kLeft) return;
   client.app.MouseSelecting = true;
   client.app.MouseDownChar = at;
+  client.app.MouseDownTab = tab;
 }
 
 void Rich_Users_MouseMove(Client& client, int tab, PanePosition at) {

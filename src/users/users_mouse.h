@@ -4,9 +4,11 @@
 
 #include "display/pane_mouse.h"
 #include "pane/rich_text_box.h"
-#include "session/client.h"
+#include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 void Rich_Users_MouseDown(Client& client, int tab, PanePosition at, MouseButton button);
 

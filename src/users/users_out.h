@@ -1,6 +1,7 @@
 // The list of users, drawn in Rich_Users: a line for each, in the order of the frame.
 #pragma once
 
+#include "pane/units.h"
 #include "text/text.h"
 
 namespace parlorwire {

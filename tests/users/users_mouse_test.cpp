@@ -162,6 +162,7 @@ TEST_F(UsersMouseTest, WhileTheUserSelectsNothingIsUnderThePointer) {
   Press(At("ann"));
   EXPECT_TRUE(app.MouseSelecting);
   EXPECT_EQ(app.MouseDownChar, At("ann"));
+  EXPECT_EQ(app.MouseDownTab, 0);
   Move(At("bob"));
   EXPECT_EQ(ColourOf("ann"), kPlain);
   EXPECT_EQ(ColourOf("bob"), 0xFFFF00U);

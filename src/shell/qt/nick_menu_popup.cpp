@@ -8,9 +8,10 @@
 
 #include "bot/autokick_adding.h"
 #include "bot/moderator_commands.h"
-#include "display/nick_colours.h"
+#include "display/message_colours.h"
 #include "platform/qt/text_conversion.h"
 #include "session/both_languages.h"
+#include "session/client.h"
 #include "session/event_entry.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/font_and_color.h"
@@ -22,13 +23,13 @@ namespace {
 
 constexpr int kWidestCaption = 400;  // pixels
 
-QString Name(std::string_view name) {
+QString LatinName(std::string_view name) {
   return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
 }
 
 // A caption as the toolkit wants it. What is cut off or can't be shown in one line is in the tool
 // tip.
-void Caption(QAction* item, const QMenu* menu, const Text& text) {
+void SetCaption(QAction* item, const QMenu* menu, const Text& text) {
   const QString whole = ToQString(text);
   QString shown = whole.simplified();
   shown = menu->fontMetrics().elidedText(shown, Qt::ElideRight, kWidestCaption);
@@ -62,17 +63,17 @@ void NickMenuPopup::BuildNickMenu() {
   for (const NickMenuItem& item : kNickMenuTree) {
     QMenu* menu = item.parent.empty() ? nick_menu_ : items_.at(item.parent)->menu();
     QAction* action = menu->addAction(QString());
-    action->setObjectName(Name(item.name));
+    action->setObjectName(LatinName(item.name));
     action->setSeparator(item.IsLine());
     items_[item.name] = action;
     const bool has_items = std::ranges::any_of(
         kNickMenuTree, [&](const NickMenuItem& other) { return other.parent == item.name; });
     if (has_items) {
       auto* below = new QMenu(menu);
-      NameControl(below, Name(item.name));
+      NameControl(below, LatinName(item.name));
       below->setToolTipsVisible(true);
       action->setMenu(below);
-      action->setObjectName(Name(item.name) + QStringLiteral("_action"));
+      action->setObjectName(LatinName(item.name) + QStringLiteral("_action"));
     } else if (!item.IsLine()) {
       connect(action, &QAction::triggered, this,
               [this, name = item.name] { OnEvent(client_, name, [&] { Act(name); }); });
@@ -105,10 +106,10 @@ void NickMenuPopup::ShowNickMenu() {
     QAction* action = items_.at(item.name);
     action->setVisible(IsShown(record, item));
     if (item.IsLine()) continue;
-    Caption(action, nick_menu_, CaptionOf(record, item));
+    SetCaption(action, nick_menu_, CaptionOf(record, item));
     if (item.english.empty()) continue;
     const bool english = language == UiLanguage::kEnglish;
-    const QString meaning = english ? Name(item.english) : QString();
+    const QString meaning = english ? LatinName(item.english) : QString();
     action->setToolTip(meaning);
     SpeakAction(action, meaning);
     if (QMenu* below = action->menu())

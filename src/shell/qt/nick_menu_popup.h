@@ -8,13 +8,13 @@
 #include <optional>
 #include <string_view>
 
-#include "session/client.h"
-
 class QAction;
 class QMenu;
 class QWidget;
 
 namespace parlorwire {
+
+struct Client;
 
 // They come up at the pointer when the core asks for them. The items bear the names of their
 // commands. A Russian caption stands in both languages; in English its item has an English tool tip

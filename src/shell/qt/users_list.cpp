@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 
 #include "pane/qt/rich_text_view.h"
+#include "session/client.h"
 #include "session/event_entry.h"
 #include "shell/qt/nick_menu_popup.h"
 #include "users/nick_menu.h"
@@ -19,7 +20,7 @@ MouseButton ToMouseButton(Qt::MouseButton button) {
   return button == Qt::LeftButton ? MouseButton::kLeft : MouseButton::kRight;
 }
 
-std::optional<ListStep> StepOf(int key) {
+std::optional<ListStep> NickStepOf(int key) {
   switch (key) {
     case Qt::Key_Up:
       return ListStep::kUp;
@@ -87,11 +88,11 @@ bool UsersList::KeyPressed(const QKeyEvent& key) {
     return Act(MouseButton::kRight);
   if (modifiers == Qt::NoModifier) {
     if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) return Act(MouseButton::kLeft);
-    if (const auto step = StepOf(key.key())) return Walk(*step);
+    if (const auto step = NickStepOf(key.key())) return Walk(*step);
     return false;
   }
   // With Shift or Ctrl the view may put the caret elsewhere.
-  if (StepOf(key.key()) || key.matches(QKeySequence::SelectAll)) reached_.clear();
+  if (NickStepOf(key.key()) || key.matches(QKeySequence::SelectAll)) reached_.clear();
   return false;
 }
 

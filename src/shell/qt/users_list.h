@@ -5,13 +5,14 @@
 #include <optional>
 
 #include "display/pane_mouse.h"
-#include "session/client.h"
+#include "text/text.h"
 #include "users/list_walk.h"
 
 class QKeyEvent;
 
 namespace parlorwire {
 
+struct Client;
 class NickMenuPopup;
 class RichTextView;
 

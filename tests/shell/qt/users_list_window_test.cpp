@@ -18,10 +18,6 @@
 namespace parlorwire {
 namespace {
 
-QString Utf8(const char* text) {
-  return QString::fromUtf8(text);
-}
-
 // The main window with a tab on a channel and its list of users.
 struct ListWindow : Windows {
   explicit ListWindow(const std::optional<Text>& config = std::nullopt) : Windows(config) {
@@ -150,13 +146,13 @@ class UsersListWindowTest : public QObject {
     windows.Click("bob", Qt::RightButton);
     QVERIFY(windows.Menu()->isVisible());
     QVERIFY(windows.ComesFrom(windows.Menu(), QCursor::pos()));
-    QCOMPARE(
-        windows.Shown(),
-        QStringList({"bob", "-", Utf8("Инфо пользователя"), "-", Utf8("Добавить в автокик-лист"),
-                     "-", Utf8("Отправить перс"), "-", Utf8("Сменить цвет сообщений")}));
+    QCOMPARE(windows.Shown(), QStringList({"bob", "-", QStringLiteral("Инфо пользователя"), "-",
+                                           QStringLiteral("Добавить в автокик-лист"), "-",
+                                           QStringLiteral("Отправить перс"), "-",
+                                           QStringLiteral("Сменить цвет сообщений")}));
     QCOMPARE(windows.Shown("user_info"), QStringList({"10.0.0.2", "[+o]", "R&&D"}));
-    QCOMPARE(windows.Shown("add_autokick"),
-             QStringList({Utf8("Только на этом канале"), Utf8("На всех каналах")}));
+    QCOMPARE(windows.Shown("add_autokick"), QStringList({QStringLiteral("Только на этом канале"),
+                                                         QStringLiteral("На всех каналах")}));
     windows.Press(Qt::Key_Escape);
     QVERIFY(!windows.Menu()->isVisible());
     QCOMPARE(windows.msg->text(), QString());
@@ -166,13 +162,15 @@ class UsersListWindowTest : public QObject {
     ListWindow windows;
     windows.tab(0).IsOperator = true;
     windows.Click("cid", Qt::RightButton);
-    QCOMPARE(windows.Shown().mid(0, 3), QStringList({"cid", "-", Utf8("Комады оператора")}));
+    QCOMPARE(windows.Shown().mid(0, 3),
+             QStringList({"cid", "-", QStringLiteral("Комады оператора")}));
     QCOMPARE(windows.Shown("oper_commands"),
              QStringList({"Lower", "UnLower", "-", "Kick", "Ban", "-", "Mute", "UnMute"}));
     windows.Press(Qt::Key_Escape);
     windows.tab(0).IsOperator = false;
     windows.Click("cid", Qt::RightButton);
-    QCOMPARE(windows.Shown().mid(0, 3), QStringList({"cid", "-", Utf8("Добавить в автокик-лист")}));
+    QCOMPARE(windows.Shown().mid(0, 3),
+             QStringList({"cid", "-", QStringLiteral("Добавить в автокик-лист")}));
   }
 
   void BesideTheNicksNoMenuComesUp() {
@@ -308,7 +306,7 @@ class UsersListWindowTest : public QObject {
     windows.view->Select(start, start + 7);
     windows.Click("at work", Qt::RightButton);
     QVERIFY(windows.Menu("menu_copy_users")->isVisible());
-    QCOMPARE(windows.Shown("menu_copy_users"), QStringList(Utf8("Копировать")));
+    QCOMPARE(windows.Shown("menu_copy_users"), QStringList(QStringLiteral("Копировать")));
     windows.Draw({"dan|[][]''"});
     windows.Choose("menu_copy_users", "text_copy_users");
     QCOMPARE(windows.outside.clipboard.text, Text("at work"));
@@ -333,7 +331,7 @@ class UsersListWindowTest : public QObject {
   void InEnglishTheCaptionsStayAndAreExplained() {
     ListWindow windows("[Main]\r\nLanguage=English\r\n");
     windows.Click("bob", Qt::RightButton);
-    QCOMPARE(windows.Shown().mid(2, 1), QStringList(Utf8("Инфо пользователя")));
+    QCOMPARE(windows.Shown().mid(2, 1), QStringList(QStringLiteral("Инфо пользователя")));
     const auto spoken = [&](const char* item) {
       return QAccessible::queryAccessibleInterface(windows.Item(item))->text(QAccessible::Name);
     };
@@ -352,9 +350,10 @@ class UsersListWindowTest : public QObject {
 
     windows.client.app.Language = UiLanguage::kRussian;
     windows.Click("bob", Qt::RightButton);
-    QCOMPARE(spoken("send_pers"), Utf8("Отправить перс"));
+    QCOMPARE(spoken("send_pers"), QStringLiteral("Отправить перс"));
     QVERIFY(windows.Item("send_pers")->toolTip() != "Send a personal message");
-    QCOMPARE(windows.Menu("add_autokick")->accessibleName(), Utf8("Добавить в автокик-лист"));
+    QCOMPARE(windows.Menu("add_autokick")->accessibleName(),
+             QStringLiteral("Добавить в автокик-лист"));
   }
 
   void AScreenReaderFindsItsWayThroughTheMenu() {
