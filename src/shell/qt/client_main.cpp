@@ -32,6 +32,7 @@
 #include "shell/qt/open_url.h"
 #include "shell/qt/qt_desktop.h"
 #include "shell/qt/ss_tab.h"
+#include "shell/qt/text_input.h"
 #include "shell/qt/twips.h"
 #include "shell/qt/users_list.h"
 #include "shell/qt/zastavka.h"
@@ -86,11 +87,15 @@ client_main::~client_main() {
   desktop_.Attach(nullptr);
   client_.hooks.ShowLoginDialog = std::function<void(int)>();
   client_.hooks.UsersListDrawn = std::function<void(int)>();
+  client_.hooks.ShowTextInput = std::function<void(const Text&, const Text&)>();
 }
 
 void client_main::FillHooks() {
   client_.hooks.OpenUrl = [](const Text& url) { OpenUrl(url); };
   client_.hooks.ShowLoginDialog = [this](int) { ShowLoginDialog(); };
+  client_.hooks.ShowTextInput = [this](const Text& prompt, const Text& title) {
+    text_input(client_, ToQString(prompt), ToQString(title), this).exec();
+  };
   client_.hooks.UsersListDrawn = [this](int tab) {
     users_lists_[static_cast<std::size_t>(tab)]->Drawn();
   };
@@ -147,6 +152,11 @@ void client_main::WireTab(int slot) {
     OnEvent(client_, "msg_KeyDown", [&] {
       BrowseInputHistory(client_, up ? HistoryDirection::kUp : HistoryDirection::kDown, slot);
     });
+  };
+  tab.msg->Command = [this, slot](MsgCommand command) {
+    bool taken = false;
+    OnEvent(client_, "msg_KeyPress", [&] { taken = SayMsgCommand(client_, command, slot); });
+    return taken;
   };
   tab.msg->ScrollPane = [view = tab.Rich](PaneStep step) {
     switch (step) {

@@ -28,6 +28,22 @@ std::optional<PaneStep> StepOf(const QKeyEvent& event) {
   }
 }
 
+std::optional<MsgCommand> CommandOf(const QKeyEvent& event) {
+  if (event.modifiers() != Qt::ControlModifier) return std::nullopt;
+  switch (event.key()) {
+    case Qt::Key_K:
+      return MsgCommand::kKick;
+    case Qt::Key_B:
+      return MsgCommand::kBan;
+    case Qt::Key_M:
+      return MsgCommand::kMute;
+    case Qt::Key_L:
+      return MsgCommand::kLower;
+    default:
+      return std::nullopt;
+  }
+}
+
 }  // namespace
 
 MsgBox::MsgBox(QWidget* parent) : QLineEdit(parent) {
@@ -68,6 +84,9 @@ void MsgBox::keyPressEvent(QKeyEvent* event) {
     if (ScrollPane) ScrollPane(*step);
     return;
   }
+  // Held down, a key says one command.
+  if (const auto command = CommandOf(*event); command && !isReadOnly() && Command)
+    if (event->isAutoRepeat() || Command(*command)) return;
   switch (event->key()) {
     case Qt::Key_Up:
       if (Browse) Browse(true);

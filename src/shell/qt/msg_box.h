@@ -4,6 +4,8 @@
 #include <QLineEdit>
 #include <functional>
 
+#include "bot/moderator_commands.h"
+
 namespace parlorwire {
 
 // What the keys Page Up, Page Down, Ctrl+Home and Ctrl+End do to the pane above the box.
@@ -20,6 +22,8 @@ class MsgBox : public QLineEdit {
   std::function<void()> Send;           // Enter in a box that is not locked
   std::function<void(bool up)> Browse;  // Up or Down through the input history
   std::function<void(PaneStep)> ScrollPane;
+  // Ctrl+K, Ctrl+B, Ctrl+M and Ctrl+L; false leaves the key to the box.
+  std::function<bool(MsgCommand)> Command;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
