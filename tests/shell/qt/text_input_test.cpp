@@ -24,7 +24,9 @@ struct Operator : Windows {
     client.app.MenuNick = "Bob";
     client.hooks.SayBot = [this](const Text& text, int) { said += text + "|"; };
     msg = Find<QLineEdit>("msg_0");
-    msg->setFocus();
+    // The switch of tabs brings the focus to msg a little later.
+    if (QWidget* focus = QApplication::focusWidget()) focus->clearFocus();
+    if (!QTest::qWaitFor([this] { return msg->hasFocus(); })) qFatal("msg has no focus");
   }
 
   // `command` opens the prompt, and `answer` gets it.
@@ -113,7 +115,7 @@ class TextInputTest : public QObject {
     one.Ask(lower, [](text_input& prompt) {
       auto* duration = prompt.findChild<QComboBox*>("duration");
       QTest::keyClick(prompt.findChild<QLineEdit*>("text"), Qt::Key_Tab);
-      QVERIFY(duration->hasFocus());
+      QTRY_VERIFY(duration->hasFocus());
       QTest::keyClick(duration, Qt::Key_End);
       QTest::mouseClick(prompt.findChild<QPushButton*>("button_ok"), Qt::LeftButton);
     });
