@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (std::size_t i = 1; i + 1 < parts.size(); i += 2) {
     const Text nick(parts[i]);
     const Text address(parts[i + 1]);
-    // No list gives such ones.
+    // No list gives such ones, but for an address with a CR, which may match the end of a line.
     if (nick.empty() || address.empty() || Contains(nick + address, "\n")) continue;
     const Text before = log;
     const bool was_there = Contains(before, address);
@@ -43,8 +43,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(log.size() == before.size() + (seen.nick      ? 0
                                          : seen.address ? 1 + nick.size()
                                                         : 3 + address.size() + nick.size()));
+    if (Contains(nick + address, "\r")) continue;
     Check(ContainsNoCase(log, nick) && Contains(log, address));
-    if (Contains(nick + address, "\r") || Contains(address, " ")) continue;
+    if (Contains(address, " ")) continue;
     const Text then = log;
     Check(LogNickAtAddress(client, nick, address).nick);
     Check(log == then);
