@@ -1,5 +1,7 @@
 #include "shell/qt/users_list.h"
 
+#include <QCursor>
+#include <QGuiApplication>
 #include <QKeyEvent>
 
 #include "pane/qt/rich_text_view.h"
@@ -69,6 +71,11 @@ void UsersList::WireMouse() {
 }
 
 void UsersList::Drawn() {
+  const bool rests = QGuiApplication::mouseButtons() == Qt::NoButton;
+  if (rests && view_->viewport()->underMouse()) {
+    const QPoint mouse = view_->viewport()->mapFromGlobal(QCursor::pos());
+    Rich_Users_MouseMove(client_, slot_, view_->CharFromPos(mouse.x(), mouse.y()));
+  }
   if (reached_.empty() || !view_->hasFocus()) return;
   if (const auto user = FindListedUser(view_->box(), reached_)) Reach(*user);
 }
