@@ -98,8 +98,8 @@ bool UsersList::KeyPressed(const QKeyEvent& key) {
     if (const auto step = NickStepOf(key.key())) return Walk(*step);
     return false;
   }
-  // With Shift or Ctrl the view may put the caret elsewhere.
-  if (NickStepOf(key.key()) || key.matches(QKeySequence::SelectAll)) reached_.clear();
+  // With these the view may put the caret elsewhere.
+  if ((modifiers & Qt::ShiftModifier) || key.matches(QKeySequence::SelectAll)) reached_.clear();
   return false;
 }
 

@@ -497,6 +497,24 @@ class UsersListWindowTest : public QObject {
     QCOMPARE(windows.client.app.MenuNick, Text("bob"));
   }
 
+  void KeysThatPutTheCaretElsewhereEndAWalk() {
+    ListWindow windows;
+    windows.view->setFocus();
+    windows.Press(Qt::Key_Down);
+    windows.Press(Qt::Key_PageDown, Qt::ShiftModifier);
+    windows.Press(Qt::Key_Menu);
+    QVERIFY(!windows.Menu()->isVisible());
+    windows.Press(Qt::Key_Home);
+    windows.Press(Qt::Key_Down, Qt::ShiftModifier);
+    windows.Press(Qt::Key_Menu);
+    QCOMPARE(windows.client.app.MenuNick, Text("bob"));
+    windows.Press(Qt::Key_Escape);
+    windows.Press(Qt::Key_Home);
+    windows.Press(Qt::Key_A, Qt::ControlModifier);
+    windows.Press(Qt::Key_Menu);
+    QVERIFY(!windows.Menu()->isVisible());
+  }
+
   void OnALineWithoutANickNoMenuComesUp() {
     ListWindow windows;
     windows.view->setFocus();
