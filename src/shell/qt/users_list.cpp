@@ -1,5 +1,7 @@
 #include "shell/qt/users_list.h"
 
+#include <QCursor>
+#include <QGuiApplication>
 #include <QKeyEvent>
 
 #include "pane/qt/rich_text_view.h"
@@ -69,6 +71,11 @@ void UsersList::WireMouse() {
 }
 
 void UsersList::Drawn() {
+  const bool rests = QGuiApplication::mouseButtons() == Qt::NoButton;
+  if (rests && view_->viewport()->underMouse()) {
+    const QPoint mouse = view_->viewport()->mapFromGlobal(QCursor::pos());
+    Rich_Users_MouseMove(client_, slot_, view_->CharFromPos(mouse.x(), mouse.y()));
+  }
   if (reached_.empty() || !view_->hasFocus()) return;
   if (const auto user = FindListedUser(view_->box(), reached_)) Reach(*user);
 }
@@ -91,8 +98,8 @@ bool UsersList::KeyPressed(const QKeyEvent& key) {
     if (const auto step = NickStepOf(key.key())) return Walk(*step);
     return false;
   }
-  // With Shift or Ctrl the view may put the caret elsewhere.
-  if (NickStepOf(key.key()) || key.matches(QKeySequence::SelectAll)) reached_.clear();
+  // With these the view may put the caret elsewhere.
+  if ((modifiers & Qt::ShiftModifier) || key.matches(QKeySequence::SelectAll)) reached_.clear();
   return false;
 }
 

@@ -26,7 +26,8 @@ class UsersList : public QObject {
   // Belongs to the view.
   UsersList(Client& client, RichTextView* view, int slot, NickMenuPopup& menus);
 
-  // The list has been drawn anew: who walks through it finds the nick where he was selected again.
+  // The list has been drawn anew: who walks through it finds the nick where he was selected again,
+  // and who is under a resting mouse is tinted.
   void Drawn();
 
  protected:

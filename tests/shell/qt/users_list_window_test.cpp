@@ -122,6 +122,16 @@ class UsersListWindowTest : public QObject {
     QCOMPARE(windows.ColourOf("bob"), 0xFFFF00U);
   }
 
+  void WhoIsUnderARestingMouseInANewListIsTinted() {
+    ListWindow windows;
+    windows.Move("bob");
+    QVERIFY(windows.view->viewport()->underMouse());
+    windows.Draw({"ann|[][]''", "eve|[+o][]''", "fay|[][]''"});
+    QCOMPARE(windows.ColourOf("eve"), windows.client.app.rRichColors.NicksChoose);
+    windows.Draw({});
+    QCOMPARE(windows.view->viewport()->cursor().shape(), Qt::ArrowCursor);
+  }
+
   void ALeftClickPutsTheNickIntoTheInputBox() {
     ListWindow windows;
     windows.msg->setText("hello");
@@ -218,6 +228,16 @@ class UsersListWindowTest : public QObject {
     windows.Choose("nick_menu", "send_pers");
     QCOMPARE(windows.client.app.PersTargetNick, Text("bob"));
     QVERIFY(windows.client.app.Timer21->Enabled());
+  }
+
+  void AClickIsForTheNickThatWasPressedEvenIfTheListIsNewBeforeTheRelease() {
+    ListWindow windows;
+    windows.Move("bob");
+    const QPoint at = windows.PointAt("bob");
+    QTest::mousePress(windows.view->viewport(), Qt::RightButton, Qt::NoModifier, at);
+    windows.Draw({"ann|[][]''", "eve|[+o][]''", "fay|[][]''"});
+    QTest::mouseRelease(windows.view->viewport(), Qt::RightButton, Qt::NoModifier, at);
+    QCOMPARE(windows.client.app.MenuNick, Text("bob"));
   }
 
   void AMenuGoesWithItsTab() {
@@ -475,6 +495,24 @@ class UsersListWindowTest : public QObject {
                       windows.PointAt("[+o]"));
     windows.Press(Qt::Key_Menu);
     QCOMPARE(windows.client.app.MenuNick, Text("bob"));
+  }
+
+  void KeysThatPutTheCaretElsewhereEndAWalk() {
+    ListWindow windows;
+    windows.view->setFocus();
+    windows.Press(Qt::Key_Down);
+    windows.Press(Qt::Key_PageDown, Qt::ShiftModifier);
+    windows.Press(Qt::Key_Menu);
+    QVERIFY(!windows.Menu()->isVisible());
+    windows.Press(Qt::Key_Home);
+    windows.Press(Qt::Key_Down, Qt::ShiftModifier);
+    windows.Press(Qt::Key_Menu);
+    QCOMPARE(windows.client.app.MenuNick, Text("bob"));
+    windows.Press(Qt::Key_Escape);
+    windows.Press(Qt::Key_Home);
+    windows.Press(Qt::Key_A, Qt::ControlModifier);
+    windows.Press(Qt::Key_Menu);
+    QVERIFY(!windows.Menu()->isVisible());
   }
 
   void OnALineWithoutANickNoMenuComesUp() {
