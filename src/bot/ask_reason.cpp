@@ -1,5 +1,6 @@
 #include "bot/ask_reason.h"
 
+#include "session/client.h"
 #include "text/one_line.h"
 
 namespace parlorwire {

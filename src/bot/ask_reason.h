@@ -6,10 +6,11 @@
 #include <cstddef>
 #include <string_view>
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 inline constexpr std::string_view kForGood = W<"Надолго">;
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "text/cut.h"
 #include "text/fault.h"

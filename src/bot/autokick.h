@@ -9,10 +9,11 @@
 
 #include <string_view>
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 inline constexpr std::string_view kDefaultReason = W<"Доступ с Вашего ника или IP запрещен">;
 inline constexpr std::string_view kAllChannels = "All";

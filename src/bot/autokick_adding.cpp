@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "bot/autokick.h"
+#include "session/client.h"
 #include "text/cut.h"
 #include "text/one_line.h"
 

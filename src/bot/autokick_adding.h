@@ -1,9 +1,9 @@
 // The items of `nick_menu` that put its nick, `MenuNick`, on the list of kicks.
 #pragma once
 
-#include "session/client.h"
-
 namespace parlorwire {
+
+struct Client;
 
 // The item `all_channels`: the nick's entry gets "All" for its channels; without an entry it gets
 // one. The user is told what was done; then the list is saved.

@@ -1,6 +1,7 @@
 #include "bot/autokick_editor.h"
 
 #include "bot/autokick.h"
+#include "session/client.h"
 #include "text/cut.h"
 #include "text/one_line.h"
 

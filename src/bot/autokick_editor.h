@@ -8,10 +8,11 @@
 #include <string_view>
 #include <vector>
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // A row. Its number, in column 0, is its place in the list, from 1.
 struct AutoKickRow {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "text/cut.h"
 #include "text/fault.h"

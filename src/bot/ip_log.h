@@ -5,10 +5,11 @@
 // joins the lines and stands ahead of the first, so a new log begins with an empty line.
 #pragma once
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // IPlog.log as it stands; "" if there is no such file or it can't be read. Such a one is never
 // written.

@@ -11,6 +11,7 @@
 
 #include "bot/ip_log.h"
 #include "display/framed_notice.h"
+#include "session/client.h"
 #include "session/fault_trap.h"
 #include "text/cut.h"
 

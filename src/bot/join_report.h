@@ -2,9 +2,9 @@
 // addresses and flags: kicks, logs, reports.
 #pragma once
 
-#include "session/client.h"
-
 namespace parlorwire {
+
+struct Client;
 
 // The list of users is new. Nothing happens unless the user is an operator of the tab. Each nick of
 // `JoinLines` is taken out of it and, with what the list has of it, kicked by its address or else

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "session/client.h"
 #include "session/ini.h"
 #include "text/cut.h"
 

@@ -5,10 +5,11 @@
 #include <string_view>
 #include <vector>
 
-#include "session/client.h"
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct Client;
 
 // A check box `Ch`, in their order.
 struct KickChannel {

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "bot/ask_reason.h"
+#include "session/client.h"
 #include "text/cut.h"
 
 namespace parlorwire {

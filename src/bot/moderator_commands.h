@@ -2,9 +2,9 @@
 // for SayBot; the service decides whether he may.
 #pragma once
 
-#include "session/client.h"
-
 namespace parlorwire {
+
+struct Client;
 
 // ---- the items of `nick_menu`, for `MenuNick` on the active tab ----
 

@@ -16,6 +16,10 @@ namespace parlorwire {
 inline constexpr int kTabCount = 10;
 inline constexpr int kMaxLogins = 100;
 
+// What holds without a setting, in ms.
+inline constexpr std::int16_t kActionDelay = 3000;
+inline constexpr std::int32_t kReconnectDelay = 60000;
+
 constexpr PaneColour Rgb(unsigned red, unsigned green, unsigned blue) {
   return red + 256 * green + 65536 * blue;
 }
@@ -114,8 +118,8 @@ struct AppState {
   Text ProxyAuthBasic;  // base64 of proxy login, ":" and proxy password; renewed by every connect
   ProxyControls sett_conn;
 
-  std::int16_t ActionDelayValue = 3000;      // ms; interval of Timer6 and Timer26
-  std::int32_t ReconnectDelayValue = 60000;  // ms; interval of Timer3
+  std::int16_t ActionDelayValue = kActionDelay;        // ms; interval of Timer6 and Timer26
+  std::int32_t ReconnectDelayValue = kReconnectDelay;  // ms; interval of Timer3
 
   FontMain rFontMain;
   FontSystem rFontSystem;

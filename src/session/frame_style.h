@@ -2,8 +2,6 @@
 // number 9, which is meant for robots, and has the service change to it.
 #pragma once
 
-#include <string_view>
-
 #include "text/text.h"
 
 namespace parlorwire {

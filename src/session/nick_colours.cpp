@@ -1,5 +1,6 @@
 #include "session/nick_colours.h"
 
+#include <cstdint>
 #include <iterator>
 #include <span>
 #include <string>

@@ -1,7 +1,6 @@
 // The lasting colours of nicks: the text of CM.ini, held so that a lookup needs no search.
 #pragma once
 
-#include <cstdint>
 #include <list>
 #include <optional>
 #include <string_view>

@@ -51,10 +51,10 @@ void ReadBot(Client& client) {
 
 void ReadDelays(Client& client) {
   AppState& app = client.app;
-  app.ActionDelayValue = 3000;
+  app.ActionDelayValue = kActionDelay;
   PassOverFault(
       [&] { app.ActionDelayValue = ToInteger(ReadIni(client, "Main", "ActionDelayValue")); });
-  app.ReconnectDelayValue = 60000;
+  app.ReconnectDelayValue = kReconnectDelay;
   PassOverFault(
       [&] { app.ReconnectDelayValue = ToLong(ReadIni(client, "Main", "ReconnectDelayValue")); });
 }

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstddef>
-#include <initializer_list>
 #include <string_view>
 #include <vector>
 
