@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "pane/rich_text_box.h"
+#include "pane/units.h"
 #include "text/text.h"
 
 namespace parlorwire {

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "pane/rich_text_box.h"
+#include "pane/units.h"
 
 namespace parlorwire {
 

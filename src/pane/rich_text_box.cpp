@@ -248,7 +248,8 @@ int RichTextBox::Width() const {
 }
 
 void RichTextBox::Width(int twips) {
-  storage_->width = twips;
+  if (std::exchange(storage_->width, twips) == twips) return;
+  if (storage_->view != nullptr) storage_->view->WidthChanged(twips);
 }
 
 int RichTextBox::RightMargin() const {

@@ -47,6 +47,7 @@ class PaneView {
   virtual void RedrawChanged(bool on) = 0;
 
   virtual void VisibleChanged(bool visible) = 0;
+  virtual void WidthChanged(int twips) = 0;  // of the control; a view may go by its window's
   virtual void RightMarginChanged(int twips) = 0;
   virtual void PointerChanged(PanePointer pointer) = 0;
   virtual void Refresh() = 0;  // a repaint is wanted

@@ -6,7 +6,6 @@
 #include <string>
 #include <utility>
 
-#include "text/fault.h"
 #include "text/letter_case.h"
 #include "text/number.h"
 

@@ -1,7 +1,5 @@
 #include "session/user_records.h"
 
-#include "text/fault.h"
-
 namespace parlorwire {
 
 void UserRecords::Clear() {

@@ -175,13 +175,18 @@ TEST_F(TextOutTest, ScrollsByTheTickAndTheBar) {
   }
 }
 
-TEST_F(TextOutTest, TheWidthIsTheSameAfterwards) {
+TEST_F(TextOutTest, AViewThatHoldsStillIsNudgedByItsWidth) {
+  session.Rich.Width(5000);
   ScriptedView view(session.Rich);
   view.bar = {0, 100, 10, 20};
-  session.Rich.Width(5000);
+  Out("alice:", "hello", kMessage);
+  EXPECT_TRUE(view.widths.empty());
   platform.desktop.at(0).stop_scroll = true;
   Out("alice:", "hello", kMessage);
-  EXPECT_EQ(session.Rich.Width(), 5000);
+  EXPECT_THAT(view.widths, ElementsAre(4990, 5000));
+  view.bar = {};
+  Out("alice:", "hello", kMessage);
+  EXPECT_EQ(view.widths.size(), 2U);
 }
 
 TEST_F(TextOutTest, NothingIsPaintedUntilTheLineIsWhole) {

@@ -163,6 +163,7 @@ struct PaneMirror : PaneView {
   }
   void RedrawChanged(bool on) override { redraws.push_back(on); }
   void VisibleChanged(bool visible) override { visibles.push_back(visible); }
+  void WidthChanged(int twips) override { widths.push_back(twips); }
   void RightMarginChanged(int twips) override { right_margins.push_back(twips); }
   void PointerChanged(PanePointer pointer) override { pointers.push_back(pointer); }
   void Refresh() override { ++refreshes; }
@@ -203,6 +204,7 @@ struct PaneMirror : PaneView {
   int refreshes = 0;
   std::vector<bool> redraws;
   std::vector<bool> visibles;
+  std::vector<int> widths;
   std::vector<int> right_margins;
   std::vector<PanePointer> pointers;
   std::vector<PaneScroll> scrolls;

@@ -178,6 +178,17 @@ TEST(RichTextBoxView, IsToldWhereLinesWrap) {
   EXPECT_EQ(view.right_margins, (std::vector<int>{53'000, 0}));
 }
 
+TEST(RichTextBoxView, IsToldOfAnotherWidth) {
+  RichTextBox pane;
+  PaneMirror view(pane);
+  pane.Attach(&view);
+  pane.Width(5000);
+  pane.Width(5000);
+  EXPECT_EQ(pane.Width(), 5000);
+  pane.Width(4990);
+  EXPECT_EQ(view.widths, (std::vector<int>{5000, 4990}));
+}
+
 TEST(RichTextBoxView, IsAskedForScrollingAndPoints) {
   RichTextBox pane;
   EXPECT_EQ(pane.GetScrollInfo().max, 0);

@@ -19,13 +19,11 @@
 namespace parlorwire {
 namespace {
 
-// Rounds in which the child got something done, and rounds at most: a child begins late on a busy
-// machine, so later rounds give it more time.
-constexpr int kGoodRounds = 40;
-constexpr int kMostRounds = 400;
+constexpr int kRounds = 40;
 
-int Moment(std::mt19937& random, int round) {
-  return static_cast<int>(300 + random() % static_cast<unsigned>(2000 + 50 * round));
+// Microseconds, in which a child writes some pieces or none.
+int Moment(std::mt19937& random) {
+  return static_cast<int>(random() % 2000);
 }
 
 // A number that a child and its parent share.
@@ -75,14 +73,14 @@ TEST(KilledClient, ADayLogLacksNoPieceButTheLast) {
   std::mt19937 random(1);
   SimulatedPlatform expected;
   Client model(expected.Ports());
-  int good = 0;
-  for (int round = 0; good < kGoodRounds && round < kMostRounds; ++round) {
+  for (int round = 0; round < kRounds; ++round) {
     const int before = *written;
-    InChildThatIsKilled(Moment(random, round), [&] {
+    InChildThatIsKilled(Moment(random), [&] {
       static OnDisk child(folder.path());
       LogChatLine(child.client, Piece(*written), "talk");
       ++*written;
     });
+    ASSERT_GT(*written, before);
     for (int number = before; number < *written; ++number)
       LogChatLine(model, Piece(number), "talk");
     const Text found =
@@ -97,9 +95,7 @@ TEST(KilledClient, ADayLogLacksNoPieceButTheLast) {
       ASSERT_GE(found.size() + 1, counted.size()) << "round " << round;
       folder.Put(kDayLogOnDisk, whole);
     }
-    if (*written > before) ++good;
   }
-  EXPECT_EQ(good, kGoodRounds);
 }
 
 TEST(KilledClient, SettingsAreThoseOfBeforeOrAfterAWrite) {
@@ -110,10 +106,9 @@ TEST(KilledClient, SettingsAreThoseOfBeforeOrAfterAWrite) {
   folder.Put("config.ini", settings);
   const Shared written;
   std::mt19937 random(2);
-  int good = 0;
-  for (int round = 0; good < kGoodRounds && round < kMostRounds; ++round) {
+  for (int round = 0; round < kRounds; ++round) {
     const int before = *written;
-    InChildThatIsKilled(Moment(random, round), [&] {
+    InChildThatIsKilled(Moment(random), [&] {
       static OnDisk child(folder.path());
       WriteIni(child.client, "Main", "lastIndex", std::to_string(*written + 1));
       ++*written;
@@ -122,13 +117,12 @@ TEST(KilledClient, SettingsAreThoseOfBeforeOrAfterAWrite) {
     const Text index = ReadIni(restarted.client, "Main", "lastIndex");
     const int found = index.empty() ? 0 : std::stoi(index);
     ASSERT_TRUE(found == *written || found == *written + 1) << index << " of " << *written;
+    ASSERT_GT(found, before);
     *written = found;
     Text whole = settings;
     if (found > 0) whole += "lastIndex=" + index + "\r\n";
     ASSERT_EQ(folder.Content("config.ini"), whole);
-    if (found > before) ++good;
   }
-  EXPECT_EQ(good, kGoodRounds);
 }
 
 TEST(KilledClient, AnErrorLogThatStartsAnewLacksNothingButOfItsLastEntry) {
@@ -138,14 +132,14 @@ TEST(KilledClient, AnErrorLogThatStartsAnewLacksNothingButOfItsLastEntry) {
   SimulatedPlatform expected;
   Client model(expected.Ports());
   const auto entry = [](int number) { return Text(3000, 'e') + std::to_string(number); };
-  int good = 0;
-  for (int round = 0; good < kGoodRounds && round < kMostRounds; ++round) {
+  for (int round = 0; round < kRounds; ++round) {
     const int before = *written;
-    InChildThatIsKilled(Moment(random, round), [&] {
+    InChildThatIsKilled(Moment(random), [&] {
       static OnDisk child(folder.path());
       WriteErrorLog(child.client, entry(*written));
       ++*written;
     });
+    ASSERT_GT(*written, before);
     for (int number = before; number < *written; ++number)
       WriteErrorLog(model, entry(number));
     const Text found = exists(folder.path() / "error.log") ? folder.Content("error.log") : Text();
@@ -158,9 +152,7 @@ TEST(KilledClient, AnErrorLogThatStartsAnewLacksNothingButOfItsLastEntry) {
       ASSERT_TRUE(starts_anew || found.size() >= counted.size()) << "round " << round;
       folder.Put("error.log", whole);
     }
-    if (*written > before) ++good;
   }
-  EXPECT_EQ(good, kGoodRounds);
 }
 
 }  // namespace

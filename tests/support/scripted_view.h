@@ -22,6 +22,7 @@ class ScriptedView : public PaneView {
   void SelectionChanged() override {}
   void RedrawChanged(bool on) override { painting = on; }
   void VisibleChanged(bool) override {}
+  void WidthChanged(int twips) override { widths.push_back(twips); }
   void RightMarginChanged(int) override {}
   void PointerChanged(PanePointer) override {}
   void Refresh() override { ++refreshes; }
@@ -34,6 +35,7 @@ class ScriptedView : public PaneView {
   int painted_changes = 0;  // changes of the text while painting was on
   int refreshes = 0;
   std::vector<PaneScroll> scrolls;
+  std::vector<int> widths;  // that the pane was given
 
  private:
   RichTextBox& pane_;

@@ -22,6 +22,7 @@ class ScrolledView : public PaneView {
   void SelectionChanged() override {}
   void RedrawChanged(bool) override {}
   void VisibleChanged(bool) override {}
+  void WidthChanged(int) override {}
   void RightMarginChanged(int) override {}
   void PointerChanged(PanePointer) override {}
   void Refresh() override {}

@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -91,22 +92,37 @@ int InChildOnSmallDisk(const std::filesystem::path& mount_point, int bytes,
 }
 
 void InChildThatIsKilled(int microseconds, const std::function<void()>& action) {
+  std::array<int, 2> once{};  // the ends of a pipe
+  if (pipe(once.data()) != 0) throw std::runtime_error("no pipe");
   const pid_t child = Fork();
   if (child == 0) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);  // it never outlives the test
     try {
+      action();
+      if (write(once[1], "", 1) != 1) _exit(1);
       for (;;)
         action();
     } catch (...) {
       _exit(1);
     }
   }
-  usleep(static_cast<useconds_t>(microseconds));
+  close(once[1]);
+  char byte = 0;
+  const bool has_run = read(once[0], &byte, 1) == 1;
+  close(once[0]);
+  if (has_run) usleep(static_cast<useconds_t>(microseconds));
   kill(child, SIGKILL);
   int status = 0;
   waitpid(child, &status, 0);
   if (!WIFSIGNALED(status) || WTERMSIG(status) != SIGKILL)
     throw std::runtime_error("the child ended before it was killed");
+}
+
+int GoneProcess() {
+  const pid_t child = Fork();
+  if (child == 0) _exit(0);
+  ExitOf(child);
+  return child;
 }
 
 }  // namespace parlorwire

@@ -37,7 +37,10 @@ int InChildWithoutPrivileges(const std::function<int()>& action);
 int InChildOnSmallDisk(const std::filesystem::path& mount_point, int bytes,
                        const std::function<int()>& action);
 
-// Lets a child run `action` over and over, and kills it after so many microseconds.
+// Lets a child run `action` over and over, and kills it so many microseconds after it has run once.
 void InChildThatIsKilled(int microseconds, const std::function<void()>& action);
+
+// The id of a process that has ended.
+int GoneProcess();
 
 }  // namespace parlorwire

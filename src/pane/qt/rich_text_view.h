@@ -81,6 +81,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void SelectionChanged() override;
   void RedrawChanged(bool on) override;
   void VisibleChanged(bool visible) override;
+  void WidthChanged(int) override {}  // lines wrap at the width of the widget
   void RightMarginChanged(int twips) override;
   void PointerChanged(PanePointer pointer) override;
   void Refresh() override;

@@ -12,6 +12,7 @@
 #include "display/fonts.h"
 #include "platform/qt/text_conversion.h"
 #include "session/both_languages.h"
+#include "session/client.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/font_and_color.h"
 #include "shell/start_up.h"

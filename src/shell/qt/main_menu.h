@@ -4,13 +4,15 @@
 #include <QObject>
 #include <functional>
 
-#include "session/client.h"
+#include "platform/desktop.h"
 
 class QAction;
 class QMainWindow;
 class QMenu;
 
 namespace parlorwire {
+
+struct Client;
 
 // The items bear the names of their commands. They work on the client; `leave` ends the program.
 class MainMenu : public QObject {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "pane/qt/rich_text_view.h"
+#include "session/client.h"
 #include "session/event_entry.h"
 #include "shell/hot_keys.h"
 #include "shell/qt/client_main.h"

@@ -3,10 +3,9 @@
 
 #include <functional>
 
-#include "session/client.h"
-
 namespace parlorwire {
 
+struct Client;
 class client_main;
 
 // Makes the shortcuts, which work wherever in the window the focus is, also with a Russian keyboard

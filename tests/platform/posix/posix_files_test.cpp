@@ -1,7 +1,6 @@
 #include "platform/posix/posix_files.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -19,15 +18,6 @@ namespace {
 
 int OpenDescriptors() {
   return static_cast<int>(std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}));
-}
-
-// The id of a process that has ended.
-std::string GoneProcess() {
-  const pid_t child = fork();
-  if (child == 0) _exit(0);
-  int status = 0;
-  waitpid(child, &status, 0);
-  return std::to_string(child);
 }
 
 class PosixFilesTest : public testing::Test {
@@ -213,7 +203,7 @@ TEST_F(PosixFilesTest, ReplaceWritesOverWhatADeadProcessLeft) {
 }
 
 TEST_F(PosixFilesTest, WhatGoneProcessesLeftBesideAnyFileIsRemoved) {
-  const std::string gone = GoneProcess();
+  const std::string gone = std::to_string(GoneProcess());
   for (const char* name : {"config.ini", "error.log", "file", "Канал~1.txt"}) {
     folder.Put(name, "whole");
     folder.Put(name + ("~" + gone), "half");
@@ -247,7 +237,7 @@ TEST_F(PosixFilesTest, WhatSeemsToBeOfAProcessOfAnotherUserStays) {
 }
 
 TEST_F(PosixFilesTest, OnlyWhatIsNamedAsALeftoverIsRemoved) {
-  const std::string gone = GoneProcess();
+  const std::string gone = std::to_string(GoneProcess());
   const std::vector<std::string> names = {"config.ini",
                                           "config.ini~",
                                           "~" + gone,
@@ -278,7 +268,7 @@ TEST_F(PosixFilesTest, OnlyWhatIsNamedAsALeftoverIsRemoved) {
 
 TEST_F(PosixFilesTest, WhatBelongsToAnotherUserStays) {
   if (geteuid() != 0) GTEST_SKIP() << "files of another user can't be made here";
-  const std::string name = "config.ini~" + GoneProcess();
+  const std::string name = "config.ini~" + std::to_string(GoneProcess());
   folder.Put(name, "another's");
   folder.SetMode("", 0777);
   EXPECT_EQ(InChildWithoutPrivileges([&] { return FaultOf([&] { files.RemoveLeftovers(); }); }), 0);
@@ -303,7 +293,7 @@ TEST_P(PosixFilesReplaced, AKillInTheMiddleLeavesOneContentWhole) {
   files.Replace("file", old_content);
   int olds = 0, news = 0;
   for (int round = 0; round < 40; ++round) {
-    InChildThatIsKilled(1000 + round * 311, [&] {
+    InChildThatIsKilled(round * 311, [&] {
       (files.*replace)("file", new_content);
       (files.*replace)("file", old_content);
     });
