@@ -1,6 +1,8 @@
 // Lines: where they start, how long they are without their break, and the line of a position.
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "pane/rich_text_box.h"
 
 namespace parlorwire {
@@ -15,6 +17,10 @@ struct LinesRow {
   Starts starts;
   Lengths lengths;
 };
+
+void PrintTo(const LinesRow& row, std::ostream* out) {
+  *out << row.name;
+}
 
 class RichTextBoxLines : public testing::TestWithParam<LinesRow> {};
 

@@ -1,6 +1,8 @@
 // Positions, selecting and replacing: what is selected, and what the text is afterwards.
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "pane/rich_text_box.h"
 #include "support/fault_of.h"
 #include "text/text.h"
@@ -61,6 +63,10 @@ struct ExSetSelRow {
   PanePosition min, max;
   Range selection;
 };
+
+void PrintTo(const ExSetSelRow& row, std::ostream* out) {
+  *out << row.name;
+}
 
 class RichTextBoxExSetSel : public testing::TestWithParam<ExSetSelRow> {};
 

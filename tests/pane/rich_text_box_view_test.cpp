@@ -1,6 +1,8 @@
 // What the pane tells its view, and what it asks of it.
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "pane/pane_model.h"
 #include "pane/rich_text_box.h"
 #include "text/fault.h"
@@ -17,6 +19,10 @@ struct ChangeRow {
   std::string_view written;
   TextChange change;
 };
+
+void PrintTo(const ChangeRow& row, std::ostream* out) {
+  *out << row.name;
+}
 
 class RichTextBoxChange : public testing::TestWithParam<ChangeRow> {};
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <random>
 
 #include "pane/pane_model.h"
@@ -15,6 +16,10 @@ struct Sizes {
   PaneBlockSizes blocks;
   PanePosition largest;  // of the text
 };
+
+void PrintTo(const Sizes& sizes, std::ostream* out) {
+  *out << "text of " << sizes.largest;
+}
 
 class PaneTextRandom : public testing::TestWithParam<Sizes> {
  protected:

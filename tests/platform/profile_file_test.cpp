@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <random>
 #include <vector>
 
@@ -24,6 +25,10 @@ struct ReadCase {
   std::string_view file;
   std::string_view value;
 };
+
+void PrintTo(const ReadCase& read, std::ostream* out) {
+  *out << read.what;
+}
 
 class ReadProfile : public testing::TestWithParam<ReadCase> {};
 
@@ -137,6 +142,10 @@ struct WriteCase {
   std::string_view before;
   std::string_view after;
 };
+
+void PrintTo(const WriteCase& write, std::ostream* out) {
+  *out << write.what;
+}
 
 class WriteProfile : public testing::TestWithParam<WriteCase> {};
 

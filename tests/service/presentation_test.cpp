@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "text/cut.h"
 
 namespace parlorwire::service {
@@ -54,6 +56,10 @@ struct Marks {
   int style;
   std::string_view has;
 };
+
+void PrintTo(const Marks& marks, std::ostream* out) {
+  *out << marks.has;
+}
 
 class BrowserStyle : public testing::TestWithParam<Marks> {};
 

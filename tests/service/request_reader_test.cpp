@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <string_view>
 
@@ -85,6 +86,10 @@ struct BadRequest {
   std::string bytes;
   int status;
 };
+
+void PrintTo(const BadRequest& bad, std::ostream* out) {
+  *out << testing::PrintToString(bad.bytes.substr(0, 40));
+}
 
 class RequestReaderRefuses : public testing::TestWithParam<BadRequest> {};
 

@@ -26,6 +26,10 @@ void SayControl(QWidget* control, const QString& text) {
   control->setAccessibleName(said.remove(QLatin1Char('&')));
 }
 
+QString PlainToolTip(const QString& text) {
+  return QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped());
+}
+
 QFont LabelFont() {
   QFont font(QStringLiteral("verdana"), 8);
   font.setStyleHint(QFont::SansSerif);

@@ -26,6 +26,9 @@ void NameControl(QWidget* control, const QString& family, int slot);
 // The name that a screen reader says; `text` may hold a mnemonic mark.
 void SayControl(QWidget* control, const QString& text);
 
+// A tool tip that shows `text` to the letter, also where it looks like markup.
+QString PlainToolTip(const QString& text);
+
 // Font "verdana" 8, which labels and fields have.
 QFont LabelFont();
 

@@ -33,8 +33,7 @@ void SetCaption(QAction* item, const QMenu* menu, const Text& text) {
   const QString whole = ToQString(text);
   QString shown = whole.simplified();
   shown = menu->fontMetrics().elidedText(shown, Qt::ElideRight, kWidestCaption);
-  item->setToolTip(shown == whole ? QString()
-                                  : QStringLiteral("<qt>%1</qt>").arg(whole.toHtmlEscaped()));
+  item->setToolTip(shown == whole ? QString() : PlainToolTip(whole));
   item->setText(shown.replace(QLatin1Char('&'), QLatin1String("&&")));
 }
 

@@ -70,7 +70,7 @@ void QtDesktop::SetTabCaption(int tab, const Text& caption) {
   if (!window_) return;
   window_->tab_captions[static_cast<std::size_t>(tab)] = caption;
   QString shown = ToQString(caption);
-  window_->controls.SSTab->setTabToolTip(tab, shown);
+  window_->controls.SSTab->setTabToolTip(tab, PlainToolTip(shown));
   shown.replace(QLatin1Char('&'), QLatin1String("&&"));
   window_->controls.SSTab->setTabText(tab, shown);
   // The caption changes whenever a connect begins or ends, which the button shows.

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <iterator>
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -280,15 +281,23 @@ TEST_F(PosixFilesTest, WithoutAnApplicationFolderThereAreNoLeftovers) {
   EXPECT_EQ(FaultOf([&] { nowhere.RemoveLeftovers(); }), 0);
 }
 
-class PosixFilesReplaced
-    : public PosixFilesTest,
-      public testing::WithParamInterface<void (Files::*)(const Text& name, const Text& content)> {};
+struct Way {
+  const char* name;
+  void (Files::*replace)(const Text& name, const Text& content);
+};
+
+void PrintTo(const Way& way, std::ostream* out) {
+  *out << way.name;
+}
+
+class PosixFilesReplaced : public PosixFilesTest, public testing::WithParamInterface<Way> {};
 
 INSTANTIATE_TEST_SUITE_P(InBothWays, PosixFilesReplaced,
-                         testing::Values(&Files::Replace, &Files::ReplaceUnflushed));
+                         testing::Values(Way{"Replace", &Files::Replace},
+                                         Way{"ReplaceUnflushed", &Files::ReplaceUnflushed}));
 
 TEST_P(PosixFilesReplaced, AKillInTheMiddleLeavesOneContentWhole) {
-  const auto replace = GetParam();
+  const auto replace = GetParam().replace;
   const Text old_content(300'000, 'o'), new_content(200'000, 'n');
   files.Replace("file", old_content);
   int olds = 0, news = 0;

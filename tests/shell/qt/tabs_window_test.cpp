@@ -2,6 +2,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QObject>
+#include <QTextDocumentFragment>
 
 #include "pane/qt/rich_text_view.h"
 #include "shell/qt/ss_tab.h"
@@ -212,6 +213,15 @@ class TabsWindowTest : public QObject {
     windows.desktop.SetTabCaption(0, "R&B - €Bob"_w);
     QCOMPARE(windows.desktop.TabCaption(0), "R&B - €Bob"_w);
     QCOMPARE(windows.Find<SSTab>("SSTab")->tabText(0), QString::fromUtf8("R&&B - €Bob"));
+  }
+
+  void TheToolTipOfATabShowsMarkupToTheLetter() {
+    Windows windows;
+    ShowNamedTabs(windows, 1);
+    windows.desktop.SetTabCaption(0, "<b>R</b>&amp; - Bob");
+    QCOMPARE(
+        QTextDocumentFragment::fromHtml(windows.Find<SSTab>("SSTab")->tabToolTip(0)).toPlainText(),
+        QStringLiteral("<b>R</b>&amp; - Bob"));
   }
 
   void EnablingFollowsTheTable() {
