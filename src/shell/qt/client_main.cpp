@@ -41,6 +41,7 @@
 #include "shell/tabs.h"
 #include "users/input_history.h"
 #include "users/posting.h"
+#include "users/recode_layout.h"
 
 namespace parlorwire {
 namespace {
@@ -141,6 +142,7 @@ void client_main::WireLinks() {
   act(controls.sp_opers, [this] { sp_opers(client_); });
   act(controls.hist_topic, [this] { hist_topic(client_); });
   act(controls.logout, [this] { LeaveChannel(client_, desktop_.ActiveTab()); });
+  act(controls.perecodirovka_label, [this] { perecodirovka_label(client_); });
 }
 
 void client_main::WireTab(int slot) {

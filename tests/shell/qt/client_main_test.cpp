@@ -492,7 +492,7 @@ class ClientMainTest : public QObject {
   void LabelsWithoutAnActionCannotBeUsed() {
     Windows windows;
     Enter(windows);
-    for (const char* name : {"letogr", "search_label", "perecodirovka_label", "pers_0"})
+    for (const char* name : {"letogr", "pers_0"})
       QVERIFY2(!windows.Find(name)->isEnabled(), name);
   }
 

@@ -267,6 +267,25 @@ class LinksAndButtonsTest : public QObject {
     QCOMPARE(opened_, page);
   }
 
+  void TheLabelRecodesWhatStandsInTheInputBox() {
+    Windows windows;
+    windows.desktop.SetTabVisible(0, true);
+    auto* msg = windows.Find<QLineEdit>("msg_0");
+    auto* label = windows.Find<LinkLabel>("perecodirovka_label");
+    msg->setReadOnly(false);
+    msg->setFocus();
+    QTest::keyClicks(msg, "ghbdtn");
+    msg->selectAll();
+    QTest::mouseClick(label, Qt::LeftButton);
+    QCOMPARE(msg->text(), Utf8("привет"));
+    QVERIFY(!msg->hasSelectedText());
+    QCOMPARE(msg->cursorPosition(), 6);
+    QVERIFY(msg->hasFocus());
+    label->setFocus();
+    QTest::keyClick(label, Qt::Key_Return);
+    QCOMPARE(msg->text(), QString("ghbdtn"));
+  }
+
   void LogoffAndLogoutGoToWinsock5_data() {
     QTest::addColumn<QString>("link");
     QTest::addColumn<QString>("request");
