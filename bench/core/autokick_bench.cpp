@@ -91,11 +91,7 @@ struct Operator {
     session.JoinLines.clear();
     session.BotQueue.assign(1, Text());
   }
-  Platform Ports() {
-    Platform ports = rest.Ports();
-    return {files,         ports.clock,      ports.random,  ports.clipboard,
-            ports.desktop, ports.NewWinsock, ports.NewTimer};
-  }
+  Platform Ports() { return rest.Ports(files); }
 
   TemporaryFolder folder;
   SimulatedPlatform rest;

@@ -17,6 +17,7 @@ namespace parlorwire {
 // The ports, owned by whoever builds the platform; they outlive every Client that uses them.
 struct Platform {
   Files& files;
+  const Files& program_files;  // beside the installed program; never written to
   Clock& clock;
   Random& random;
   Clipboard& clipboard;

@@ -7,6 +7,7 @@
 
 #include "pane/units.h"
 #include "platform/desktop.h"
+#include "platform/resources.h"
 #include "platform/timer.h"
 #include "session/nick_colours.h"
 #include "text/text.h"
@@ -171,7 +172,16 @@ struct AppState {
   PanePosition MouseDownChar = 0;  // where
   int MouseDownTab = 0;            // in the pane of which tab
   Text HoverChannel;               // the name of the channel on a list of channels
+  Text HoverLink;                  // a link
+  Text HoverIP;                    // an address mask
   ListHover UsersHover;
+
+  // Smiles, out of the library "smiles.dll": each line of the table stands behind a CR LF and holds
+  // the names of one picture, with blanks between. Split at CR LF, element j (1-based) is that of
+  // the picture LoadResourceBitmap(resources, 101 + j); element 0 is empty. "" without a library.
+  Resources resources;
+  Text SmileTable;
+  std::int16_t SmileCount = 0;
 
   // The menus of nicks.
   NickMenu nick_menu;

@@ -10,6 +10,7 @@ namespace parlorwire {
 
 void UnloadStep(Client& client, const std::optional<WindowPlace>& place) {
   AppState& app = client.app;
+  FreeResourceLibrary(app.resources);
   for (int slot = 0; slot < kTabCount; ++slot) {
     client.tab(slot).Winsock1->Close();
     WriteIni(client, "Main", "WMFrame" + std::to_string(slot), client.tab(slot).TabSplitPercent);

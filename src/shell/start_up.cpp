@@ -7,6 +7,7 @@
 #include "bot/ip_log.h"
 #include "display/fonts.h"
 #include "display/message_colours.h"
+#include "display/smiles.h"
 #include "session/client.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
@@ -142,6 +143,7 @@ WindowPlace LoadStep(Client& client, const WindowMeasures& measures) {
   client.tab(0).LoginShown = true;
   LoadIpLog(client);
   LoadAutoKick(client);
+  LoadSmiles(client);
   return place;
 }
 

@@ -25,12 +25,12 @@ struct WindowMeasures {
   double TabSplitPercent = 0;  // where line_razdel stands as designed, in percent of SSTab
 };
 
-// The load step: reads config.ini, CM.ini, IPlog.log and AutoKick.lst, and leaves all ten slots
-// unconnected, locked and invisible. The splash is up and stays up. Of the window it sets, through
-// the Desktop port, language, tabs, captions and enabled controls; the check marks of the menu
-// follow `Language`, `AutoKick`, `SayIPAndFlags`, `rFontMain.Bold` and `rFontMain.TimeBold`.
-// Returns the place that the window takes, which nobody has checked against the screen. Never
-// fails.
+// The load step: reads config.ini, CM.ini, IPlog.log, AutoKick.lst and smiles.dll, and leaves all
+// ten slots unconnected, locked and invisible. The splash is up and stays up. Of the window it
+// sets, through the Desktop port, language, tabs, captions and enabled controls; the check marks of
+// the menu follow `Language`, `AutoKick`, `SayIPAndFlags`, `rFontMain.Bold` and
+// `rFontMain.TimeBold`. Returns the place that the window takes, which nobody has checked against
+// the screen. Never fails.
 WindowPlace LoadStep(Client& client, const WindowMeasures& measures);
 
 // The fixed texts follow by Desktop::ShowLanguage, which also moves the check mark between `rus`

@@ -21,6 +21,8 @@ Text FaultDescription(int number) {
       return "Subscript out of range";
     case fault::kTypeMismatch:
       return "Type mismatch";
+    case fault::kErrorInLibrary:
+      return "Error in loading DLL";
     case fault::kInternal:
       return "Internal error";
     case fault::kBadFileName:

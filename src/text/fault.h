@@ -20,13 +20,14 @@ struct Fault : std::exception {
 
 // The numbers in use.
 namespace fault {
-inline constexpr int kInvalidCall = 5;    // a cut with a negative length, a position below 1
-inline constexpr int kOverflow = 6;       // a number too large for its type
-inline constexpr int kOutOfMemory = 7;    // a result too large to be meant
-inline constexpr int kSubscript = 9;      // an element that a list doesn't have
-inline constexpr int kTypeMismatch = 13;  // a text that is no number
-inline constexpr int kInternal = 51;      // an exception of the language's library
-inline constexpr int kBadFileName = 52;   // a name that no file can have
+inline constexpr int kInvalidCall = 5;      // a cut with a negative length, a position below 1
+inline constexpr int kOverflow = 6;         // a number too large for its type
+inline constexpr int kOutOfMemory = 7;      // a result too large to be meant
+inline constexpr int kSubscript = 9;        // an element that a list doesn't have
+inline constexpr int kTypeMismatch = 13;    // a text that is no number
+inline constexpr int kErrorInLibrary = 48;  // a resource library that cannot be read
+inline constexpr int kInternal = 51;        // an exception of the language's library
+inline constexpr int kBadFileName = 52;     // a name that no file can have
 inline constexpr int kFileNotFound = 53;
 inline constexpr int kDiskFull = 61;
 inline constexpr int kBadRecordNumber = 63;  // a position in a file below 1

@@ -149,9 +149,7 @@ TEST_F(AutoKickAdding, TheUserIsToldBeforeTheFileIsWritten) {
     int writes_then = -1;
   } telling;
   telling.files = &platform.files;
-  Platform ports = platform.Ports();
-  Client other({ports.files, ports.clock, ports.random, ports.clipboard, telling, ports.NewWinsock,
-                ports.NewTimer});
+  Client other(platform.Ports(telling));
   other.app.MenuNick = "Bob";
   AddToAutoKickAllChannels(other);
   EXPECT_EQ(telling.writes_then, 0);

@@ -152,9 +152,7 @@ TEST_F(IpLog, AnAdditionThatWasCutShortIsWrittenWholeNextTime) {
       throw Fault(fault::kDiskFull);
     }
   } torn;
-  Platform ports = platform.Ports();
-  Client other({torn, ports.clock, ports.random, ports.clipboard, ports.desktop, ports.NewWinsock,
-                ports.NewTimer});
+  Client other(platform.Ports(torn));
   torn.files["IPlog.log"] = "\r\n10.0.0.7 Alpha";
   LoadIpLog(other);
   LogNickAtAddress(other, "Beta", "10.0.0.8");
@@ -176,9 +174,7 @@ TEST_F(IpLog, AnAdditionAtTheEndIsWrittenAloneAndAnyOtherChangeInAFileThatTakesT
     Text appended;
     int replaced = 0;
   } watched;
-  Platform ports = platform.Ports();
-  Client other({watched, ports.clock, ports.random, ports.clipboard, ports.desktop,
-                ports.NewWinsock, ports.NewTimer});
+  Client other(platform.Ports(watched));
   watched.files["IPlog.log"] = "\r\n10.0.0.7 Alpha";
   LoadIpLog(other);
   LogNickAtAddress(other, "Beta", "10.0.0.8");
@@ -196,9 +192,7 @@ TEST_F(IpLog, AFailureIsNotedInErrorLog) {
       throw Fault(fault::kPermissionDenied);
     }
   } read_only;
-  Platform ports = platform.Ports();
-  Client other({read_only, ports.clock, ports.random, ports.clipboard, ports.desktop,
-                ports.NewWinsock, ports.NewTimer});
+  Client other(platform.Ports(read_only));
   LogNickAtAddress(other, "Beta", "10.0.0.8");
   EXPECT_TRUE(read_only.files["error.log"].ends_with(
       "Error 70 Permission denied. Function: SayBotFunction.\r\n"));

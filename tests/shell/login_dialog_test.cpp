@@ -287,8 +287,7 @@ TEST_F(Login, ATabThatIsNotVisibleIsShownBeforeItConnects) {
   };
   Client* watched_client = nullptr;
   Watched watched(watched_client);
-  Client shown_client({platform.files, platform.time, platform.random, platform.clipboard, watched,
-                       platform.Ports().NewWinsock, platform.Ports().NewTimer});
+  Client shown_client(platform.Ports(watched));
   watched_client = &shown_client;
   watched.active_tab = 2;
   LoginDialog dialog = Typed("bob");

@@ -252,6 +252,7 @@ bool SimulatedDesktop::AskYesNo(const Text& text, BoxIcon icon, BoxAnswer presel
 
 Platform SimulatedPlatform::Ports(Files& chosen_files, Desktop& chosen_desktop) {
   return {chosen_files,
+          program_files,
           time,
           random,
           clipboard,

@@ -210,6 +210,7 @@ class SimulatedPlatform {
  public:
   SimulatedTime time;
   SimulatedFiles files;
+  SimulatedFiles program_files;
   SimulatedRandom random;
   SimulatedClipboard clipboard;
   SimulatedDesktop desktop;

@@ -31,4 +31,10 @@ Path ApplicationFolder(const Path& executable_folder, const Path& user_data_fold
   return user_data_folder;
 }
 
+Path ProgramFolder(const Path& executable_folder) {
+  const Path shared = executable_folder.parent_path() / "share" / "parlorwire";
+  std::error_code ignored;
+  return std::filesystem::is_directory(shared, ignored) ? shared : executable_folder;
+}
+
 }  // namespace parlorwire

@@ -11,4 +11,8 @@ namespace parlorwire {
 std::filesystem::path ApplicationFolder(const std::filesystem::path& executable_folder,
                                         const std::filesystem::path& user_data_folder);
 
+// Where the files are that came with the program: "share/parlorwire" beside the folder of the
+// executable if that is there, else the folder of the executable. Never throws.
+std::filesystem::path ProgramFolder(const std::filesystem::path& executable_folder);
+
 }  // namespace parlorwire

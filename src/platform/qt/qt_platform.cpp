@@ -19,14 +19,17 @@ std::filesystem::path NativePath(const QString& path) {
 }  // namespace
 
 QtPlatform::QtPlatform(std::filesystem::path application_folder)
-    : files(std::move(application_folder), [this](std::function<void()> action) {
-        QMetaObject::invokeMethod(&context, std::move(action), Qt::QueuedConnection);
-      }) {
+    : files(std::move(application_folder),
+            [this](std::function<void()> action) {
+              QMetaObject::invokeMethod(&context, std::move(action), Qt::QueuedConnection);
+            }),
+      program_files(ProgramFolder(NativePath(QCoreApplication::applicationDirPath()))) {
   files.RemoveLeftovers();
 }
 
 Platform QtPlatform::Ports(Desktop& desktop) {
   return {files,
+          program_files,
           clock,
           random,
           clipboard,

@@ -22,6 +22,7 @@ struct QtPlatform {
 
   QObject context;  // of what is called when an event is over
   PosixFiles files;
+  PosixFiles program_files;
   QtClock clock;
   SystemRandom random;
   QtClipboard clipboard;

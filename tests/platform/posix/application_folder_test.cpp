@@ -50,5 +50,12 @@ TEST_F(ApplicationFolderTest, ThatCantBeCreatedIsNoFailureYet) {
   EXPECT_EQ(ApplicationFolder("/usr/bin", data), data);
 }
 
+TEST_F(ApplicationFolderTest, WhatCameWithTheProgramLiesInShareOrBesideIt) {
+  EXPECT_EQ(ProgramFolder(beside), beside);
+  EXPECT_EQ(ProgramFolder("/no/such/folder"), "/no/such/folder");
+  std::filesystem::create_directories(folder.path() / "share/parlorwire");
+  EXPECT_EQ(ProgramFolder(beside), folder.path() / "share/parlorwire");
+}
+
 }  // namespace
 }  // namespace parlorwire
