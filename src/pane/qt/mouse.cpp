@@ -30,7 +30,9 @@ bool RichTextView::viewportEvent(QEvent* event) {
     default:
       break;
   }
-  return QAbstractScrollArea::viewportEvent(event);
+  const bool handled = QAbstractScrollArea::viewportEvent(event);
+  if (frame_.isActive() && event->isInputEvent()) NoteChange();  // the answer to it is not put off
+  return handled;
 }
 
 // ---- selecting ----
@@ -71,6 +73,10 @@ void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void RichTextView::timerEvent(QTimerEvent* event) {
+  if (event->timerId() == frame_.timerId()) {
+    frame_.stop();
+    return NoteChange();
+  }
   if (!mouse_.IsTick(*event)) return QAbstractScrollArea::timerEvent(event);
   const QPoint point = mouse_.point();
   const QPoint step = MouseSelection::ScrollStep(point - Within(point));

@@ -31,12 +31,23 @@ SelectedStretch SelectedIn(const Fragment& fragment, PaneRange selected) {
 void RichTextView::NoteChange() {
   if (settle_posted_ || !redraw_ || !isVisible()) return;
   settle_posted_ = true;
+  frame_.stop();
   QMetaObject::invokeMethod(this, &RichTextView::Settle, Qt::QueuedConnection);
+}
+
+// What the program writes: the first of it at once, and what comes close behind it together, since a
+// stream of lines would have the whole pane moved for each of them.
+void RichTextView::NoteWriting() {
+  if (settle_posted_ || frame_.isActive() || !redraw_ || !isVisible()) return;
+  const qint64 passed = since_settled_.isValid() ? since_settled_.elapsed() : kFrame;
+  if (passed >= kFrame) return NoteChange();
+  frame_.start(static_cast<int>(kFrame - passed), Qt::PreciseTimer, this);
 }
 
 void RichTextView::Settle() {
   settle_posted_ = false;
   if (!redraw_ || !isVisible()) return;
+  since_settled_.start();
   if (show_caret_) Reveal(selection_.range().start);
   show_caret_ = false;
   painted_.Update(*viewport(), arrangement_.Seen(), box_.BackColor());
@@ -73,7 +84,7 @@ void RichTextView::paintEvent(QPaintEvent* event) {
   // What is settled after this must know whether all that is seen is up to date.
   if (event->region().contains(viewport()->rect()))
     painted_.Remember(seen, box_.BackColor());
-  else if (settle_posted_)
+  else if (settle_posted_ || frame_.isActive())
     painted_.Forget();
 }
 

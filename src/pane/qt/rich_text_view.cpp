@@ -76,12 +76,12 @@ void RichTextView::TextChanged(const TextChange& change) {
     announcer_.TextChanged(change);
   else
     announcer_.Drop();
-  NoteChange();
+  NoteWriting();
 }
 
 void RichTextView::FormatChanged(PanePosition start, PanePosition end) {
   arrangement_.FormatChanged(start, end);
-  NoteChange();
+  NoteWriting();
 }
 
 void RichTextView::SelectionChanged() {
@@ -95,7 +95,7 @@ void RichTextView::SelectionChanged() {
 void RichTextView::RedrawChanged(bool on) {
   redraw_ = on;
   if (on) painted_.MayPaint();
-  NoteChange();
+  NoteWriting();
 }
 
 void RichTextView::VisibleChanged(bool visible) {
@@ -111,7 +111,7 @@ void RichTextView::PointerChanged(PanePointer pointer) {
 }
 
 void RichTextView::Refresh() {
-  NoteChange();
+  NoteWriting();
 }
 
 // ---- what lies where ----

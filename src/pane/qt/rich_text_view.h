@@ -2,8 +2,10 @@
 //
 // Only what is seen is laid out; the rest of the pane costs nothing, however long it is. Changes of
 // the pane are gathered: all that come within one turn of the event loop are one repaint, of what
-// looks different. A hidden view does nothing but note that something changed. There is no timer,
-// except while the mouse drags a selection beyond an edge or a finger's push runs out.
+// looks different; and what is written while lines stream in is shown at most 20 times a second: the
+// first line behind a pause at once, as all that the reader does. A hidden view does nothing but
+// note that something changed. There is no timer except for these: until the next such repaint,
+// while the mouse drags a selection beyond an edge, and while a finger's push runs out.
 //
 // The reader's selection belongs to the view: lines that come do not move it, and the writer's, the
 // pane's own, does not touch it while HideSelection is on. When the reader has selected, the pane
@@ -13,6 +15,8 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <QBasicTimer>
+#include <QElapsedTimer>
 #include <QPoint>
 #include <QRect>
 
@@ -122,9 +126,11 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
 
  private:
   static constexpr int kMargin = 3;  // pixels beside the text
+  static constexpr int kFrame = 50;  // ms from one repaint of what is written to the next
 
   // ---- what is seen ----
   void NoteChange();
+  void NoteWriting();
   void Settle();
   void Restyle(PaneRange range);
   void ResizeText();
@@ -161,6 +167,8 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   mutable PaneArrangement arrangement_;
 
   bool settle_posted_ = false;
+  QBasicTimer frame_;  // until what was written is settled
+  QElapsedTimer since_settled_;
   bool redraw_ = true;
   bool updating_bar_ = false;
   PaintRecord painted_;

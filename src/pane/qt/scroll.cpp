@@ -130,7 +130,7 @@ void RichTextView::Scroll(PaneScroll command) {
     arrangement_.ScrollToEnd();
   else
     arrangement_.ScrollBy(-arrangement_.RowHeight());
-  NoteChange();
+  NoteWriting();
 }
 
 PaneScrollInfo RichTextView::GetScrollInfo() const {

@@ -24,10 +24,11 @@ struct ShownPane {
   }
 
   // Until all that is wanted is painted.
-  // The toolkit puts off a repaint by some milliseconds; a busy machine may skip any one wait.
+  // The view puts off what is written in a stream, the toolkit a repaint by some milliseconds; a
+  // busy machine may skip any one wait.
   static void Settle() {
     for (int round = 0; round < 4; ++round)
-      QTest::qWait(8);
+      QTest::qWait(16);
   }
 
   // What a fresh painting of everything gives.
