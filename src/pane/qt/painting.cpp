@@ -35,8 +35,8 @@ void RichTextView::NoteChange() {
   QMetaObject::invokeMethod(this, &RichTextView::Settle, Qt::QueuedConnection);
 }
 
-// What the program writes: the first of it at once, and what comes close behind it together, since a
-// stream of lines would have the whole pane moved for each of them.
+// What the program writes: the first of it at once, and what comes close behind it together, since
+// a stream of lines would have the whole pane moved for each of them.
 void RichTextView::NoteWriting() {
   if (settle_posted_ || frame_.isActive() || !redraw_ || !isVisible()) return;
   const qint64 passed = since_settled_.isValid() ? since_settled_.elapsed() : kFrame;

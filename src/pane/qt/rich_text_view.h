@@ -2,9 +2,9 @@
 //
 // Only what is seen is laid out; the rest of the pane costs nothing, however long it is. Changes of
 // the pane are gathered: all that come within one turn of the event loop are one repaint, of what
-// looks different; and what is written while lines stream in is shown at most 20 times a second: the
-// first line behind a pause at once, as all that the reader does. A hidden view does nothing but
-// note that something changed. There is no timer except for these: until the next such repaint,
+// looks different; and what is written while lines stream in is shown at most 20 times a second:
+// the first line behind a pause at once, as all that the reader does. A hidden view does nothing
+// but note that something changed. There is no timer except for these: until the next such repaint,
 // while the mouse drags a selection beyond an edge, and while a finger's push runs out.
 //
 // The reader's selection belongs to the view: lines that come do not move it, and the writer's, the
