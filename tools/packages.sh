@@ -21,9 +21,9 @@ need_packages() {
 }
 
 BUILD_PACKAGES=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev qt6-translations-l10n
-                fonts-dejavu-core)
+                fonts-dejavu-core binutils-mingw-w64-x86-64)
 # A screen without a display, and hands and eyes for it.
 SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils x11-xkb-utils xclip maim dbus-daemon at-spi2-core
                  python3-gi gir1.2-atspi-2.0)
 TEST_PACKAGES=(libgtest-dev libgmock-dev clang-19 clang-tidy-19 clang-format-19 libclang-rt-19-dev
-               iproute2 procps git tinyproxy-bin)
+               iproute2 procps git tinyproxy-bin binutils-mingw-w64-i686)
