@@ -1,11 +1,9 @@
 #include "pane/rich_text_box.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
-#include "pane/formats.h"
-#include "pane/text.h"
+#include "pane/storage.h"
 #include "text/fault.h"
 
 namespace parlorwire {
@@ -21,112 +19,6 @@ void RefuseNegative(PanePosition value) {
 }
 
 }  // namespace
-
-struct RichTextBox::Storage {
-  PaneFormats formats;
-  PaneWork work;
-  PaneText text{work};
-
-  PanePosition selection_start = 0;
-  PanePosition selection_end = 0;
-  std::optional<PaneLook> pending;  // for an empty selection
-
-  PaneFormat own_format;
-  PaneLook own_look;
-  PaneColour back_colour = 0xFFFFFF;
-  bool hide_selection = false;
-  bool locked = true;
-  bool visible = true;
-  bool redraw = true;
-  PanePointer pointer = PanePointer::kArrow;
-  int width = 0;
-  int right_margin = 0;
-  std::uint64_t look_epoch = 0;
-
-  PaneView* view = nullptr;
-
-  bool SelectionIsEmpty() const { return selection_start == selection_end; }
-  PanePosition Clamped(PanePosition position) const {
-    return std::clamp<PanePosition>(position, 0, text.Length());
-  }
-  PanePosition AheadOfBreak(PanePosition position) const {
-    return text.PartsCrLf(position) ? position - 1 : position;
-  }
-
-  void Select(PanePosition start, PanePosition end);
-  PaneLook LookOfNextText() const;
-  void ChangeLook(const PaneLookChange& change);
-  template <class Value>
-  void Set(PaneLookChange::Member which, Value PaneLook::* member, Value value);
-  void Write(std::string_view written, PaneLookId look);
-};
-
-// Both are within the text, and start <= end. Selecting the same again changes nothing.
-void RichTextBox::Storage::Select(PanePosition start, PanePosition end) {
-  const bool empty = start == end;
-  start = AheadOfBreak(start);
-  end = empty ? start : AheadOfBreak(end);
-  if (start == selection_start && end == selection_end) return;
-  selection_start = start;
-  selection_end = end;
-  pending.reset();
-  if (view != nullptr) view->SelectionChanged();
-}
-
-PaneLook RichTextBox::Storage::LookOfNextText() const {
-  const PanePosition at = selection_start;
-  PaneLook look = own_look;
-  if (SelectionIsEmpty() && !text.IsLineStart(at))
-    look = formats.Look(text.LookAt(at - 1));
-  else if (at < text.Length())
-    look = formats.Look(text.LookAt(at));
-  look.picture = 0;
-  return look;
-}
-
-void RichTextBox::Storage::ChangeLook(const PaneLookChange& change) {
-  if (SelectionIsEmpty()) {
-    pending = change.AppliedTo(pending ? *pending : LookOfNextText());
-    return;
-  }
-  const bool changed = text.Format(selection_start, selection_end, change, formats);
-  if (changed && view != nullptr) view->FormatChanged(selection_start, selection_end);
-}
-
-template <class Value>
-void RichTextBox::Storage::Set(PaneLookChange::Member which, Value PaneLook::* member,
-                               Value value) {
-  if (SelectionIsEmpty()) {
-    if (!pending) pending = LookOfNextText();
-    (*pending).*member = value;
-  } else {
-    PaneLookChange change{which, {}};
-    change.value.*member = value;
-    ChangeLook(change);
-  }
-}
-
-void RichTextBox::Storage::Write(std::string_view written, PaneLookId look) {
-  const PanePosition start = selection_start;
-  const PanePosition old_end = selection_end;
-  const PanePosition new_end = start + SizeOf(written);
-  const bool at_line_start = view != nullptr && text.IsLineStart(start);
-  const std::int64_t old_last_line = view == nullptr ? 0 : text.LineAt(old_end);
-
-  text.Replace(start, old_end, written, look);
-  pending.reset();
-  selection_start = selection_end = AheadOfBreak(new_end);
-  if (view == nullptr) return;
-
-  // An edit inside CR CR LF can make a line of the first CR, so what counts is whether a line
-  // started here before. One that did and does no more (an LF came behind a CR) is part of the line
-  // before.
-  const std::int64_t first_line =
-      text.LineAt(at_line_start ? start : std::max<PanePosition>(start - 1, 0));
-  view->TextChanged({start, old_end - start, new_end - start, first_line,
-                     old_last_line - first_line + 1, text.LineAt(new_end) - first_line + 1});
-  if (selection_start != start || old_end != start) view->SelectionChanged();
-}
 
 RichTextBox::RichTextBox(const PaneFormat& format) : storage_(std::make_unique<Storage>()) {
   OwnFormat(format);
