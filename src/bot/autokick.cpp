@@ -98,12 +98,16 @@ class Sought {
   std::vector<std::string_view> groups_;  // of an address
 };
 
-// Whether a list with ";" between its elements has this one; case does not matter.
-bool Lists(std::string_view list, std::string_view element) {
-  return ContainsNoCase(";" + Text(list) + ";", ";" + Text(element) + ";");
+Text Framed(std::string_view elements) {
+  Text framed(1, ';');
+  return framed.append(elements).append(1, ';');
 }
 
 }  // namespace
+
+bool Lists(std::string_view list, std::string_view element) {
+  return ContainsNoCase(Framed(list), Framed(element));
+}
 
 bool IsAddressMask(std::string_view mask) {
   for (std::size_t i = 1; i < kGroups; ++i) {

@@ -2,9 +2,8 @@
 // text, `AutoKickText`.
 //
 // A line is an entry of fields with a TAB between them: mask; channels with ";" between them, or
-// "All"; reason; nicks that are spared, with ";" between them. Empty lines and lines that begin
-// with
-// "//" are no entries.
+// "All"; reason; nicks that are spared, with ";" between them. Empty lines, and those that begin
+// with "//", are no entries.
 #pragma once
 
 #include <string_view>
@@ -21,6 +20,9 @@ inline constexpr std::string_view kAllChannels = "All";
 // Whether a mask is one of addresses: four groups with "." between them, of one to three characters
 // each, which are digits, "*" or "?". Any other mask is one of nicks.
 bool IsAddressMask(std::string_view mask);
+
+// Whether a field with ";" between its elements has this one; case does not matter.
+bool Lists(std::string_view list, std::string_view element);
 
 // AutoKick.lst as it stands, without the line ends behind its last line. "" if there is no such
 // file or it can't be read; such a one is never written.

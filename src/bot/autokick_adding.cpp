@@ -25,10 +25,6 @@ std::optional<Channels> ChannelsOf(const Text& list, const Text& nick) {
   return Channels{static_cast<std::size_t>(start - 1), static_cast<std::size_t>(end - start)};
 }
 
-bool Names(std::string_view channels, std::string_view channel) {
-  return ContainsNoCase(";" + Text(channels) + ";", ";" + Text(channel) + ";");
-}
-
 void Append(Text& list, const Text& nick, std::string_view channels) {
   if (!list.empty()) list += "\r\n";
   list.append(nick).append("\t").append(channels).append("\t").append(kDefaultReason);
@@ -49,7 +45,7 @@ void AddToAutoKickAllChannels(Client& client) {
   Text& list = client.app.AutoKickText;
   const Text nick = OneLine(client.app.MenuNick);
   if (const auto found = ChannelsOf(list, nick)) {
-    if (Names(list.substr(found->start, found->length), kAllChannels))
+    if (Lists(list.substr(found->start, found->length), kAllChannels))
       return TellOfAll(client, nick);
     list.replace(found->start, found->length, kAllChannels);
     Tell(client, nick + " уже находился в автокик-листе; список каналов заменен на All"_w,
@@ -67,8 +63,8 @@ void AddToAutoKickThisChannel(Client& client) {
   const Text channel = OneLine(client.tab(client.platform.desktop.ActiveTab()).Channel);
   if (const auto found = ChannelsOf(list, nick)) {
     const Text channels = list.substr(found->start, found->length);
-    if (Names(channels, kAllChannels)) return TellOfAll(client, nick);
-    if (Names(channels, channel))
+    if (Lists(channels, kAllChannels)) return TellOfAll(client, nick);
+    if (Lists(channels, channel))
       return Tell(client,
                   nick + " уже находится в автокик-листе на этом канале ("_w + channel + ")",
                   BoxIcon::kExclamation);
