@@ -1,11 +1,8 @@
 #include "text/charset.h"
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <utility>
-
-#include "text/charset_wide.h"
 
 namespace parlorwire {
 namespace {
@@ -48,17 +45,8 @@ constexpr auto kKoiEntry = [](unsigned i) { return kKoiTable[i]; };
 constexpr Mapping kFromKoi = MakeMapping(kKoiEntry, BaseEntry);
 constexpr Mapping kToKoi = MakeMapping(BaseEntry, kKoiEntry);
 
-void MapPlainly(char* bytes, std::size_t count, const Mapping& mapping) {
-  for (std::size_t i = 0; i < count; ++i)
-    bytes[i] = mapping[static_cast<std::uint8_t>(bytes[i])];
-}
-
 void Map(Text& text, const Mapping& mapping) {
-  std::size_t done = 0;
-#ifdef PARLORWIRE_AVX2
-  if (__builtin_cpu_supports("avx2")) done = MapWide(text.data(), text.size(), mapping.data());
-#endif
-  MapPlainly(text.data() + done, text.size() - done, mapping);
+  for (char& c : text) c = mapping[static_cast<std::uint8_t>(c)];
 }
 
 }  // namespace
