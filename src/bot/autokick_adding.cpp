@@ -48,10 +48,12 @@ void AddToAutoKickAllChannels(Client& client) {
     if (Lists(list.substr(found->start, found->length), kAllChannels))
       return TellOfAll(client, nick);
     list.replace(found->start, found->length, kAllChannels);
+    client.hooks.AutoKickAdded(nick, Text(kAllChannels));
     Tell(client, nick + " уже находился в автокик-листе; список каналов заменен на All"_w,
          BoxIcon::kInformation);
   } else {
     Append(list, nick, kAllChannels);
+    client.hooks.AutoKickAdded(nick, Text(kAllChannels));
     Tell(client, nick + " успешно добавлен в автокик-лист"_w, BoxIcon::kInformation);
   }
   SaveAutoKick(client);
@@ -69,12 +71,14 @@ void AddToAutoKickThisChannel(Client& client) {
                   nick + " уже находится в автокик-листе на этом канале ("_w + channel + ")",
                   BoxIcon::kExclamation);
     list.insert(found->start + found->length, ";" + channel);
+    client.hooks.AutoKickAdded(nick, channel);
     Tell(client,
          nick + " уже находился в автокик-листе; канал "_w + channel +
              " успешно добавлен в черный список"_w,
          BoxIcon::kInformation);
   } else {
     Append(list, nick, channel);
+    client.hooks.AutoKickAdded(nick, channel);
     Tell(client, nick + " успешно добавлен в автокик-лист на канале "_w + channel,
          BoxIcon::kInformation);
   }

@@ -6,7 +6,8 @@ namespace parlorwire {
 struct Client;
 
 // The item `all_channels`: the nick's entry gets "All" for its channels; without an entry it gets
-// one. The user is told what was done; then the list is saved.
+// one. An open editor of the list takes that up, the user is told what was done, and the list is
+// saved.
 //
 // An entry is found by the first line that begins with the nick and a TAB, whatever its case; its
 // wildcards mean nothing here.

@@ -26,11 +26,11 @@ auto& Cell(Editor& editor, std::size_t row, AutoKickColumn column) {
 
 constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
 
-// Whether a row other than `except` has the mask, in any case.
-bool HasMask(const AutoKickEditor& editor, const Text& mask, std::size_t except) {
+// The first row other than `except` that has the mask, in any case; kNoRow if none has.
+std::size_t RowWithMask(const AutoKickEditor& editor, std::string_view mask, std::size_t except) {
   for (std::size_t row = 0; row < editor.rows.size(); ++row)
-    if (row != except && EqualsNoCase(editor.rows[row].mask, mask)) return true;
-  return false;
+    if (row != except && EqualsNoCase(editor.rows[row].mask, mask)) return row;
+  return kNoRow;
 }
 
 // Why the mask can't stand in a row; "" if it can.
@@ -38,7 +38,7 @@ Text Objection(const AutoKickEditor& editor, const Text& mask, std::size_t row) 
   const bool address = Contains(mask, ".");
   if (Contains(mask, " ")) return "Ник или IP не должен содержать пробелы!"_w;
   if (address && !IsAddressMask(mask)) return "Ошибка в наборе IP!"_w;
-  if (!HasMask(editor, mask, row)) return {};
+  if (RowWithMask(editor, mask, row) == kNoRow) return {};
   return address ? "Такой IP уже есть в списке!"_w : "Такой ник уже есть в списке!"_w;
 }
 
@@ -130,6 +130,20 @@ bool DeleteAutoKickRow(Client& client, AutoKickEditor& editor, std::size_t row) 
   if (!client.platform.desktop.AskYesNo(question, BoxIcon::kQuestion)) return false;
   editor.rows.erase(editor.rows.begin() + static_cast<std::ptrdiff_t>(row));
   return true;
+}
+
+void TakeUpAutoKick(AutoKickEditor& editor, std::string_view nick, std::string_view channel) {
+  const std::size_t row = RowWithMask(editor, nick, kNoRow);
+  if (row == kNoRow) {
+    editor.rows.push_back({Text(nick), Text(channel), Text(kDefaultReason), ""});
+    return;
+  }
+  Text& channels = editor.rows[row].channels;
+  if (Lists(channels, kAllChannels) || Lists(channels, channel)) return;
+  if (EqualsNoCase(channel, kAllChannels))
+    channels = channel;
+  else
+    channels.append(";").append(channel);
 }
 
 void ApplyAutoKickEditor(Client& client, const AutoKickEditor& editor) {

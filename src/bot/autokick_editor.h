@@ -51,9 +51,14 @@ bool EditAutoKickCell(Client& client, AutoKickEditor& editor, std::size_t row,
 // The delete key on a row: asks. True if the row is gone; those behind it have moved up.
 bool DeleteAutoKickRow(Client& client, AutoKickEditor& editor, std::size_t row);
 
+// The menu of a nick has put one on the list while the editor is open, for a channel or for "All":
+// the rows take that up, so that applying doesn't lose it. The row with this nick as its mask, in
+// any case, gets the channel behind its own, or "All" in their place, unless it has that already;
+// if there is none, it becomes a row at the end.
+void TakeUpAutoKick(AutoKickEditor& editor, std::string_view nick, std::string_view channel);
+
 // The button `button_apply`: the list becomes what the rows say, and is saved; the window closes.
-// Comments of the list, and what the nick menu has added to it since the editor was opened, are
-// gone then.
+// Comments of the list are gone then.
 void ApplyAutoKickEditor(Client& client, const AutoKickEditor& editor);
 
 // A list made of rows, and rows made of a list. A row whose mask begins with "//" is a comment in

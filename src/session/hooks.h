@@ -77,6 +77,8 @@ struct Hooks {
   Hook<void()> PopUpMenuCopyUsers;
   // shell/qt/users_list: the list of users has been drawn anew
   Hook<void(int tab)> UsersListDrawn;
+  // shell/qt/bot_autokick: a nick was put on the list of kicks for a channel, or for "All"
+  Hook<void(const Text& nick, const Text& channel)> AutoKickAdded;
   // shell/qt/search_form: the search dialog comes up
   Hook<void()> ShowSearchDialog;
   // shell/qt/text_input: the prompt for a reason comes up, modal, and the call ends when it is

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "bot/autokick.h"
 #include "bot/autokick_editor.h"
 #include "support/simulated_platform.h"
@@ -178,6 +180,33 @@ TEST_F(AutoKickAdding, AnEntryOfTheMenuWorksOnceTheEditorHasRewrittenIt) {
   EXPECT_THROW(FindAutoKick(client, "bob", "lobby", true, ""), Fault);
   ApplyAutoKickEditor(client, OpenAutoKickEditor(client));
   EXPECT_EQ(FindAutoKick(client, "bob", "lobby", true, ""), Text(kDefaultReason).substr(1) + "\t");
+}
+
+// ---- an open editor ----
+
+TEST_F(AutoKickAdding, AnOpenEditorIsToldOfWhatIsNewBeforeTheUserIs) {
+  std::vector<Text> told;
+  client.hooks.AutoKickAdded = [&](const Text& nick, const Text& channel) {
+    EXPECT_EQ(desktop.boxes.size(), told.size());
+    told.push_back(nick + " on " + channel);
+  };
+  AddToAutoKickThisChannel(client);
+  desktop.active_tab = 3;
+  AddToAutoKickThisChannel(client);
+  AddToAutoKickAllChannels(client);
+  client.app.MenuNick = "Ann";
+  AddToAutoKickAllChannels(client);
+  EXPECT_THAT(told, ElementsAre("Bob on Lobby", "Bob on Attic", "Bob on All", "Ann on All"));
+}
+
+TEST_F(AutoKickAdding, AnOpenEditorIsNotToldOfWhatIsThereAlready) {
+  list() = "Bob\tlobby\tGo\t\r\nAnn\tall\tGo\t";
+  client.hooks.AutoKickAdded = [&](const Text&, const Text&) { FAIL(); };
+  AddToAutoKickThisChannel(client);
+  client.app.MenuNick = "Ann";
+  AddToAutoKickThisChannel(client);
+  AddToAutoKickAllChannels(client);
+  EXPECT_EQ(desktop.boxes.size(), 3U);
 }
 
 }  // namespace

@@ -246,6 +246,42 @@ TEST_F(AutoKickEditing, OnNoItStays) {
   EXPECT_EQ(editor.rows.size(), 1U);
 }
 
+// ---- what the menu of a nick adds meanwhile ----
+
+TEST_F(AutoKickEditing, ANickThatIsAddedMeanwhileIsARowAtTheEnd) {
+  Open("Ann\thall\tGo\t");
+  TakeUpAutoKick(editor, "Bob", "attic");
+  TakeUpAutoKick(editor, "Carl", "All");
+  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"Ann", "hall", "Go", ""},
+                                       AutoKickRow{"Bob", "attic", Text(kDefaultReason), ""},
+                                       AutoKickRow{"Carl", "All", Text(kDefaultReason), ""}));
+}
+
+TEST_F(AutoKickEditing, ARowOfTheNickGetsTheChannelBehindWhatWasEditedThere) {
+  Open("bob\thall\tGo\tann");
+  Edit(0, AutoKickColumn::kChannels, "cellar");
+  TakeUpAutoKick(editor, "Bob", "attic");
+  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"bob", "cellar;attic", "Go", "ann"}));
+  TakeUpAutoKick(editor, "Bob", "ATTIC");
+  EXPECT_EQ(Cell(0, AutoKickColumn::kChannels), "cellar;attic");
+}
+
+TEST_F(AutoKickEditing, ARowOfTheNickGetsAllInPlaceOfItsChannels) {
+  Open("Bob\thall;attic\tGo\t\r\nAnn\tall\tGo\t");
+  TakeUpAutoKick(editor, "Bob", "All");
+  TakeUpAutoKick(editor, "Ann", "attic");
+  EXPECT_EQ(Cell(0, AutoKickColumn::kChannels), "All");
+  EXPECT_EQ(Cell(1, AutoKickColumn::kChannels), "all");
+}
+
+TEST_F(AutoKickEditing, ANickWhoseRowWasDeletedIsARowAgain) {
+  Open("Bob\thall\tOut\t");
+  desktop.answers = {true};
+  DeleteAutoKickRow(client, editor, 0);
+  TakeUpAutoKick(editor, "Bob", "attic");
+  EXPECT_THAT(editor.rows, ElementsAre(AutoKickRow{"Bob", "attic", Text(kDefaultReason), ""}));
+}
+
 // ---- applying ----
 
 TEST_F(AutoKickEditing, TheListAndTheFileBecomeWhatTheRowsSay) {
