@@ -20,8 +20,10 @@
 #include "shell/client_main_layout.h"
 #include "shell/login_dialog.h"
 #include "shell/page_links.h"
+#include "shell/qt/bot_autokick.h"
 #include "shell/qt/connection_form.h"
 #include "shell/qt/control_names.h"
+#include "shell/qt/disable_kick_channels_form.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/ground.h"
 #include "shell/qt/link_label.h"
@@ -78,6 +80,7 @@ client_main::client_main(Client& client, QtDesktop& desktop)
   MakeMainShortcuts(*this, client_, [this] { Timer5_.start(); });
   qApp->installEventFilter(this);
   FillHooks();
+  FillMenu();
   WireShared();
   WireLinks();
   for (int slot = 0; slot < kTabCount; ++slot)
@@ -100,6 +103,14 @@ void client_main::FillHooks() {
   client_.hooks.UsersListDrawn = [this](int tab) {
     users_lists_[static_cast<std::size_t>(tab)]->Drawn();
   };
+}
+
+void client_main::FillMenu() {
+  menu_->akick_modify = [this] {
+    if (!bot_autokick_) bot_autokick_ = std::make_unique<bot_autokick>(client_, this);
+    bot_autokick_->Open();
+  };
+  menu_->channel_modif = [this] { DisableKickChannels_form(client_, this).exec(); };
 }
 
 void client_main::WireShared() {
@@ -266,12 +277,18 @@ void client_main::ShowActiveSlot() {
   ShowSlot(controls, controls.SSTab->AnyVisible() ? controls.SSTab->Tab() : -1);
   ShowPanels(controls, client_);
   nick_menus_->CloseUnlessOfActiveTab();
+  ShowTabCaption();
+}
+
+void client_main::ShowTabCaption() {
+  if (bot_autokick_) bot_autokick_->ShowTitle();
 }
 
 void client_main::ShowLanguage(UiLanguage language) {
   const bool russian = language == UiLanguage::kRussian;
   SetMainLanguage(controls, language);
   menu_->SetLanguage(language);
+  if (bot_autokick_) bot_autokick_->ShowLanguage();
   ShowPanels(controls, client_);
   PlaceControls();
   QCoreApplication::removeTranslator(&toolkit_russian_);

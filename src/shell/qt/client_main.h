@@ -19,6 +19,7 @@ class MainMenu;
 class NickMenuPopup;
 class QtDesktop;
 class UsersList;
+class bot_autokick;
 class connection_form;
 class zastavka;
 
@@ -46,6 +47,7 @@ class client_main : public QMainWindow {
   // ---- for the port ----
   void ShowActiveSlot();
   void ShowLanguage(UiLanguage language);
+  void ShowTabCaption();  // of the active tab, where another window bears it
   MainControls controls;
   std::array<Text, kTabCount> tab_captions;
 
@@ -61,6 +63,7 @@ class client_main : public QMainWindow {
   void WirePane(int slot);
   void FillHooks();
   void ShowLoginDialog();
+  void FillMenu();
   void PlaceControls();
   void EndSplash();
 
@@ -71,6 +74,7 @@ class client_main : public QMainWindow {
   NickMenuPopup* nick_menus_;
   std::array<UsersList*, kTabCount> users_lists_{};
   std::unique_ptr<connection_form> connection_form_;
+  std::unique_ptr<bot_autokick> bot_autokick_;
   std::unique_ptr<zastavka> zastavka_;
   QTranslator toolkit_russian_;
   QTimer Timer5_;  // the focus goes to msg of the tab that has been shown

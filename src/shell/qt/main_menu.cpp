@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <string>
 #include <utility>
 
 #include "bot/bot_menu.h"
@@ -15,6 +16,7 @@
 #include "session/client.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/font_and_color.h"
+#include "shell/qt/spoken_action.h"
 #include "shell/start_up.h"
 
 namespace parlorwire {
@@ -28,6 +30,7 @@ namespace {
 
 constexpr const char* kRussian = "russian";  // properties of an item: its captions
 constexpr const char* kEnglish = "english";
+constexpr const char* kMeaning = "meaning";  // of a caption that is Russian in both languages
 
 void KeepCaptions(QObject* item, const BothLanguages& text) {
   item->setProperty(kRussian, ToQString(text.russian));
@@ -121,12 +124,49 @@ void MainMenu::BuildColours(QMenu* menu) {
 }
 
 void MainMenu::BuildBot(QMenu* menu) {
+  connect(menu, &QMenu::aboutToShow, this, [this] { ShowBot(); });
   Item(
       menu, {"akick_enabled", {W<"&Автокик">, "&Auto-kick"}}, [this] { akick_enabled(client_); },
       true);
+  BuildLists(Menu(menu, {"akick", {W<"Автокик-&лист">, "Auto-kick &list"}}));
+  menu->addSeparator();
+  BuildReports(menu);
+}
+
+void MainMenu::BuildLists(QMenu* menu) {
+  menu->setToolTipsVisible(true);
+  const auto item = [this, menu](const char* name, std::string_view caption, const char* meaning,
+                                 const std::function<void()>& open) {
+    Explain(Item(menu, {name, {caption, caption}}, [&open] { open(); }), meaning);
+  };
+  item("akick_modify", W<"Редактирование автокик-листа">, "Edit the auto-kick list", akick_modify);
+  item("channel_modif", W<"Редактирование каналов">, "Choose the channels", channel_modif);
+}
+
+void MainMenu::BuildReports(QMenu* menu) {
   Item(
       menu, {"say_ip_and_flags", {W<"&Говорить адреса и флаги">, "&Say addresses and flags"}},
       [this] { say_ip_and_flags(client_); }, true);
+  auto* where = new QActionGroup(this);
+  where->addAction(Item(
+      menu, {"say_in_chat", {W<"&Операторам в чат">, "To the &operators in the chat"}},
+      [this] { say_in_chat(client_); }, true));
+  where->addAction(Item(
+      menu, {"say_in_client", {W<"Только &себе">, "To &me only"}},
+      [this] { say_in_client(client_); }, true));
+  section_ = menu->addSection(QString());
+  KeepCaptions(section_, {W<"На каналах">, "On the channels"});
+  for (int tab = 0; tab < kTabCount; ++tab) {
+    const std::string name = "channel_" + std::to_string(tab + 1);
+    channels_[static_cast<std::size_t>(tab)] =
+        Item(menu, {name.c_str(), {}}, [this, tab] { channel_Click(client_, tab); }, true);
+  }
+}
+
+// An item of one form says in English what it means by a tool tip, and to a screen reader.
+void MainMenu::Explain(QAction* item, const char* meaning) {
+  item->setProperty(kMeaning, QString::fromLatin1(meaning));
+  SpeakAction(item, QString());
 }
 
 void MainMenu::SetLanguage(UiLanguage language) {
@@ -134,6 +174,11 @@ void MainMenu::SetLanguage(UiLanguage language) {
   for (auto* item : window_->findChildren<QAction*>()) {
     const QVariant text = item->property(caption);
     if (text.isValid()) item->setText(text.toString());
+    const QVariant meaning = item->property(kMeaning);
+    if (!meaning.isValid()) continue;
+    const QString said = language == UiLanguage::kEnglish ? meaning.toString() : QString();
+    item->setToolTip(said);
+    SpeakAction(item, said);
   }
   for (auto* menu : window_->menuBar()->findChildren<QMenu*>())
     SayControl(menu, menu->title());
@@ -150,8 +195,29 @@ void MainMenu::ShowChecks() {
   check("eng", app.Language == UiLanguage::kEnglish);
   check("bold_nicks", app.rFontMain.Bold);
   check("bold_time", app.rFontMain.TimeBold);
-  check("akick_enabled", app.AutoKick);
-  check("say_ip_and_flags", app.SayIPAndFlags);
+  ShowBot();
+}
+
+void MainMenu::ShowBot() {
+  const BotMenu state = StateOfBotMenu(client_);
+  const auto item = [this](const char* name) {
+    return window_->findChild<QAction*>(QString::fromLatin1(name));
+  };
+  item("akick_enabled")->setChecked(state.akick_enabled);
+  item("say_ip_and_flags")->setChecked(state.say_ip_and_flags);
+  item("say_in_chat")->setEnabled(state.say_in_enabled);
+  item("say_in_client")->setEnabled(state.say_in_enabled);
+  item(state.say_in_chat ? "say_in_chat" : "say_in_client")->setChecked(true);
+  bool any = false;
+  for (std::size_t tab = 0; tab < state.channels.size(); ++tab) {
+    const ChannelItem& channel = state.channels[tab];
+    channels_[tab]->setText(
+        ToQString(channel.caption).replace(QLatin1Char('&'), QLatin1String("&&")));
+    channels_[tab]->setVisible(channel.visible);
+    channels_[tab]->setChecked(channel.checked);
+    any = any || channel.visible;
+  }
+  section_->setVisible(any);
 }
 
 }  // namespace parlorwire

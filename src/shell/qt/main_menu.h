@@ -2,9 +2,11 @@
 #pragma once
 
 #include <QObject>
+#include <array>
 #include <functional>
 
 #include "platform/desktop.h"
+#include "session/app_state.h"
 
 class QAction;
 class QMainWindow;
@@ -15,6 +17,7 @@ namespace parlorwire {
 struct Client;
 
 // The items bear the names of their commands. They work on the client; `leave` ends the program.
+// The items of `menu_bot` are brought up to date whenever it opens.
 class MainMenu : public QObject {
   Q_OBJECT
 
@@ -25,6 +28,10 @@ class MainMenu : public QObject {
   // The check marks, from the client.
   void ShowChecks();
 
+  // The windows behind two items.
+  std::function<void()> akick_modify;
+  std::function<void()> channel_modif;
+
  private:
   struct Caption;
   QAction* Item(QMenu* menu, const Caption& caption, std::function<void()> action,
@@ -34,9 +41,15 @@ class MainMenu : public QObject {
   void BuildFonts(QMenu* menu);
   void BuildColours(QMenu* menu);
   void BuildBot(QMenu* menu);
+  void BuildLists(QMenu* menu);
+  void BuildReports(QMenu* menu);
+  void Explain(QAction* item, const char* meaning);
+  void ShowBot();
 
   Client& client_;
   QMainWindow* window_;
+  QAction* section_ = nullptr;                  // the line ahead of the channels
+  std::array<QAction*, kTabCount> channels_{};  // channel_1 first
 };
 
 }  // namespace parlorwire

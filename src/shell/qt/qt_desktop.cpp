@@ -75,6 +75,7 @@ void QtDesktop::SetTabCaption(int tab, const Text& caption) {
   window_->controls.SSTab->setTabText(tab, shown);
   // The caption changes whenever a connect begins or ends, which the button shows.
   window_->controls.button_connect_main->update();
+  window_->ShowTabCaption();
 }
 
 void QtDesktop::SetWindowCaption(const Text& caption) {
