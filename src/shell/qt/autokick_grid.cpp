@@ -185,7 +185,8 @@ void AutoKickGrid::keyPressEvent(QKeyEvent* event) {
 }
 
 QModelIndex AutoKickGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
-  if (action != MoveNext && action != MovePrevious) return QTableView::moveCursor(action, modifiers);
+  if (action != MoveNext && action != MovePrevious)
+    return QTableView::moveCursor(action, modifiers);
   int row = currentIndex().row();
   int column = currentIndex().column() + (action == MoveNext ? 1 : -1);
   if (column >= kColumns) {

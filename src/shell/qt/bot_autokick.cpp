@@ -93,9 +93,8 @@ void bot_autokick::Build() {
     button->setFocusPolicy(Qt::TabFocus);
 
   const auto act = [this](QPushButton* button, const char* name, void (bot_autokick::*action)()) {
-    connect(button, &QPushButton::clicked, this, [this, name, action] {
-      OnEvent(client_, name, [&] { (this->*action)(); });
-    });
+    connect(button, &QPushButton::clicked, this,
+            [this, name, action] { OnEvent(client_, name, [&] { (this->*action)(); }); });
   };
   act(button_add_, "button_add", &bot_autokick::Add);
   act(button_apply_, "button_apply", &bot_autokick::Apply);

@@ -26,8 +26,7 @@ constexpr const char* kEnglishConfig = "[Main]\r\nLanguage=English\r\n";
 
 // The main window with two tabs, and the editor open on a list.
 struct EditorWindow : Windows {
-  explicit EditorWindow(const Text& list = kThree,
-                        const std::optional<Text>& config = std::nullopt)
+  explicit EditorWindow(const Text& list = kThree, const std::optional<Text>& config = std::nullopt)
       : Windows(config) {
     client.app.AutoKickText = list;
     for (const int slot : {0, 1})
@@ -135,8 +134,7 @@ class BotAutokickTest : public QObject {
 
   void ItsTextsAreRussianInBothLanguages() {
     for (const bool english : {false, true}) {
-      EditorWindow windows(kThree,
-                           english ? std::optional<Text>(kEnglishConfig) : std::nullopt);
+      EditorWindow windows(kThree, english ? std::optional<Text>(kEnglishConfig) : std::nullopt);
       windows.Open();
       auto* label = windows.Find<QLabel>("l_input_field");
       auto* note = windows.Find<QLabel>("note");
@@ -154,7 +152,8 @@ class BotAutokickTest : public QObject {
       QCOMPARE(label->toolTip(), english ? QString("Type a nick or an IP") : QString());
       QCOMPARE(windows.input->accessibleName(),
                english ? QString("Type a nick or an IP") : label->text());
-      QVERIFY(note->toolTip().startsWith(english ? QString("A nick or an IP may hold") : QString()));
+      QVERIFY(
+          note->toolTip().startsWith(english ? QString("A nick or an IP may hold") : QString()));
       QCOMPARE(note->toolTip().isEmpty(), !english);
       QCOMPARE(windows.editor->accessibleName(),
                english ? QString("lobby - alice - Bot settings") : windows.editor->windowTitle());
@@ -290,8 +289,7 @@ class BotAutokickTest : public QObject {
       QCOMPARE(text->text(), windows.Cell(1, column));
       QCOMPARE(text->selectedText(), text->text());
       QVERIFY(text->hasFocus());
-      const QRect cell =
-          windows.grid->visualRect(windows.grid->model()->index(1, column));
+      const QRect cell = windows.grid->visualRect(windows.grid->model()->index(1, column));
       QVERIFY(cell.contains(text->geometry().center()));
     }
     windows.ClickCell(1, 0);
@@ -384,8 +382,8 @@ class BotAutokickTest : public QObject {
       order << QApplication::focusWidget()->objectName();
       windows.Press(Qt::Key_Tab);
     }
-    QCOMPARE(order, QStringList({"input_field", "button_add", "Grid1", "button_apply",
-                                 "button_cancel"}));
+    QCOMPARE(order,
+             QStringList({"input_field", "button_add", "Grid1", "button_apply", "button_cancel"}));
   }
 
   void TheRulesOfTheColumns_data() {
@@ -394,8 +392,8 @@ class BotAutokickTest : public QObject {
     QTest::addColumn<QString>("shown");
     QTest::addColumn<QString>("message");
     const auto row = [](int column, const char* typed, const char* shown, const char* message) {
-      QTest::addRow("%d, %s", column, typed) << column << Utf8(typed) << Utf8(shown)
-                                             << Utf8(message);
+      QTest::addRow("%d, %s", column, typed)
+          << column << Utf8(typed) << Utf8(shown) << Utf8(message);
     };
     row(1, " e:ve ", "eve", "");
     row(1, "", "10.0.*.*", "");
@@ -542,8 +540,7 @@ class BotAutokickTest : public QObject {
     EditorWindow windows;
     windows.Open();
     windows.ClickCell(1, 0);
-    const SeenBox box =
-        AnswerBox(QMessageBox::Yes, [&] { windows.Press(Qt::Key_Delete); });
+    const SeenBox box = AnswerBox(QMessageBox::Yes, [&] { windows.Press(Qt::Key_Delete); });
     QCOMPARE(box.title, QString("Parlorwire"));
     QCOMPARE(box.text, Utf8("Вы действительно хотите удалить информацию о 10.0.*.*?"));
     QCOMPARE(box.icon, QMessageBox::Question);

@@ -65,13 +65,12 @@ class BotMenuWindowTest : public QObject {
   void ItsItems() {
     BotMenuWindow windows;
     windows.Open();
-    QCOMPARE(windows.Shown(),
-             QStringList({Utf8("o &Автокик"), Utf8("Автокик-&лист"), "",
-                          Utf8("o &Говорить адреса и флаги"), Utf8("-x &Операторам в чат"),
-                          Utf8("-o Только &себе"), Utf8("На каналах"), "x lobby - alice",
-                          "x R&&D - bob"}));
-    QCOMPARE(windows.Shown("akick"), QStringList({Utf8("Редактирование автокик-листа"),
-                                                  Utf8("Редактирование каналов")}));
+    QCOMPARE(windows.Shown(), QStringList({Utf8("o &Автокик"), Utf8("Автокик-&лист"), "",
+                                           Utf8("o &Говорить адреса и флаги"),
+                                           Utf8("-x &Операторам в чат"), Utf8("-o Только &себе"),
+                                           Utf8("На каналах"), "x lobby - alice", "x R&&D - bob"}));
+    QCOMPARE(windows.Shown("akick"),
+             QStringList({Utf8("Редактирование автокик-листа"), Utf8("Редактирование каналов")}));
     windows.Close();
   }
 
@@ -82,8 +81,8 @@ class BotMenuWindowTest : public QObject {
              QStringList({"o &Auto-kick", "Auto-kick &list", "", "o &Say addresses and flags",
                           "-x To the &operators in the chat", "-o To &me only", "On the channels",
                           "x lobby - alice", "x R&&D - bob"}));
-    QCOMPARE(windows.Shown("akick"), QStringList({Utf8("Редактирование автокик-листа"),
-                                                  Utf8("Редактирование каналов")}));
+    QCOMPARE(windows.Shown("akick"),
+             QStringList({Utf8("Редактирование автокик-листа"), Utf8("Редактирование каналов")}));
     const auto said = [&](const char* item) {
       return QAccessible::queryAccessibleInterface(windows.Item(item))->text(QAccessible::Name);
     };
