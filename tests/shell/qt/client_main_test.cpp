@@ -123,9 +123,7 @@ class ClientMainTest : public QObject {
   void TheSplashGoesWithTheFirstActivation() {
     SimulatedPlatform outside;
     QtDesktop desktop;
-    Client client({outside.files, outside.time, outside.random, outside.clipboard, desktop,
-                   [] { return std::make_unique<SimulatedSocket>(); },
-                   [&] { return outside.time.NewTimer(); }});
+    Client client(outside.Ports(desktop));
     client_main window(client, desktop);
     window.Load();
     QPointer<QWidget> splash;
