@@ -59,23 +59,41 @@ constexpr std::array<Persona, 16> kVisitors = {{
 }};
 constexpr std::int64_t kMostVisitors = 5;  // at a time
 
-constexpr std::array<std::string_view, 16> kPhrases = {
+constexpr std::array<std::string_view, 12> kPhrases = {
     W<"кто-нибудь видел сегодня закат?">,
     W<"чай остыл, пойду поставлю новый">,
     W<"у нас второй день дождь, а у вас?">,
-    W<"а я вчера пирог испекла, с яблоками *sweet*">,
     W<"говорят, завтра обещают снег">,
     W<"кто помнит, как звали того капитана?">,
-    W<"я за, но только после обеда :)">,
-    W<"посмотрите http://www.example.org/ & скажите, что думаете">,
     W<"тише, тише, соседи спят">,
     W<"тогда решено: 2 < 3, значит, идем втроем">,
     W<"\"не может быть\", сказал он и ушел">,
     W<"nobody said it would be easy">,
     W<"опять клавиатура чудит">,
     W<"а помните, как в прошлом году? *n вот и я не помню">,
-    W<"спокойной ночи тем, кто уже спит *rose*">,
     W<"ну и ладно">,
+};
+
+// What a client makes pictures of.
+constexpr std::array<std::string_view, 8> kPhrasesWithSmiles = {
+    W<"я за, но только после обеда *:)">,
+    W<"спокойной ночи тем, кто уже спит *rose">,
+    W<"а я вчера пирог испекла *sweet с яблоками">,
+    W<"*:D это надо записать">,
+    W<"кто еще не допил? *coffe *beer">,
+    W<"опять понедельник *:(">,
+    W<"никому не говорите *;) но завтра выходной">,
+    W<"первый снег! *sneg *sneg *sneg">,
+};
+
+// What can be clicked.
+constexpr std::array<std::string_view, 6> kPhrasesWithLinks = {
+    W<"посмотрите http://www.example.org/ & скажите, что думаете">,
+    W<"погода на неделю: www.example.org/weather?city=3.">,
+    W<"фотографии с маяка https://example.net/lighthouse/, там и рассвет есть">,
+    W<"карта лежит на ftp://files.example.com/maps">,
+    W<"с 192.0.2.* опять кто-то шумит">,
+    W<"почтовая станция теперь на 198.51.100.80, не перепутайте">,
 };
 
 constexpr std::array<std::string_view, 5> kActions = {
@@ -84,10 +102,10 @@ constexpr std::array<std::string_view, 5> kActions = {
 };
 
 constexpr std::array<std::string_view, 4> kGreetings = {
-    W<"привет!">,
-    W<"добрый вечер">,
-    W<"о, кто пришел! *hi*">,
-    W<"здравствуй, проходи">,
+    W<"привет! *:)">,
+    W<"добрый вечер *rose">,
+    W<"о, кто пришел! *hi">,
+    W<"здравствуй, проходи *coffe наши правила: http://www.example.org/rules.html">,
 };
 
 constexpr std::array<std::string_view, 6> kMoods = {
@@ -96,6 +114,14 @@ constexpr std::array<std::string_view, 6> kMoods = {
 template <class Array>
 const auto& Pick(Chat& chat, const Array& array) {
   return array[static_cast<std::size_t>(chat.random() % array.size())];
+}
+
+// Of a hundred lines 15 have a smile and 8 a link or an address.
+std::string_view PickPhrase(Chat& chat) {
+  const auto dice = chat.random() % 100;
+  if (dice < 15) return Pick(chat, kPhrasesWithSmiles);
+  if (dice < 23) return Pick(chat, kPhrasesWithLinks);
+  return Pick(chat, kPhrases);
 }
 
 void Register(Chat& chat, const Persona& persona) {
@@ -184,7 +210,7 @@ void DoSomething(Inhabitants& inhabitants, Chat& chat, Channel& channel, const M
   if (dice < 24)
     Speak(chat, nick, channel.name, "/me " + Text(Pick(chat, kActions)), "", now);
   else
-    Speak(chat, nick, channel.name, Text(Pick(chat, kPhrases)), Pick(chat, kMoods), now);
+    Speak(chat, nick, channel.name, Text(PickPhrase(chat)), Pick(chat, kMoods), now);
 }
 
 // Comings and goings by the clock, if they are wanted; when the next is due.
@@ -246,7 +272,7 @@ void TalkOnChannel(Inhabitants& inhabitants, Chat& chat, Channel& channel, const
     Text number = std::to_string(load.said + 1);
     number.insert(0, number.size() < 8 ? 8 - number.size() : 0, '0');
     const Persona& persona = kResidents[static_cast<std::size_t>(load.said) % kResidents.size()];
-    Text text = "#" + number + " " + Text(Pick(chat, kPhrases));
+    Text text = "#" + number + " " + Text(PickPhrase(chat));
     while (std::ssize(text) < inhabitants.options.talk_length)
       text.append(" ").append(Pick(chat, kPhrases));
     Speak(chat, persona.nick, channel.name, text, "", now);

@@ -134,7 +134,7 @@ void BM_FormatNearEnd(benchmark::State& state) {
 // A code of the last line becomes a picture, and a code again.
 void BM_InsertPicture(benchmark::State& state) {
   RichTextBox& pane = PaneOf(state.range(0));
-  const auto picture = std::make_shared<PanePicture>(PanePicture{"*:)", "image"});
+  const auto picture = std::make_shared<PanePicture>(PanePicture{"*:)", nullptr});
   const PanePosition start = pane.LineByIndex(pane.LineCount() - 2).start + 40;
   pane.ExSetSel(start, start);
   pane.ReplaceSel("*:)");

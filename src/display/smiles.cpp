@@ -1,7 +1,14 @@
 #include "display/smiles.h"
 
+#include <algorithm>
+#include <climits>
+#include <memory>
+#include <utility>
+#include <vector>
+
 #include "session/client.h"
 #include "session/fault_trap.h"
+#include "session/writer_selection.h"
 #include "text/number.h"
 
 namespace parlorwire {
@@ -19,7 +26,64 @@ void ReadSmileTable(Client& client) {
     app.SmileTable += "\r\n" + LoadResourceString(app.resources, kSmileCountId + j, kBufferSize);
 }
 
+// A code in a text.
+struct SmileCode {
+  std::size_t at = 0;
+  std::size_t length = 0;
+  const SmileName* name = nullptr;
+};
+
+std::vector<SmileCode> FindSmileCodes(AppState& app, std::string_view text) {
+  std::vector<SmileCode> codes;
+  for (std::size_t at = text.find('*'); at != text.npos; at = text.find('*', at + 1)) {
+    if (at > 0 && text[at - 1] != ' ') continue;
+    const std::string_view rest = text.substr(at + 1);
+    const std::string_view word = rest.substr(0, rest.find(' '));
+    if (const SmileName* name = app.smile_names.Find(app.SmileTable, word))
+      codes.push_back({at, word.size() + 1, name});
+  }
+  return codes;
+}
+
+// Line by line of the table they would have their turns, and the first picture that cannot be had
+// ends them all.
+void LeaveOutFrom(AppState& app, std::vector<SmileCode>& codes) {
+  int missing = INT_MAX;
+  for (const SmileCode& code : codes)
+    if (LoadResourceBitmap(app.resources, kSmileCountId + code.name->line) == nullptr)
+      missing = std::min(missing, code.name->line);
+  std::erase_if(codes, [&](const SmileCode& code) { return code.name->line >= missing; });
+}
+
+const std::shared_ptr<const PanePicture>& PictureOf(AppState& app, const SmileName& name,
+                                                    std::string_view code) {
+  auto image = LoadResourceBitmap(app.resources, kSmileCountId + name.line);
+  if (name.picture == nullptr || name.picture->image != image)
+    name.picture = std::make_shared<const PanePicture>(PanePicture{Text(code), std::move(image)});
+  return name.picture;
+}
+
+void PastePictures(Client& client, std::string_view text, PanePosition base, int tab) {
+  std::vector<SmileCode> codes = FindSmileCodes(client.app, text);
+  if (codes.empty()) return;
+  LeaveOutFrom(client.app, codes);
+  RichTextBox& pane = client.tab(tab).Rich;
+  pane.Locked(false);
+  // From the last to the first, so that the positions of those that are still text stay true.
+  for (auto code = codes.rbegin(); code != codes.rend(); ++code) {
+    const PanePosition start = base + static_cast<PanePosition>(code->at);
+    SelectPaneEnd(client, start, start + static_cast<PanePosition>(code->length), tab);
+    pane.PastePicture(PictureOf(client.app, *code->name, text.substr(code->at, code->length)));
+  }
+  pane.Locked(true);
+}
+
 }  // namespace
+
+void PastePicture(Client& client, std::string_view text, PanePosition base, int tab) {
+  GoOnAfterFault(client, ". Function: PastePicture",
+                 [&] { PastePictures(client, text, base, tab); });
+}
 
 void LoadSmiles(Client& client) {
   client.app.SmileTable.clear();

@@ -1,7 +1,9 @@
 // Smiles: words of a chat line that are shown as pictures.
 #pragma once
 
-#include "text/text.h"
+#include <string_view>
+
+#include "pane/units.h"
 
 namespace parlorwire {
 
@@ -10,5 +12,11 @@ struct Client;
 // Fills SmileTable and SmileCount from "smiles.dll". Without that file there are no smiles; one
 // that cannot be read is an entry in error.log. Never fails.
 void LoadSmiles(Client& client);
+
+// Puts pictures in the place of the smile codes of a text that stands in Rich, its first character
+// at `base`. A code is "*" and a name out of SmileTable, with blanks around it or the text's ends,
+// and counts upper and lower case; the picture takes one position. Once a picture cannot be had,
+// its codes and those of all later lines of the table stay text. Faults end in error.log.
+void PastePicture(Client& client, std::string_view text, PanePosition base, int tab);
 
 }  // namespace parlorwire

@@ -2,9 +2,11 @@
 
 #include "display/chat_log.h"
 #include "display/framed_notice.h"
+#include "display/links.h"
 #include "display/message_colours.h"
 #include "display/pane_output.h"
 #include "display/rank_colour.h"
+#include "display/smiles.h"
 #include "display/spam_rules.h"
 #include "session/client.h"
 #include "session/fault_trap.h"
@@ -161,9 +163,9 @@ void WriteText(const Line& line) {
   piece.reserve(prefix.size() + line.text.size() + 2);
   piece.append(prefix).append(line.text).append("\r\n");
   Write(line, piece);
-  line.client.hooks.WriteLinks(std::string_view(piece).substr(0, piece.size() - 2), end, line.tab,
-                               false);
-  line.client.hooks.PastePicture(line.text, action ? end + 4 : end, line.tab);
+  WriteLinks(line.client, std::string_view(piece).substr(0, piece.size() - 2), end, line.tab,
+             false);
+  PastePicture(line.client, line.text, action ? end + 4 : end, line.tab);
   if (!action) return;
   const FontSystem& font = line.app().rFontSystem;
   Format(line, end, end + 3, PlainFormat(font.Name, font.Size, font.TextColor));

@@ -10,8 +10,13 @@ namespace {
 constexpr PaneLookId kNoLook = ~PaneLookId{0};
 
 std::size_t ContentHash(const PanePicture& picture) {
-  const std::hash<std::string> hash;
-  return hash(picture.code) * 31 + hash(picture.image);
+  const std::size_t pixels = picture.image == nullptr ? 0 : picture.image->pixels.size();
+  return std::hash<std::string>()(picture.code) * 31 + pixels;
+}
+
+bool AreEqual(const PanePicture& a, const PanePicture& b) {
+  if (a.code != b.code) return false;
+  return a.image == b.image || (a.image != nullptr && b.image != nullptr && *a.image == *b.image);
 }
 
 }  // namespace
@@ -73,8 +78,7 @@ std::uint32_t PaneFormats::InternPicture(const std::shared_ptr<const PanePicture
   const std::size_t hash = ContentHash(*picture);
   const auto [begin, end] = pictures_by_content_.equal_range(hash);
   for (auto known = begin; known != end; ++known) {
-    const PanePicture& other = *pictures_[known->second];
-    if (other.code == picture->code && other.image == picture->image) return known->second;
+    if (AreEqual(*pictures_[known->second], *picture)) return known->second;
   }
   const auto number = static_cast<std::uint32_t>(pictures_.size());
   pictures_.push_back(picture);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "pane/units.h"
+#include "platform/picture.h"
 
 namespace parlorwire {
 
@@ -28,8 +29,8 @@ struct PaneFormat {
 
 // A picture in the text.
 struct PanePicture {
-  std::string code;   // Windows-1251; what copying the picture gives
-  std::string image;  // an image file's bytes: BMP, PNG or SVG
+  std::string code;                      // Windows-1251; what copying the picture gives
+  std::shared_ptr<const Picture> image;  // null leaves a gap
 };
 
 // A stretch of uniform format. A picture is a run of its own, of length 1.

@@ -10,6 +10,7 @@
 #include "platform/resources.h"
 #include "platform/timer.h"
 #include "session/nick_colours.h"
+#include "session/smile_names.h"
 #include "text/text.h"
 
 namespace parlorwire {
@@ -182,6 +183,7 @@ struct AppState {
   Resources resources;
   Text SmileTable;
   std::int16_t SmileCount = 0;
+  SmileNames smile_names;  // of SmileTable
 
   // The menus of nicks.
   NickMenu nick_menu;

@@ -36,12 +36,6 @@ struct Hooks {
   Hook<void(const Text& line, int tab)> ParseChatLine;
   // display/chat_log: a piece goes to the day log of a channel
   Hook<void(const Text& piece, const Text& channel)> LogChatLine;
-  // display/links: links in a piece of a line that begins with a blank; `base` is one more than the
-  // pane position of its first character
-  Hook<void(std::string_view piece, PanePosition base, int tab, bool hover_only)> WriteLinks;
-  // display/smiles: smiles in a text become pictures; `base` is the pane position of its first
-  // character
-  Hook<void(std::string_view text, PanePosition base, int tab)> PastePicture;
 
   // users/user_frame: fetch the list of users anew
   Hook<void(int tab)> UpdateUsersFrame;

@@ -201,8 +201,7 @@ TEST_F(TextOutTest, NothingIsPaintedUntilTheLineIsWhole) {
 
 TEST_F(TextOutTest, AFaultOfAHookIsLoggedAndEndsTheLine) {
   ScriptedView view(session.Rich);
-  client.hooks.WriteLinks = [](std::string_view, PanePosition, int, bool) { throw Fault(9); };
-  client.hooks.PastePicture = [](std::string_view, PanePosition, int) { ADD_FAILURE(); };
+  client.hooks.SayBot = [](const Text&, int) { throw Fault(9); };
   Out("alice:", "http://spam.example", kMessage);
   EXPECT_EQ(session.Rich.Text(), "[1] alice: http://spam.example\r\n");
   EXPECT_EQ(ErrorLog(),

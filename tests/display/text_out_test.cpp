@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "display/text_out_fixture.h"
+#include "support/one_smile.h"
+#include "text/cut.h"
 
 namespace parlorwire {
 namespace {
@@ -264,25 +266,36 @@ TEST_F(TextOutTest, MarkersBecomeLineBreaks) {
 }
 
 TEST_F(TextOutTest, LinksAndPicturesCountFromTheText) {
-  std::vector<Text> calls;
-  client.hooks.WriteLinks = [&](std::string_view piece, PanePosition base, int tab, bool hover) {
-    calls.push_back("links '" + Text(piece) + "' " + std::to_string(base) + " " +
-                    std::to_string(tab) + (hover ? " hover" : ""));
-    EXPECT_EQ(
-        session.Rich.TextBetween(base - 1, base - 1 + static_cast<PanePosition>(piece.size())),
-        piece);
-  };
-  client.hooks.PastePicture = [&](std::string_view text, PanePosition base, int tab) {
-    calls.push_back("pictures '" + Text(text) + "' " + std::to_string(base) + " " +
-                    std::to_string(tab));
-    EXPECT_EQ(session.Rich.TextBetween(base, base + static_cast<PanePosition>(text.size())), text);
-  };
-  Out("alice:", "hello", kMessage);
-  Out("alice:", "waves", kAction);
-  Out("", "bob leaves", kSystem, "");
-  EXPECT_THAT(calls, ElementsAre("links ' hello' 11 0", "pictures 'hello' 11 0",
-                                 "links ' *** waves' 22 0", "pictures 'waves' 26 0",
-                                 "links ' bob leaves' 34 0", "pictures 'bob leaves' 34 0"));
+  LoadOneSmile(platform, client);
+  Out("alice:", "*:) see www.a.b *:)", kMessage);
+  EXPECT_THAT(
+      Runs(),
+      ElementsAre("[1] |Main 12 777777 b", "alice:|Main 12 444444 b u", " |Main 12 888888",
+                  "<*:)>|Main 12 888888", " see |Main 12 888888", "www.a.b|Main 12 ff0000 b u",
+                  " |Main 12 888888", "<*:)>|Main 12 888888", "\\r\\n|Main 12 888888"));
+  Out("alice:", "*:) sees 10.0.*.* *:)", kAction);
+  EXPECT_THAT(Runs(), ElementsAre("[1]|Main 12 222222", " |System 9 222222 i",
+                                  "***|System 9 222222", " |System 9 222222 i",
+                                  "<*:)>|System 9 222222 i", " sees |System 9 222222 i",
+                                  "10.0.*.*|System 9 ff0000 b i u", " |System 9 222222 i",
+                                  "<*:)>|System 9 222222 i", "\\r\\n|System 9 222222 i"));
+  Out("", "*:) ftp://a *:)", kSystem, "");
+  EXPECT_THAT(Runs(),
+              ElementsAre(" |System 9 222222 i", "<*:)>|System 9 222222 i", " |System 9 222222 i",
+                          "ftp://a|System 9 ff0000 b i u", " |System 9 222222 i",
+                          "<*:)>|System 9 222222 i", "\\r\\n|System 9 222222 i"));
+  EXPECT_EQ(ErrorLog(), "");
+}
+
+TEST_F(TextOutTest, TheLoggedLineKeepsTheCode) {
+  LoadOneSmile(platform, client);
+  session.Channel = "talk";
+  Out("alice:", "hello *:)", kMessage);
+  EXPECT_EQ(session.Rich.Text(), "[1] alice: hello  \r\n");
+  bool logged = false;
+  for (const auto& [name, content] : platform.files.files)
+    logged = logged || (name.starts_with("Logs") && Contains(content, " hello *:)\r"));
+  EXPECT_TRUE(logged);
 }
 
 TEST_F(TextOutTest, WhatIsLoggedInWhichPieces) {

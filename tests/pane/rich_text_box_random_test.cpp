@@ -14,8 +14,8 @@ class Editor {
       : random_(seed), largest_(largest), mirror_(box_) {
     box_.Attach(&mirror_);
     for (int i = 0; i < 3; ++i)
-      pictures_.push_back(std::make_shared<PanePicture>(PanePicture{
-          std::string("*") + static_cast<char>('a' + i), std::string(10, static_cast<char>(i))}));
+      pictures_.push_back(std::make_shared<PanePicture>(
+          PanePicture{std::string("*") + static_cast<char>('a' + i), nullptr}));
   }
 
   void Step() {

@@ -42,7 +42,7 @@ TEST(RichTextBoxText, OfANewPaneIsEmptyAndOneLine) {
 TEST(RichTextBoxText, CountsAPictureAsOneBlank) {
   const auto pane = PaneWith("ab");
   pane->ExSetSel(1, 1);
-  pane->PastePicture(std::make_shared<PanePicture>(PanePicture{"*:)", "image"}));
+  pane->PastePicture(std::make_shared<PanePicture>(PanePicture{"*:)", nullptr}));
   EXPECT_EQ(pane->Text(), "a b");
   EXPECT_EQ(pane->Length(), 3);
   EXPECT_EQ(SelectionOf(*pane), Range(2, 2));

@@ -63,7 +63,7 @@ TEST(PaneSearch, SeesLineBreaksAndPicturesAsCharacters) {
   RichTextBox pane;
   pane.Text("a\r\nb");
   pane.ExSetSel(4, 4);
-  pane.PastePicture(std::make_shared<PanePicture>(PanePicture{"*:)", ""}));
+  pane.PastePicture(std::make_shared<PanePicture>(PanePicture{"*:)", nullptr}));
   pane.ReplaceSel("c");
   EXPECT_EQ(FindForwards(pane, "a\r\nb c", 0, kCounts), 0);
   EXPECT_EQ(FindForwards(pane, "*:)", 0, kCounts), std::nullopt);

@@ -143,6 +143,28 @@ TEST_F(InhabitantsTest, WaitForAReaderWhoHasMuchToTakeYet) {
   EXPECT_TRUE(Contains(Read(alice), ":() #00000001 "));
 }
 
+TEST_F(InhabitantsTest, SaySmilesLinksAndAddressesNowAndThen) {
+  options.talk = 400;
+  options.talk_length = 70;
+  const std::vector<Text> lines = Hear(10'000);
+  std::map<Text, int> counts;
+  for (const Text& line : lines) {
+    const auto words = Split(line, " ");
+    const auto any = [&](auto test) { return std::any_of(words.begin(), words.end(), test); };
+    const auto begins = [](std::string_view with) {
+      return [with](std::string_view word) { return word.starts_with(with); };
+    };
+    counts["smile"] +=
+        any([](auto word) { return word.size() > 1 && word[0] == '*' && word != "*n"; });
+    counts["link"] += any(begins("http")) || any(begins("www.")) || any(begins("ftp://"));
+    counts["address"] += any(begins("192.0.2.*")) || any(begins("198.51.100.80"));
+  }
+  ASSERT_EQ(lines.size(), 4001U);
+  EXPECT_NEAR(counts["smile"], 600, 80);
+  EXPECT_NEAR(counts["link"] + counts["address"], 320, 60);
+  EXPECT_GT(counts["address"], 20);
+}
+
 TEST_F(InhabitantsTest, SayLinesOfTheWantedLength) {
   options.talk = 100;
   options.talk_length = 70;

@@ -191,9 +191,17 @@ QString AccessibleText(const RichTextBox& box, PaneRange range) {
   if (range.empty()) return {};
   QString text = ToQString(box.TextBetween(range.start, range.end));
   text.replace(QLatin1Char('\r'), QLatin1Char(' '));
-  for (const PaneRun& run : box.RunsBetween(range.start, range.end))
-    if (run.picture) text[run.start - range.start] = QChar(QChar::ObjectReplacementCharacter);
-  return text;
+  QString spoken;
+  PanePosition at = range.start;
+  for (const PaneRun& run : box.RunsBetween(range.start, range.end)) {
+    if (!run.picture) continue;
+    spoken += QStringView(text).mid(at - range.start, run.start - at);
+    spoken += run.picture->code.empty() ? QString(QChar::ObjectReplacementCharacter)
+                                        : ToQString(run.picture->code);
+    at = run.start + 1;
+  }
+  spoken += QStringView(text).mid(at - range.start);
+  return spoken;
 }
 
 }  // namespace parlorwire

@@ -1,7 +1,8 @@
 // A pane for screen readers: its text, runs, caret, selection and places.
 //
-// Offsets are positions of the pane. So that they stay such, a picture reads as the one character
-// that stands for an object, and the CR of a line break as a blank.
+// Offsets are positions of the pane. So that they stay such, the CR of a line break reads as a
+// blank. Only a picture reads as its code, longer than its one position: what a picture shows is to
+// be heard.
 #pragma once
 
 #include <QString>

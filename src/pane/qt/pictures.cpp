@@ -1,9 +1,6 @@
 #include "pane/qt/pictures.h"
 
-#include <QBuffer>
-#include <QByteArray>
 #include <QImage>
-#include <QImageReader>
 #include <algorithm>
 #include <cmath>
 
@@ -14,35 +11,16 @@ constexpr std::size_t kPicturesKept = 256;
 constexpr QSize kPlaceholder{16, 16};
 constexpr int kLargestSide = 1024;  // larger ones are scaled down
 
-// Reads an image file held in memory.
-struct ImageFile {
-  explicit ImageFile(const PanePicture& picture)
-      : bytes(picture.image.data(), static_cast<qsizetype>(picture.image.size())) {
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    reader.setDevice(&buffer);
-    reader.setDecideFormatFromContent(true);
-  }
-  QByteArray bytes;
-  QBuffer buffer;
-  QImageReader reader;
-};
-
 QSize Bounded(QSize size) {
   if (std::max(size.width(), size.height()) <= kLargestSide) return size;
   return size.scaled(kLargestSide, kLargestSide, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
-// A drawing is made at the wanted size; a picture of pixels is enlarged without blurring by a whole
-// factor, and smoothly by any other.
-QImage ReadAt(const PanePicture& picture, QSize wanted) {
-  ImageFile file(picture);
-  if (file.reader.format().startsWith("svg")) {
-    file.reader.setScaledSize(wanted);
-    return file.reader.read();
-  }
-  QImage image = file.reader.read();
-  if (image.isNull() || image.size() == wanted) return image;
+// Enlarged without blurring by a whole factor, and smoothly by any other.
+QImage ScaledTo(const Picture& picture, QSize wanted) {
+  const QImage image(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width,
+                     picture.height, QImage::Format_RGB32);
+  if (image.size() == wanted) return image.copy();
   const bool whole = wanted.width() % image.width() == 0 && wanted.height() % image.height() == 0;
   return image.scaled(wanted, Qt::IgnoreAspectRatio,
                       whole ? Qt::FastTransformation : Qt::SmoothTransformation);
@@ -55,11 +33,11 @@ ToolkitPictures::Entry& ToolkitPictures::EntryOf(
   if (const auto found = entries_.find(picture.get()); found != entries_.end())
     return found->second;
   if (entries_.size() >= kPicturesKept) entries_.clear();
-  ImageFile file(*picture);
-  QSize size = file.reader.size();
-  if (!size.isValid()) size = file.reader.read().size();
-  if (size.isEmpty()) size = kPlaceholder;
-  return entries_.emplace(picture.get(), Entry{picture, Bounded(size), {}}).first->second;
+  QSize size = kPlaceholder;
+  if (const Picture* image = picture->image.get())
+    size = QSize(image->width, image->height) / image->scale;
+  return entries_.emplace(picture.get(), Entry{picture, Bounded(size.expandedTo({1, 1})), {}})
+      .first->second;
 }
 
 QSize ToolkitPictures::SizeOf(const std::shared_ptr<const PanePicture>& picture) {
@@ -72,7 +50,8 @@ QPixmap ToolkitPictures::PixmapOf(const std::shared_ptr<const PanePicture>& pict
   if (found != entry.scaled.end()) return found->second;
   const QSize wanted(static_cast<int>(std::lround(entry.size.width() * ratio)),
                      static_cast<int>(std::lround(entry.size.height() * ratio)));
-  QPixmap pixmap = QPixmap::fromImage(ReadAt(*picture, wanted));
+  QPixmap pixmap;
+  if (picture->image != nullptr) pixmap = QPixmap::fromImage(ScaledTo(*picture->image, wanted));
   pixmap.setDevicePixelRatio(ratio);
   entry.scaled.emplace(ratio, pixmap);
   return pixmap;

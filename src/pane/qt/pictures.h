@@ -1,4 +1,4 @@
-// The pictures of a pane, decoded and scaled for a screen.
+// The pictures of a pane, scaled for a screen.
 #pragma once
 
 #include <QPixmap>
@@ -10,13 +10,13 @@
 
 namespace parlorwire {
 
-// Keeps a bounded number of decoded pictures.
+// Keeps a bounded number of them.
 class ToolkitPictures {
  public:
-  // In device-independent pixels. An image that cannot be read has the size of its placeholder.
+  // In device-independent pixels. A picture without an image has the size of its placeholder.
   QSize SizeOf(const std::shared_ptr<const PanePicture>& picture);
 
-  // For a screen of that device pixel ratio. Null if the image cannot be read.
+  // For a screen of that device pixel ratio. Null without an image.
   QPixmap PixmapOf(const std::shared_ptr<const PanePicture>& picture, double ratio);
 
  private:

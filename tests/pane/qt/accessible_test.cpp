@@ -54,6 +54,23 @@ class RichTextViewAccessibleTest : public QObject {
     QCOMPARE(pane.text->text(0, 3), QStringLiteral("a\uFFFC") + QLatin1Char('b'));
   }
 
+  void ASmileIsHeardAsItsCode() {
+    ReadPane pane;
+    Append(pane.box, "ab cd", MainFormat(0));
+    for (const PanePosition at : {5, 2}) {
+      pane.box.ExSetSel(at, at);
+      pane.box.PastePicture(std::make_shared<PanePicture>(PanePicture{"*:)", nullptr}));
+    }
+    QCOMPARE(pane.text->characterCount(), 7);
+    QCOMPARE(pane.text->text(0, 7), QStringLiteral("ab*:) cd*:)"));
+    QCOMPARE(pane.text->text(1, 3), QStringLiteral("b*:)"));
+    int start = 0;
+    int end = 0;
+    QCOMPARE(pane.text->textAtOffset(2, QAccessible::CharBoundary, &start, &end),
+             QStringLiteral("*:)"));
+    QCOMPARE(end - start, 1);
+  }
+
   void CharactersWordsRowsAndLinesAreFoundAroundAnOffset() {
     ReadPane pane(3);
     const int line = static_cast<int>(pane.LineStart(1));

@@ -78,7 +78,7 @@ class RichTextViewCostTest : public QObject {
   }
 
   void APictureNearTheEnd() {
-    const auto picture = std::make_shared<PanePicture>(PanePicture{"*:)", "no picture"});
+    const auto picture = std::make_shared<PanePicture>(PanePicture{"*:)", nullptr});
     Same([&](ShownPane& pane, int) {
       pane.box.ExSetSel(pane.box.Length() - 10, pane.box.Length() - 9);
       pane.box.PastePicture(picture);

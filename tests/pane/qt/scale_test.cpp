@@ -1,5 +1,4 @@
 // A pane on screens of other scales, by the pixels painted. The build runs it at 1, 1.5 and 2.
-#include <QBuffer>
 #include <QCoreApplication>
 #include <QWheelEvent>
 #include <cmath>
@@ -102,15 +101,24 @@ class RichTextViewScaleTest : public QObject {
   }
 
   void APictureIsAsLargeAsItsPixelsTimesTheScale() {
-    QImage image({30, 40}, QImage::Format_RGB32);
-    image.fill(Qt::magenta);
-    QBuffer buffer;
-    image.save(&buffer, "PNG");
     ShownPane pane;
-    pane.box.PastePicture(
-        std::make_shared<PanePicture>(PanePicture{"*:)", buffer.data().toStdString()}));
+    pane.box.PastePicture(PictureOf({30, 40}, Qt::magenta));
     QCOMPARE(CountPixels(pane.Picture(), Qt::magenta),
              static_cast<int>(30 * Scale() * 40 * Scale()));
+  }
+
+  // On a screen of scale 2 it is painted pixel by pixel, so it is as sharp as it can be.
+  void APictureOfTwiceTheDotsIsHalfAsLarge() {
+    auto picture = std::make_shared<PanePicture>();
+    auto image = std::make_shared<Picture>(Picture{20, 40, 2, std::vector<std::uint32_t>(800)});
+    for (std::size_t i = 0; i < image->pixels.size(); ++i)
+      image->pixels[i] = (i / 20 + i) % 2 == 0 ? 0xFFFF00FF : 0xFF000000;
+    picture->image = image;
+    ShownPane pane;
+    pane.box.PastePicture(picture);
+    QCOMPARE(pane.view.CharacterRect(0).width(), 10);
+    if (Scale() == 2) QCOMPARE(CountPixels(pane.Picture(), Qt::magenta), 400);
+    if (Scale() == 1) QCOMPARE(CountPixels(pane.Picture(), QColor(127, 0, 127)), 200);
   }
 
   void WhatIsHitIsWhatWasPaintedThere() {

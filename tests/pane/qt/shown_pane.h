@@ -6,11 +6,21 @@
 #include <QPixmap>
 #include <QScreen>
 #include <QTest>
+#include <memory>
 
 #include "pane/qt/rich_text_view.h"
 #include "support/pane_samples.h"
 
 namespace parlorwire {
+
+// Of one colour.
+inline std::shared_ptr<const PanePicture> PictureOf(QSize size, QColor colour) {
+  auto image = std::make_shared<Picture>();
+  image->width = size.width();
+  image->height = size.height();
+  image->pixels.assign(static_cast<std::size_t>(size.width() * size.height()), colour.rgb());
+  return std::make_shared<PanePicture>(PanePicture{":)", image});
+}
 
 struct ShownPane {
   explicit ShownPane(int lines = 0, QSize size = {400, 300}) : view(box) {

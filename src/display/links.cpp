@@ -1,0 +1,110 @@
+#include "display/links.h"
+
+#include <algorithm>
+
+#include "session/client.h"
+#include "session/writer_selection.h"
+#include "text/cut.h"
+#include "text/letter_case.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr std::string_view kStopCharacters = ".,!?<>'\"()[]{}:;";
+constexpr PaneColour kLinkColour = 255;
+constexpr std::size_t kLongestMask = 15;
+
+// From behind the blank to the next one.
+std::string_view WordBehind(std::string_view text, std::size_t blank) {
+  const std::string_view rest = text.substr(blank + 1);
+  const std::string_view word = rest.substr(0, rest.find(' '));
+  return word.substr(0, word.find_last_not_of(kStopCharacters) + 1);
+}
+
+const LinkMarker* MarkerBehind(std::string_view text, std::size_t blank) {
+  const std::string_view rest = text.substr(blank + 1);
+  if (rest.empty()) return nullptr;
+  const char first = LowerCase(rest.front());
+  for (const LinkMarker& marker : kLinkMarkers)
+    if (marker.text.front() == first && StartsWithNoCase(rest, marker.text)) return &marker;
+  return nullptr;
+}
+
+bool IsLink(std::string_view word, const LinkMarker& marker) {
+  if (marker.is_scheme) return word.size() > marker.text.size();
+  return std::ranges::count(word, '.') >= 2;  // a host of at least three parts
+}
+
+bool IsMaskCharacter(char c) {
+  return (c >= '0' && c <= '9') || c == '*' || c == '?';
+}
+
+bool IsAddressMask(std::string_view word) {
+  if (word.size() > kLongestMask) return false;
+  int groups = 1;
+  int length = 0;
+  for (const char c : word) {
+    if (IsMaskCharacter(c)) {
+      if (++length > 3) return false;
+    } else {
+      if (c != '.' || length == 0 || ++groups > 4) return false;
+      length = 0;
+    }
+  }
+  return groups == 4 && length > 0;
+}
+
+void MakeLink(Client& client, const MarkedWord& found, PanePosition base, int tab) {
+  const PanePosition start = static_cast<PanePosition>(found.blank) + base;
+  SelectPaneEnd(client, start, start + Len(found.word), tab);
+  RichTextBox& pane = client.tab(tab).Rich;
+  pane.SelUnderline(true);
+  pane.SelColor(kLinkColour);
+  pane.SelBold(true);
+}
+
+}  // namespace
+
+std::optional<MarkedWord> NextLink(std::string_view text, std::size_t from) {
+  for (std::size_t at = text.find(' ', from); at != text.npos; at = text.find(' ', at + 1)) {
+    const LinkMarker* marker = MarkerBehind(text, at);
+    if (marker == nullptr) continue;
+    const std::string_view word = WordBehind(text, at);
+    if (IsLink(word, *marker)) return MarkedWord{at, word};
+  }
+  return std::nullopt;
+}
+
+std::optional<MarkedWord> NextAddressMask(std::string_view text, std::size_t from) {
+  for (std::size_t at = text.find(' ', from); at != text.npos; at = text.find(' ', at + 1)) {
+    if (at + 1 == text.size() || !IsMaskCharacter(text[at + 1])) continue;
+    const std::string_view word = WordBehind(text, at);
+    if (IsAddressMask(word)) return MarkedWord{at, word};
+  }
+  return std::nullopt;
+}
+
+void WriteLinks(Client& client, std::string_view piece, PanePosition base, int tab,
+                bool hover_only) {
+  RichTextBox& pane = client.tab(tab).Rich;
+  for (auto link = NextLink(piece, 0); link; link = NextLink(piece, link->blank + 1)) {
+    if (hover_only) {
+      pane.MousePointer(PanePointer::kCustom);
+      client.app.HoverLink = link->word;
+      return;
+    }
+    MakeLink(client, *link, base, tab);
+  }
+  for (auto mask = NextAddressMask(piece, 0); mask;
+       mask = NextAddressMask(piece, mask->blank + 1)) {
+    if (hover_only) {
+      pane.MousePointer(PanePointer::kCustom);
+      client.app.HoverIP = mask->word;
+      return;
+    }
+    MakeLink(client, *mask, base, tab);
+  }
+  pane.MousePointer(PanePointer::kArrow);
+}
+
+}  // namespace parlorwire
