@@ -11,6 +11,7 @@
 #include "service/personal.h"
 #include "service/posting.h"
 #include "service/presence.h"
+#include "service/whois.h"
 #include "text/charset.h"
 #include "text/cut.h"
 
@@ -186,6 +187,10 @@ Answer Rules(const Visit&) {
   return {HtmlAnswer(RulesPage()), {}};
 }
 
+Answer Whois(const Visit& visit) {
+  return {HtmlAnswer(WhoisPage(visit.form["server"])), {}};
+}
+
 // Links of personal messages lead through here, so that no page elsewhere learns a ticket.
 Answer Redirect(const Visit& visit) {
   const Text& target = visit.form["msgtext"];
@@ -204,7 +209,7 @@ struct Route {
   Answer (*handler)(const Visit&);
 };
 
-constexpr std::array<Route, 15> kRoutes = {{
+constexpr std::array<Route, 16> kRoutes = {{
     {"/", false, Root},
     {"/pframe", true, MessageFrame},
     {"/chl", true, UsersAnswer},
@@ -220,6 +225,7 @@ constexpr std::array<Route, 15> kRoutes = {{
     {"/topic_hist", true, TopicHistory},
     {"/rulez.html", false, Rules},
     {"/redirect", false, Redirect},
+    {kWhoisPage, false, Whois},
 }};
 
 }  // namespace

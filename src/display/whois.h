@@ -7,8 +7,8 @@ namespace parlorwire {
 
 struct Client;
 
-// Opens the page of the gateway AppState::WhoisHost for an address, which may be a mask such as
-// "10.0.*.*".
+// Opens the page of the gateway AppState::WhoisHost, or of the chat service if that is empty, for
+// an address, which may be a mask such as "10.0.*.*".
 void OpenWhois(Client& client, std::string_view address);
 
 }  // namespace parlorwire

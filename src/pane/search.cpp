@@ -13,8 +13,9 @@ namespace {
 
 constexpr PanePosition kChunk = 32'768;  // characters in which occurrences begin, read at a time
 
-// Compares from the end of the wanted text and steps on by what the last character allows. Works on
-// text in either direction.
+// Compares from the end of the wanted text and steps on by what the last character allows; for one
+// or two letters, where a step is worth less than what it costs, it looks for the last one. Works
+// on text in either direction.
 class Searcher {
  public:
   Searcher(std::string wanted, LetterCase letter_case) : wanted_(std::move(wanted)) {
@@ -29,11 +30,14 @@ class Searcher {
       steps_[static_cast<std::uint8_t>(wanted_[i])] = wanted_.size() - 1 - i;
     for (std::size_t byte = 0; byte < same_.size(); ++byte)
       steps_[byte] = steps_[static_cast<std::uint8_t>(same_[byte])];
+    for (std::size_t byte = 0; byte < same_.size(); ++byte)
+      is_last_[byte] = same_[byte] == wanted_.back();
   }
 
   // Where the first occurrence begins in [begin, end); `end` if there is none.
   template <class Iterator>
   Iterator Find(const Iterator& begin, const Iterator& end) const {
+    if (wanted_.size() <= kFew) return FindFew(begin, end);
     const auto size = static_cast<std::ptrdiff_t>(wanted_.size());
     const char last = wanted_.back();
     for (Iterator at = begin; end - at >= size;) {
@@ -48,23 +52,37 @@ class Searcher {
   }
 
  private:
+  static constexpr std::size_t kFew = 2;
+
+  template <class Iterator>
+  Iterator FindFew(const Iterator& begin, const Iterator& end) const {
+    const auto ahead = static_cast<std::ptrdiff_t>(wanted_.size()) - 1;
+    if (end - begin <= ahead) return end;
+    for (Iterator at = begin + ahead; at != end; ++at) {
+      if (!is_last_[static_cast<std::uint8_t>(*at)]) continue;
+      if (ahead == 0 || Same(at[-1]) == wanted_.front()) return at - ahead;
+    }
+    return end;
+  }
+
   char Same(char c) const { return same_[static_cast<std::uint8_t>(c)]; }
 
   std::string wanted_;
   std::array<char, 256> same_;  // one character for all that count as the same
   std::array<std::size_t, 256> steps_;
+  std::array<bool, 256> is_last_;
 };
 
 }  // namespace
 
 std::optional<PanePosition> FindForwards(const RichTextBox& pane, std::string_view wanted,
-                                         PanePosition from, LetterCase letter_case) {
+                                         PaneRange beginnings, LetterCase letter_case) {
   if (wanted.empty()) return std::nullopt;
   const Searcher searcher(std::string(wanted), letter_case);
   const auto more = static_cast<PanePosition>(wanted.size()) - 1;
-  const PanePosition length = pane.Length();
-  for (PanePosition at = std::max(from, PanePosition{0}); at + more < length; at += kChunk) {
-    const std::string text = pane.TextBetween(at, at + kChunk + more);
+  const PanePosition end = std::min(beginnings.end, pane.Length() - more);
+  for (PanePosition at = std::max(beginnings.start, PanePosition{0}); at < end; at += kChunk) {
+    const std::string text = pane.TextBetween(at, std::min(at + kChunk, end) + more);
     const auto found = searcher.Find(text.begin(), text.end());
     if (found != text.end()) return at + (found - text.begin());
   }
@@ -72,18 +90,29 @@ std::optional<PanePosition> FindForwards(const RichTextBox& pane, std::string_vi
 }
 
 std::optional<PanePosition> FindBackwards(const RichTextBox& pane, std::string_view wanted,
-                                          PanePosition from, LetterCase letter_case) {
+                                          PaneRange beginnings, LetterCase letter_case) {
   if (wanted.empty()) return std::nullopt;
   const Searcher searcher({wanted.rbegin(), wanted.rend()}, letter_case);
   const auto more = static_cast<PanePosition>(wanted.size()) - 1;
-  // Where an occurrence may end.
-  for (PanePosition end = std::min(from, pane.Length()) + more + 1; end > more; end -= kChunk) {
-    const PanePosition start = std::max(end - kChunk - more, PanePosition{0});
-    const std::string text = pane.TextBetween(start, end);
+  const PanePosition first = std::max(beginnings.start, PanePosition{0});
+  for (PanePosition end = std::min(beginnings.end, pane.Length() - more); end > first;
+       end -= kChunk) {
+    const PanePosition start = std::max(end - kChunk, first);
+    const std::string text = pane.TextBetween(start, end + more);
     const auto found = searcher.Find(text.rbegin(), text.rend());
     if (found != text.rend()) return start + (text.rend() - found) - more - 1;
   }
   return std::nullopt;
+}
+
+std::optional<PanePosition> FindForwards(const RichTextBox& pane, std::string_view wanted,
+                                         PanePosition from, LetterCase letter_case) {
+  return FindForwards(pane, wanted, PaneRange{from, pane.Length()}, letter_case);
+}
+
+std::optional<PanePosition> FindBackwards(const RichTextBox& pane, std::string_view wanted,
+                                          PanePosition from, LetterCase letter_case) {
+  return FindBackwards(pane, wanted, PaneRange{0, from + 1}, letter_case);
 }
 
 }  // namespace parlorwire

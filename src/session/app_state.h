@@ -10,6 +10,7 @@
 #include "platform/resources.h"
 #include "platform/timer.h"
 #include "session/nick_colours.h"
+#include "session/search_form.h"
 #include "session/smile_names.h"
 #include "text/text.h"
 
@@ -104,6 +105,12 @@ struct ListHover {
   PanePosition TintedStart = 0;
 };
 
+// What menu_copy shows.
+struct CopyMenu {
+  Text Link;            // the link that was clicked; "" for none
+  bool Copies = false;  // something is selected where it was clicked
+};
+
 struct AppState {
   UiLanguage Language = UiLanguage::kRussian;
 
@@ -114,8 +121,8 @@ struct AppState {
   Text ChatHostByName = "localhost";
   Text ChatHostByAddress = "127.0.0.1";
 
-  Text WhoisHost = "whois.example";  // the gateway that tells whose an address is
-  Text LetografUrl;                  // a page of a statistics site; "" for none
+  Text WhoisHost;    // the gateway that tells whose an address is; "" for the chat service itself
+  Text LetografUrl;  // a page of a statistics site; "" for none
 
   Text ProxyAuthBasic;  // base64 of proxy login, ":" and proxy password; renewed by every connect
   ProxyControls sett_conn;
@@ -175,6 +182,16 @@ struct AppState {
   Text HoverChannel;               // the name of the channel on a list of channels
   Text HoverLink;                  // a link
   Text HoverIP;                    // an address mask
+  Text HoverNick;                  // a nick, with its colon
+  Text HoverTime;                  // the line whose time it is
+  bool JumpArmed = false;          // the word of a notice that leads to its line
+  PanePosition JumpChar = 0;       // where
+  bool PersonalArmed = false;      // the notice of a personal message
+  // The nick that is tinted, "" for none, and its place in Rich of a tab.
+  Text HoverNickSaved;
+  PanePosition HoverNickStart = 0;
+  PanePosition HoverNickEnd = 0;
+  int HoverNickTab = 0;
   ListHover UsersHover;
 
   // Smiles, out of the library "smiles.dll": each line of the table stands behind a CR LF and holds
@@ -185,9 +202,12 @@ struct AppState {
   std::int16_t SmileCount = 0;
   SmileNames smile_names;  // of SmileTable
 
+  SearchForm search_form;
+
   // The menus of nicks.
   NickMenu nick_menu;
-  Text MenuNick;        // whom nick_menu was opened for last, without a colon
+  Text MenuNick;  // whom nick_menu was opened for last, without a colon
+  CopyMenu menu_copy;
   Text MenuCopyText;    // what was selected in the list when menu_copy_users came up
   Text PersTargetNick;  // whom the next personal window is for
 

@@ -67,6 +67,8 @@ struct Hooks {
   Hook<void(const Text& url)> OpenUrl;
   // shell/qt/nick_menu_popup: nick_menu comes up as AppState::nick_menu says
   Hook<void()> PopUpNickMenu;
+  // shell/qt/message_pane: menu_copy comes up for Rich of a tab as AppState::menu_copy says
+  Hook<void(int tab)> PopUpMenuCopy;
   // shell/qt/nick_menu_popup: menu_copy_users comes up
   Hook<void()> PopUpMenuCopyUsers;
   // shell/qt/users_list: the list of users has been drawn anew

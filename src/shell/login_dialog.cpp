@@ -7,7 +7,7 @@
 #include "session/connect.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
-#include "shell/page_links.h"
+#include "session/service_address.h"
 #include "shell/tabs.h"
 #include "text/cut.h"
 #include "text/number.h"

@@ -1,6 +1,7 @@
 #include "shell/page_links.h"
 
 #include "session/client.h"
+#include "session/service_address.h"
 #include "session/wire_encoding.h"
 
 namespace parlorwire {
@@ -18,10 +19,6 @@ void OpenPage(Client& client, std::string_view path) {
 }
 
 }  // namespace
-
-Text ServiceAddress(const AppState& app) {
-  return "http://" + app.ChatHost + (app.ChatPort == "80" ? "" : ":" + app.ChatPort);
-}
 
 void sp_bans(Client& client) {
   OpenPage(client, "/banlist?username=");

@@ -52,6 +52,14 @@ TEST_F(SiteTest, LoginAnswersWithATicketThatEndsInAQuote) {
   EXPECT_NE(FindAccount(chat, "alice", "1000000000000000"), nullptr);
 }
 
+TEST_F(SiteTest, AnybodyMayAskAboutAnAddress) {
+  const Text answer =
+      Get("/serv/wwwwhois/nph-wwwtr.cgi", "server=10.0.*.*&resolve=ripe&submit=++OK++");
+  EXPECT_TRUE(answer.starts_with("HTTP/1.0 200 OK\r\n"));
+  EXPECT_TRUE(Contains(answer, "10.0.*.*"));
+  EXPECT_TRUE(Contains(answer, "частная сеть"_w));
+}
+
 TEST_F(SiteTest, BothRefusalsHaveTheirTitles) {
   Known("alice");
   const Text wrong = Post("/", "username=alice&passwd=x&channel=&chpwd=");

@@ -96,7 +96,7 @@ TEST_F(StartUp, TheHostsOfTheSpamRulesComeFromTheFile) {
 
 TEST_F(StartUp, TheWhoisGatewayComesFromTheFile) {
   Load();
-  EXPECT_EQ(app.WhoisHost, "whois.example");
+  EXPECT_EQ(app.WhoisHost, "");
   Settings("Main", "WhoisHost=whois.test:81\r\n");
   Load();
   EXPECT_EQ(app.WhoisHost, "whois.test:81");

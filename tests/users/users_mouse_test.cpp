@@ -7,6 +7,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 constexpr PaneColour kTint = Rgb(0x77, 0x77, 0x77);
 constexpr PaneColour kPlain = Rgb(0x44, 0x44, 0x44);
@@ -317,8 +318,11 @@ TEST_F(UsersMouseTest, MenuNickStaysWhateverTheMouseAndTheListDoAfterwards) {
 
 TEST_F(UsersMouseTest, ALeftClickOnAnAddressOpensTheWhoisPage) {
   Click(At("10.0.0.1"));
-  EXPECT_THAT(opened, ElementsAre("http://whois.example/serv/wwwwhois/nph-wwwtr.cgi?server="
+  EXPECT_THAT(opened, ElementsAre("http://chat.example/serv/wwwwhois/nph-wwwtr.cgi?server="
                                   "10.0.0.1&resolve=ripe&submit=++OK++"));
+  app.ChatPort = "8080";
+  Click(At("10.0.0.1"));
+  EXPECT_THAT(opened.back(), StartsWith("http://chat.example:8080/serv/"));
   app.WhoisHost = "example.org:81";
   Draw({"ann|[][10.0.*.*:]''"});
   Click(At("10.0"));

@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <optional>
 
-#include "display/pane_mouse.h"
 #include "pane/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
 #include "session/event_entry.h"
@@ -21,6 +20,7 @@
 #include "shell/login_dialog.h"
 #include "shell/page_links.h"
 #include "shell/qt/bot_autokick.h"
+#include "shell/qt/caret_rest.h"
 #include "shell/qt/connection_form.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/disable_kick_channels_form.h"
@@ -29,10 +29,12 @@
 #include "shell/qt/link_label.h"
 #include "shell/qt/main_menu.h"
 #include "shell/qt/main_shortcuts.h"
+#include "shell/qt/message_pane.h"
 #include "shell/qt/msg_box.h"
 #include "shell/qt/nick_menu_popup.h"
 #include "shell/qt/open_url.h"
 #include "shell/qt/qt_desktop.h"
+#include "shell/qt/search_form.h"
 #include "shell/qt/ss_tab.h"
 #include "shell/qt/text_input.h"
 #include "shell/qt/twips.h"
@@ -71,6 +73,7 @@ client_main::client_main(Client& client, QtDesktop& desktop)
   setCentralWidget(controls.ground);
   menu_ = new MainMenu(client, this, [this] { close(); });
   nick_menus_ = new NickMenuPopup(client, this);
+  caret_rest_ = new CaretRest(this);
   OrderMainControls(controls);
   ShowSlot(controls, -1);
   desktop_.Attach(this);
@@ -90,6 +93,8 @@ client_main::client_main(Client& client, QtDesktop& desktop)
 client_main::~client_main() {
   desktop_.Attach(nullptr);
   client_.hooks.ShowLoginDialog = std::function<void(int)>();
+  client_.hooks.ShowSearchDialog = std::function<void()>();
+  client_.hooks.PopUpMenuCopy = std::function<void(int)>();
   client_.hooks.UsersListDrawn = std::function<void(int)>();
   client_.hooks.ShowTextInput = std::function<void(const Text&, const Text&)>();
 }
@@ -97,8 +102,12 @@ client_main::~client_main() {
 void client_main::FillHooks() {
   client_.hooks.OpenUrl = [](const Text& url) { OpenUrl(url); };
   client_.hooks.ShowLoginDialog = [this](int) { ShowLoginDialog(); };
+  client_.hooks.ShowSearchDialog = [this] { ShowSearchDialog(); };
   client_.hooks.ShowTextInput = [this](const Text& prompt, const Text& title) {
     text_input(client_, ToQString(prompt), ToQString(title), this).exec();
+  };
+  client_.hooks.PopUpMenuCopy = [this](int tab) {
+    message_panes_[static_cast<std::size_t>(tab)]->ShowMenuCopy();
   };
   client_.hooks.UsersListDrawn = [this](int tab) {
     users_lists_[static_cast<std::size_t>(tab)]->Drawn();
@@ -153,6 +162,7 @@ void client_main::WireLinks() {
   act(controls.sp_opers, [this] { sp_opers(client_); });
   act(controls.hist_topic, [this] { hist_topic(client_); });
   act(controls.logout, [this] { LeaveChannel(client_, desktop_.ActiveTab()); });
+  act(controls.search_label, [this] { ShowSearchDialog(); });
   act(controls.perecodirovka_label, [this] { perecodirovka_label(client_); });
 }
 
@@ -195,34 +205,10 @@ void client_main::WireTab(int slot) {
   });
   connect(tab.StopScroll, &QAbstractButton::clicked, this,
           [this, slot] { desktop_.FocusMsg(slot); });
-  WirePane(slot);
-  users_lists_[static_cast<std::size_t>(slot)] =
-      new UsersList(client_, tab.Rich_Users, slot, *nick_menus_);
-}
-
-void client_main::WirePane(int slot) {
-  RichTextView* view = controls.tab(slot).Rich;
-  const auto wanted = [](Qt::MouseButton button) {
-    return button == Qt::LeftButton || button == Qt::RightButton;
-  };
-  const auto button = [](Qt::MouseButton pressed) {
-    return pressed == Qt::LeftButton ? MouseButton::kLeft : MouseButton::kRight;
-  };
-  connect(view, &RichTextView::mousePressedAt, this, [=, this](PanePosition at, auto pressed) {
-    if (!wanted(pressed)) return;
-    OnEvent(client_, "Rich_MouseDown", [&] {
-      // The pane may have changed under a pointer that rests.
-      Rich_MouseMove(client_, slot, at);
-      Rich_MouseDown(client_, slot, at, button(pressed));
-    });
-  });
-  connect(view, &RichTextView::mouseMovedOver, this, [=, this](PanePosition at) {
-    OnEvent(client_, "Rich_MouseMove", [&] { Rich_MouseMove(client_, slot, at); });
-  });
-  connect(view, &RichTextView::mouseReleasedAt, this, [=, this](PanePosition, auto released) {
-    if (!wanted(released)) return;
-    OnEvent(client_, "Rich_MouseUp", [&] { Rich_MouseUp(client_, slot, button(released)); });
-  });
+  caret_rest_->Watch(tab.msg);
+  const auto index = static_cast<std::size_t>(slot);
+  message_panes_[index] = new MessagePane(client_, tab.Rich, slot, *nick_menus_);
+  users_lists_[index] = new UsersList(client_, tab.Rich_Users, slot, *nick_menus_);
 }
 
 void client_main::Load() {
@@ -289,6 +275,7 @@ void client_main::ShowLanguage(UiLanguage language) {
   SetMainLanguage(controls, language);
   menu_->SetLanguage(language);
   if (bot_autokick_) bot_autokick_->ShowLanguage();
+  if (search_form_) search_form_->SetLanguage(language);
   ShowPanels(controls, client_);
   PlaceControls();
   QCoreApplication::removeTranslator(&toolkit_russian_);
@@ -303,6 +290,22 @@ void client_main::ShowLoginDialog() {
     connection_form_->Timer4 = [this] { Timer4(); };
   }
   connection_form_->ShowLoginDialog();
+}
+
+void client_main::ShowSearchDialog() {
+  if (!search_form_)
+    search_form_ = std::make_unique<search_form>(
+        client_, this, [this](SearchDirection direction) { FindOn(direction); });
+  search_form_->Open();
+}
+
+void client_main::FindOn(SearchDirection direction) {
+  if (client_.app.search_form.txt_to_search.empty()) return ShowSearchDialog();
+  OnEvent(client_, "button_next", [&] {
+    // What the reader has selected is where the first search starts.
+    controls.tab(desktop_.ActiveTab()).Rich->GiveSelection();
+    FindNext(client_, direction);
+  });
 }
 
 void client_main::PlaceControls() {

@@ -9,18 +9,22 @@
 #include <functional>
 #include <memory>
 
+#include "display/pane_search.h"
 #include "session/client.h"
 #include "shell/qt/main_controls.h"
 #include "shell/qt/main_layout.h"
 
 namespace parlorwire {
 
+class CaretRest;
 class MainMenu;
+class MessagePane;
 class NickMenuPopup;
 class QtDesktop;
 class UsersList;
 class bot_autokick;
 class connection_form;
+class search_form;
 class zastavka;
 
 class client_main : public QMainWindow {
@@ -44,6 +48,10 @@ class client_main : public QMainWindow {
   // The label close_tab, and its hot key.
   void CloseTab();
 
+  // Ctrl+F; and F3 and Shift+F3, which open the dialog if there is nothing to search for.
+  void ShowSearchDialog();
+  void FindOn(SearchDirection direction);
+
   // ---- for the port ----
   void ShowActiveSlot();
   void ShowLanguage(UiLanguage language);
@@ -60,7 +68,6 @@ class client_main : public QMainWindow {
   void WireShared();
   void WireLinks();
   void WireTab(int slot);
-  void WirePane(int slot);
   void FillHooks();
   void ShowLoginDialog();
   void FillMenu();
@@ -72,9 +79,12 @@ class client_main : public QMainWindow {
   MainLayout layout_;
   MainMenu* menu_;
   NickMenuPopup* nick_menus_;
+  CaretRest* caret_rest_;
+  std::array<MessagePane*, kTabCount> message_panes_{};
   std::array<UsersList*, kTabCount> users_lists_{};
   std::unique_ptr<connection_form> connection_form_;
   std::unique_ptr<bot_autokick> bot_autokick_;
+  std::unique_ptr<search_form> search_form_;
   std::unique_ptr<zastavka> zastavka_;
   QTranslator toolkit_russian_;
   QTimer Timer5_;  // the focus goes to msg of the tab that has been shown

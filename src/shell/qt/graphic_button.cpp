@@ -74,6 +74,14 @@ QPainterPath Account() {
   return person.united(shoulders);
 }
 
+QPainterPath Find() {
+  QPainterPath glass;
+  glass.addEllipse(QRectF(2, 2, 8.5, 8.5));
+  glass.moveTo(9.6, 9.6);
+  glass.lineTo(14, 14);
+  return glass;
+}
+
 void Paint(QPainter& painter, Picture picture, bool busy, const QColor& colour,
            const QColor& ground) {
   painter.setPen(Qt::NoPen);
@@ -104,6 +112,9 @@ void Paint(QPainter& painter, Picture picture, bool busy, const QColor& colour,
       break;
     case Picture::kAccount:
       painter.drawPath(Account());
+      break;
+    case Picture::kFind:
+      painter.strokePath(Find(), line);
       break;
   }
 }

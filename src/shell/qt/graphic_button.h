@@ -12,7 +12,7 @@ class GraphicButton : public DrawnButton {
   Q_OBJECT
 
  public:
-  enum class Picture { kConnect, kSay, kClear, kUpdate, kAccount };
+  enum class Picture { kConnect, kSay, kClear, kUpdate, kAccount, kFind };
 
   GraphicButton(Picture picture, QWidget* parent);
 

@@ -147,7 +147,7 @@ class UsersListWindowTest : public QObject {
     QStringList opened;
     windows.client.hooks.OpenUrl = [&](const Text& url) { opened << ToQString(url); };
     windows.Click("10.0.0.2", Qt::LeftButton);
-    QCOMPARE(opened, QStringList("http://whois.example/serv/wwwwhois/nph-wwwtr.cgi?server=10.0.0.2"
+    QCOMPARE(opened, QStringList("http://localhost/serv/wwwwhois/nph-wwwtr.cgi?server=10.0.0.2"
                                  "&resolve=ripe&submit=++OK++"));
   }
 
