@@ -46,7 +46,8 @@ constexpr Mapping kFromKoi = MakeMapping(kKoiEntry, BaseEntry);
 constexpr Mapping kToKoi = MakeMapping(BaseEntry, kKoiEntry);
 
 void Map(Text& text, const Mapping& mapping) {
-  for (char& c : text) c = mapping[static_cast<std::uint8_t>(c)];
+  for (char& c : text)
+    c = mapping[static_cast<std::uint8_t>(c)];
 }
 
 }  // namespace

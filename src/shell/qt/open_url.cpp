@@ -12,6 +12,7 @@ void OpenUrl(const Text& url) {
   if (address.startsWith(QLatin1String("www."), Qt::CaseInsensitive))
     address.prepend(QLatin1String("http://"));
   const QUrl page(address);
+  if (!page.isValid()) return;
   const QString scheme = page.scheme();
   if (scheme != QLatin1String("http") && scheme != QLatin1String("https") &&
       scheme != QLatin1String("ftp"))

@@ -35,6 +35,7 @@ struct RestingWindow : Windows {
     desktop.SetTabControlsEnabled(0, true);
     msg = Find<QLineEdit>("msg_0");
     timer = window->findChild<CaretRest*>()->findChild<QTimer*>();
+    timer->setTimerType(Qt::PreciseTimer);
     QTest::qWait(60);
     msg->clearFocus();
     msg->setFocus();

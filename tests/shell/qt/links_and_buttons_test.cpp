@@ -41,7 +41,10 @@ class LinksAndButtonsTest : public QObject {
   Q_OBJECT
 
  public slots:
-  void Open(const QUrl& url) { opened_ = url.toString(); }
+  void Open(const QUrl& url) {
+    opened_ = url.toString();
+    ++calls_;
+  }
 
  private slots:
   void initTestCase() {
@@ -52,7 +55,10 @@ class LinksAndButtonsTest : public QObject {
     for (const char* scheme : kSchemes)
       QDesktopServices::unsetUrlHandler(scheme);
   }
-  void init() { opened_.clear(); }
+  void init() {
+    opened_.clear();
+    calls_ = 0;
+  }
 
   void AGraphicButtonHasThreeLooks() {
     ButtonOnGround on;
@@ -224,6 +230,8 @@ class LinksAndButtonsTest : public QObject {
     row("mailto:a@a.example", "");
     row("javascript:alert(1)", "");
     row("/etc/passwd", "");
+    row("http://this-part-of-a-name-is-much-longer-than-the-names-of-hosts-can-ever-be.ru", "");
+    row("http://a b", "");
     row("", "");
   }
   void OnlyAddressesOfTheWebAreOpened() {
@@ -231,6 +239,7 @@ class LinksAndButtonsTest : public QObject {
     QFETCH(QString, opened);
     OpenUrl(url.toStdString());
     QCOMPARE(opened_.toLower(), opened.toLower());
+    QCOMPARE(calls_, opened.isEmpty() ? 0 : 1);
   }
 
   void GetAccountOpensTheRules() {
@@ -312,6 +321,7 @@ class LinksAndButtonsTest : public QObject {
 
  private:
   QString opened_;
+  int calls_ = 0;
 };
 
 }  // namespace parlorwire
