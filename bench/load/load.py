@@ -60,21 +60,27 @@ class Load:
         self.rate = rate
         self.lines = seconds * rate
         self.chat = subprocess.Popen(
-            [service, "--talk", str(rate), "--talk-lines", str(self.lines)]
-            + ["--talk-frames", str(TABS), "--history", "0", "--keepalive", "90", "--seed", "1"]
-            + ["--channels", "lobby"],
+            [service, "--history", "0", "--keepalive", "90", "--seed", "1", "--channels", "lobby"]
+            + self.service_options(),
             stdout=subprocess.PIPE,
             text=True,
         )
         self.port = int(self.chat.stdout.readline().rsplit(":", 1)[1])
         with open(os.path.join(folder, "config.ini"), "w", encoding="cp1251", newline="") as file:
-            file.write(SETTINGS.format(port=self.port))
+            file.write(self.settings())
         self.set_style()
         self.probe_file = os.path.join(folder, "event_probe")
         environment = dict(os.environ, EVENT_PROBE=self.probe_file)
         environment["LD_PRELOAD"] = probe
         environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", None)
         self.client = subprocess.Popen([program], env=environment)
+
+    def settings(self):
+        return SETTINGS.format(port=self.port)
+
+    def service_options(self):
+        talk = ["--talk", str(self.rate), "--talk-lines", str(self.lines)]
+        return talk + ["--talk-frames", str(TABS)]
 
     def post(self, path, **fields):
         body = urllib.parse.urlencode(fields).encode("ascii")
@@ -126,12 +132,13 @@ class Load:
         with open(f"/proc/{self.client.pid}/status", encoding="ascii") as file:
             return int(re.search(r"^VmRSS:\s+(\d+)", file.read(), re.M)[1]) / 1024
 
-    def turns(self):
-        """How many, the longest in ns, how many above 50 ms: by the clock and by the thread."""
+    def turns(self, limit=50):
+        """How many, the longest in ns, how many above the limit in ms: by the clock and by the
+        thread."""
         with open(self.probe_file, "rb") as file:
             record = PROBE.unpack(file.read(PROBE.size))
         by_ms, by_cpu_ms = record[4:68], record[68:132]
-        return record[0], record[2], record[3], sum(by_ms[50:]), sum(by_cpu_ms[50:])
+        return record[0], record[2], record[3], sum(by_ms[limit:]), sum(by_cpu_ms[limit:])
 
     def reset_turns(self):
         with open(self.probe_file, "r+b") as file:
@@ -213,8 +220,8 @@ class Load:
         return self.compare()
 
 
-def main():
-    load = Load(*sys.argv[1:4], int(sys.argv[4]), int(sys.argv[5]))
+def main(run=Load):
+    load = run(*sys.argv[1:4], int(sys.argv[4]), int(sys.argv[5]))
     try:
         sys.exit(1 if load.run() else 0)
     except SystemExit as end:

@@ -18,6 +18,7 @@ namespace {
 constexpr int kColumns = static_cast<int>(kAutoKickHeaders.size());
 constexpr std::array<int, kColumns> kWidths = {48, 130, 190, 250, 130};  // pixels
 constexpr int kRowPadding = 8;
+constexpr int kNumberAlignment = Qt::AlignRight | Qt::AlignVCenter;
 
 // What the Russian headers mean.
 constexpr std::array<const char*, kColumns> kMeanings = {"Number", "Nick or IP", "Banned channels",
@@ -79,8 +80,10 @@ void AutoKickModel::Lost(int row) {
   if (row < rows_) emit dataChanged(index(row, 0), index(rows_ - 1, 0));
 }
 
-void AutoKickModel::Changed(int row) {
-  emit dataChanged(index(row, 0), index(row, kColumns - 1));
+// The cell and no more: a `text` that is open over another one would be set anew.
+void AutoKickModel::Changed(int row, AutoKickColumn column) {
+  const QModelIndex cell = index(row, static_cast<int>(column));
+  emit dataChanged(cell, cell);
 }
 
 void AutoKickModel::ChangedAnywhere() {
@@ -100,8 +103,7 @@ int AutoKickModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant AutoKickModel::data(const QModelIndex& index, int role) const {
-  if (role == Qt::TextAlignmentRole && index.column() == 0)
-    return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
+  if (role == Qt::TextAlignmentRole && index.column() == 0) return kNumberAlignment;
   if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
   if (index.column() == 0) return index.row() + 1;
   const auto row = static_cast<std::size_t>(index.row());
@@ -111,6 +113,7 @@ QVariant AutoKickModel::data(const QModelIndex& index, int role) const {
 
 QVariant AutoKickModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section < 0 || section >= kColumns) return {};
+  if (role == Qt::TextAlignmentRole && section == 0) return kNumberAlignment;
   const auto column = static_cast<std::size_t>(section);
   if (role == Qt::DisplayRole) return ToQString(kAutoKickHeaders[column]);
   const bool meaning = role == Qt::ToolTipRole || role == Qt::AccessibleTextRole;

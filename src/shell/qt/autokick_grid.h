@@ -18,12 +18,12 @@ class AutoKickModel : public QAbstractTableModel {
  public:
   AutoKickModel(const Client& client, const AutoKickEditor& editor, QObject* parent);
 
-  // The editor has been opened anew; has got rows at its end; has lost one; has other texts in a
-  // row, or in any.
+  // The editor has been opened anew; has got rows at its end; has lost one; has another text in a
+  // cell, or in any.
   void Reset();
   void Grown();
   void Lost(int row);
-  void Changed(int row);
+  void Changed(int row, AutoKickColumn column);
   void ChangedAnywhere();
   // The headers are said in another language.
   void ChangedLanguage();

@@ -200,7 +200,7 @@ bool bot_autokick::TakeTyped() {
   OnEvent(client_, "text_LostFocus", [&] {
     taken = EditAutoKickCell(client_, editor_, static_cast<std::size_t>(cell->row), cell->column,
                              cell->typed);
-    model_->Changed(cell->row);
+    model_->Changed(cell->row, cell->column);
   });
   return taken;
 }

@@ -361,6 +361,8 @@ class BotAutokickTest : public QObject {
     QTRY_COMPARE(windows.Cell(1, 3), QString("Flood"));
     QCOMPARE(at(), QString("1,4"));
     QVERIFY(windows.Text() != nullptr);
+    QTest::qWait(20);
+    QCOMPARE(windows.Text()->selectedText(), QString("ann;carl"));
     windows.Press(Qt::Key_Tab);
     QCOMPARE(at(), QString("2,1"));
     QVERIFY(windows.Text() != nullptr);
