@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QStyledItemDelegate>
 #include <array>
 
@@ -24,7 +25,8 @@ constexpr int kNumberAlignment = Qt::AlignRight | Qt::AlignVCenter;
 constexpr std::array<const char*, kColumns> kMeanings = {"Number", "Nick or IP", "Banned channels",
                                                          "Reason", "Nicks that are spared"};
 
-// Makes `text`, and lets it stay while the focus is in another window.
+// Marks the cell that keys have reached, makes `text`, and lets it stay while the focus is in
+// another window.
 class CellDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -42,6 +44,15 @@ class CellDelegate : public QStyledItemDelegate {
       column = model->headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString();
     SayControl(text, column);
     return text;
+  }
+
+  // The mark of the toolkit can't be seen in a selected row.
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    if (!(option.state & QStyle::State_HasFocus)) return;
+    painter->setPen(option.palette.color(QPalette::Active, QPalette::HighlightedText));
+    painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override {

@@ -517,6 +517,22 @@ class BotAutokickTest : public QObject {
     QVERIFY(windows.grid->viewport()->rect().contains(last.center()));
   }
 
+  void TheCellThatKeysHaveReachedIsMarkedInItsRow() {
+    EditorWindow windows;
+    windows.Open();
+    const auto edge = [&](int row, int column) {
+      const QRect cell = windows.grid->visualRect(windows.grid->model()->index(row, column));
+      return OnScreen(windows.grid->viewport()).pixelColor(cell.left() + 1, cell.center().y());
+    };
+    windows.GoTo(1, 2);
+    const QPalette look = windows.grid->palette();
+    QTRY_COMPARE(edge(1, 2), look.color(QPalette::Active, QPalette::HighlightedText));
+    QCOMPARE(edge(1, 3), look.color(QPalette::Active, QPalette::Highlight));
+    windows.Press(Qt::Key_Right);
+    QTRY_COMPARE(edge(1, 3), look.color(QPalette::Active, QPalette::HighlightedText));
+    QCOMPARE(edge(1, 2), look.color(QPalette::Active, QPalette::Highlight));
+  }
+
   void AColumnIsSizedWithTheMouse() {
     EditorWindow windows;
     windows.Open();
