@@ -29,12 +29,14 @@
 #include "shell/qt/link_label.h"
 #include "shell/qt/main_menu.h"
 #include "shell/qt/main_shortcuts.h"
+#include "shell/qt/menu_smiles_show.h"
 #include "shell/qt/message_pane.h"
 #include "shell/qt/msg_box.h"
 #include "shell/qt/nick_menu_popup.h"
 #include "shell/qt/open_url.h"
 #include "shell/qt/qt_desktop.h"
 #include "shell/qt/search_form.h"
+#include "shell/qt/smiles_menu.h"
 #include "shell/qt/ss_tab.h"
 #include "shell/qt/text_input.h"
 #include "shell/qt/twips.h"
@@ -86,6 +88,7 @@ client_main::client_main(Client& client, QtDesktop& desktop)
   FillMenu();
   WireShared();
   WireLinks();
+  WireSmiles();
   for (int slot = 0; slot < kTabCount; ++slot)
     WireTab(slot);
 }
@@ -166,6 +169,23 @@ void client_main::WireLinks() {
   act(controls.perecodirovka_label, [this] { perecodirovka_label(client_); });
 }
 
+void client_main::WireSmiles() {
+  smiles_menu_ = new SmilesMenu(client_, this);
+  smiles_menu_->Insert = [this](const Text& code) {
+    controls.tab(desktop_.ActiveTab()).msg->InsertBehindCaret(ToQString(code));
+  };
+  GraphicButton* button = controls.button_smiles;
+  connect(button, &QAbstractButton::clicked, this, [this] {
+    OnEvent(client_, "button_smiles", [&] {
+      if (!MenuSmilesShow_) MenuSmilesShow_ = std::make_unique<MenuSmilesShow>(client_, this);
+      MenuSmilesShow_->Float();
+    });
+  });
+  button->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(button, &QWidget::customContextMenuRequested, this,
+          [this, button](QPoint at) { smiles_menu_->PopUp(button->mapToGlobal(at)); });
+}
+
 void client_main::WireTab(int slot) {
   const TabControls& tab = controls.tab(slot);
   tab.msg->Send = [this, slot] {
@@ -206,6 +226,10 @@ void client_main::WireTab(int slot) {
   connect(tab.StopScroll, &QAbstractButton::clicked, this,
           [this, slot] { desktop_.FocusMsg(slot); });
   caret_rest_->Watch(tab.msg);
+  tab.msg->FurtherMenu = [this] {
+    smiles_menu_->ShowTitle();
+    return smiles_menu_->menu();
+  };
   const auto index = static_cast<std::size_t>(slot);
   message_panes_[index] = new MessagePane(client_, tab.Rich, slot, *nick_menus_);
   users_lists_[index] = new UsersList(client_, tab.Rich_Users, slot, *nick_menus_);
@@ -221,6 +245,7 @@ void client_main::Load() {
   measures.TabSplitPercent = kDesignedSplitPercent;
   const WindowPlace place = LoadStep(client_, measures);
   menu_->ShowChecks();
+  controls.button_smiles->setEnabled(!client_.app.SmileTable.empty());
   if (!client_.app.LetografUrl.empty())
     controls.letogr->SetAction([this] { OnEvent(client_, "letogr", [&] { letogr(client_); }); });
   ShowPanels(controls, client_);
@@ -276,6 +301,8 @@ void client_main::ShowLanguage(UiLanguage language) {
   menu_->SetLanguage(language);
   if (bot_autokick_) bot_autokick_->ShowLanguage();
   if (search_form_) search_form_->SetLanguage(language);
+  smiles_menu_->ShowTitle();
+  if (MenuSmilesShow_) MenuSmilesShow_->ShowTitle();
   ShowPanels(controls, client_);
   PlaceControls();
   QCoreApplication::removeTranslator(&toolkit_russian_);

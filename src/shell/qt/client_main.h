@@ -20,7 +20,9 @@ class CaretRest;
 class MainMenu;
 class MessagePane;
 class NickMenuPopup;
+class MenuSmilesShow;
 class QtDesktop;
+class SmilesMenu;
 class UsersList;
 class bot_autokick;
 class connection_form;
@@ -68,6 +70,7 @@ class client_main : public QMainWindow {
   void WireShared();
   void WireLinks();
   void WireTab(int slot);
+  void WireSmiles();
   void FillHooks();
   void ShowLoginDialog();
   void FillMenu();
@@ -80,11 +83,13 @@ class client_main : public QMainWindow {
   MainMenu* menu_;
   NickMenuPopup* nick_menus_;
   CaretRest* caret_rest_;
+  SmilesMenu* smiles_menu_;
   std::array<MessagePane*, kTabCount> message_panes_{};
   std::array<UsersList*, kTabCount> users_lists_{};
   std::unique_ptr<connection_form> connection_form_;
   std::unique_ptr<bot_autokick> bot_autokick_;
   std::unique_ptr<search_form> search_form_;
+  std::unique_ptr<MenuSmilesShow> MenuSmilesShow_;
   std::unique_ptr<zastavka> zastavka_;
   QTranslator toolkit_russian_;
   QTimer Timer5_;  // the focus goes to msg of the tab that has been shown

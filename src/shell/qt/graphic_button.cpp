@@ -82,6 +82,19 @@ QPainterPath Find() {
   return glass;
 }
 
+// A face, with eyes and mouth cut out of it.
+QPainterPath Smile() {
+  QPainterPath face;
+  face.addEllipse(QRectF(1, 1, 14, 14));
+  QPainterPath features;
+  features.addEllipse(QRectF(4.6, 4.8, 2, 2.6));
+  features.addEllipse(QRectF(9.4, 4.8, 2, 2.6));
+  features.moveTo(4, 9.4);
+  features.cubicTo(5, 14, 11, 14, 12, 9.4);
+  features.closeSubpath();
+  return face.subtracted(features);
+}
+
 void Paint(QPainter& painter, Picture picture, bool busy, const QColor& colour,
            const QColor& ground) {
   painter.setPen(Qt::NoPen);
@@ -115,6 +128,9 @@ void Paint(QPainter& painter, Picture picture, bool busy, const QColor& colour,
       break;
     case Picture::kFind:
       painter.strokePath(Find(), line);
+      break;
+    case Picture::kSmiles:
+      painter.drawPath(Smile());
       break;
   }
 }

@@ -12,7 +12,7 @@ class GraphicButton : public DrawnButton {
   Q_OBJECT
 
  public:
-  enum class Picture { kConnect, kSay, kClear, kUpdate, kAccount, kFind };
+  enum class Picture { kConnect, kSay, kClear, kUpdate, kAccount, kFind, kSmiles };
 
   GraphicButton(Picture picture, QWidget* parent);
 

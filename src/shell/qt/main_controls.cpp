@@ -17,6 +17,7 @@
 #include "shell/qt/line_razdel.h"
 #include "shell/qt/link_label.h"
 #include "shell/qt/msg_box.h"
+#include "shell/qt/smile_pixmap.h"
 #include "shell/qt/ss_tab.h"
 #include "shell/version.h"
 
@@ -98,6 +99,9 @@ MainControls NewMainControls(Client& client, QWidget* ground_owner, QStatusBar* 
   c.SayUseOp->setFont(LabelFont());
   NameControl(c.SayUseOp, "SayUseOp");
   c.perecodirovka_label = NewLink(c.ground, "perecodirovka_label", "Перекодировка"_w);
+  c.button_smiles = new GraphicButton(GraphicButton::Picture::kSmiles, c.ground);
+  c.button_smiles->setFocusPolicy(Qt::TabFocus);
+  NameControl(c.button_smiles, "button_smiles");
   for (int slot = 0; slot < kTabCount; ++slot)
     c.tab(slot) = NewTabControls(c.ground, client.tab(slot), slot);
   c.Pict = NewStrip(c.ground, "Pict");
@@ -121,7 +125,7 @@ void OrderMainControls(const MainControls& c) {
   next({c.SayUseOp});
   for (const TabControls& t : c.tabs)
     next({t.pers});
-  next({c.perecodirovka_label});
+  next({c.perecodirovka_label, c.button_smiles});
   for (const TabControls& t : c.tabs)
     next({t.intonacia, t.msg, t.button_say, t.button_clear});
 }
@@ -136,6 +140,7 @@ void ShowSlot(const MainControls& c, int slot) {
   c.BackColorTab->setVisible(any);
   c.SayUseOp->setVisible(any);
   c.perecodirovka_label->setVisible(any);
+  c.button_smiles->setVisible(any);
   c.ground->ShowHint(!any);
 }
 
@@ -150,6 +155,8 @@ void SetMainLanguage(const MainControls& c, UiLanguage language) {
   SayControl(c.SSTab, in_language({W<"Табы">, "Tabs"}));
   SayControl(c.SayUseOp, in_language({W<"Говорить операторам">, "Say to the operators"}));
   c.SayUseOp->setToolTip(c.SayUseOp->accessibleName());
+  SayControl(c.button_smiles, in_language(kSmilesText));
+  c.button_smiles->setToolTip(c.button_smiles->accessibleName());
   SayControl(c.ground, in_language({W<"Чат">, "Chat"}));
   c.ground->Hint(in_language({W<"Нажмите «Войти в чат», чтобы выбрать ник и канал.">,
                               "Press \"Log in\" to choose a nickname and a channel."}));

@@ -35,6 +35,7 @@ struct MainControls {
   std::array<TabControls, kTabCount> tabs;
   QCheckBox* SayUseOp = nullptr;  // one for all tabs
   LinkLabel* perecodirovka_label = nullptr;
+  GraphicButton* button_smiles = nullptr;
   std::array<QLabel*, 3> panels{};
 
   TabControls& tab(int slot) { return tabs[static_cast<std::size_t>(slot)]; }

@@ -124,6 +124,7 @@ void MainLayout::PlaceRow(const TabControls& tab) {
   put(controls_.SayUseOp, shared_.StopScroll_top);
   put(tab.pers, shared_.pers_top);
   put(controls_.perecodirovka_label, shared_.perecodirovka_label_top);
+  put(controls_.button_smiles, shared_.Picture1_top);
 }
 
 void MainLayout::WireSplitter(int slot) {

@@ -1,6 +1,8 @@
 #include "shell/qt/msg_box.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <optional>
 
 #include "platform/qt/text_conversion.h"
@@ -106,6 +108,25 @@ void MsgBox::keyPressEvent(QKeyEvent* event) {
       break;
   }
   QLineEdit::keyPressEvent(event);
+}
+
+void MsgBox::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu* menu = createStandardContextMenu();
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  if (QMenu* further = FurtherMenu ? FurtherMenu() : nullptr) {
+    menu->addSeparator();
+    menu->addMenu(further);
+  }
+  menu->popup(event->globalPos());
+}
+
+void MsgBox::InsertBehindCaret(const QString& text) {
+  if (isReadOnly()) return;
+  const int caret = hasSelectedText() ? selectionStart() : cursorPosition();
+  deselect();
+  setCursorPosition(caret);
+  insert(text);
+  setCursorPosition(caret);
 }
 
 void MsgBox::DeleteWord() {

@@ -6,6 +6,8 @@
 
 #include "bot/moderator_commands.h"
 
+class QMenu;
+
 namespace parlorwire {
 
 // What the keys Page Up, Page Down, Ctrl+Home and Ctrl+End do to the pane above the box.
@@ -24,10 +26,17 @@ class MsgBox : public QLineEdit {
   std::function<void(PaneStep)> ScrollPane;
   // Ctrl+K, Ctrl+B, Ctrl+M and Ctrl+L; false leaves the key to the box.
   std::function<bool(MsgCommand)> Command;
+  // A menu that stands in the context menu, too.
+  std::function<QMenu*()> FurtherMenu;
+
+  // Puts a text at the caret, ahead of what is selected; the caret stays ahead of it. A locked box
+  // takes nothing.
+  void InsertBehindCaret(const QString& text);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   bool event(QEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   void DeleteWord();

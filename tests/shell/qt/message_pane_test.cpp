@@ -4,7 +4,9 @@
 #include <QDesktopServices>
 #include <QMenu>
 #include <QObject>
+#include <QPointer>
 #include <QUrl>
+#include <QWindow>
 
 #include "pane/qt/rich_text_view.h"
 #include "shell/qt/msg_box.h"
@@ -50,9 +52,10 @@ struct PaneWindow : Windows {
   // As the desktop sends it, to whatever has the focus.
   void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QWidget* popup = QApplication::activePopupWidget();
-    QWindow* to = (popup != nullptr ? popup : window.get())->windowHandle();
+    const QPointer<QWindow> to = (popup != nullptr ? popup : window.get())->windowHandle();
     QTest::simulateEvent(to, true, key, modifiers, QString(), false);
-    QTest::simulateEvent(to, false, key, modifiers, QString(), false);
+    // A menu goes with the key that closes it.
+    if (to) QTest::simulateEvent(to, false, key, modifiers, QString(), false);
   }
   void SelectText(const Text& text) {
     view->Select(At(text), At(text) + static_cast<PanePosition>(text.size()));
