@@ -21,6 +21,30 @@ std::string_view WordBehind(std::string_view text, std::size_t blank) {
   return word.substr(0, word.find_last_not_of(kStopCharacters) + 1);
 }
 
+constexpr bool IsMaskCharacter(char c) {
+  return (c >= '0' && c <= '9') || c == '*' || c == '?';
+}
+
+// Whether a link or a mask may begin with the character, so that most words are passed over at
+// once.
+consteval std::array<bool, 256> MakeBeginnings() {
+  std::array<bool, 256> table{};
+  for (unsigned c = 0; c < 256; ++c) {
+    const char character = static_cast<char>(c);
+    table[c] = IsMaskCharacter(character);
+    for (const LinkMarker& marker : kLinkMarkers)
+      table[c] = table[c] || LowerCase(character) == marker.text.front();
+  }
+  return table;
+}
+constexpr std::array<bool, 256> kBeginnings = MakeBeginnings();
+
+bool MayHaveLinks(std::string_view text) {
+  for (std::size_t i = 1; i < text.size(); ++i)
+    if (text[i - 1] == ' ' && kBeginnings[static_cast<unsigned char>(text[i])]) return true;
+  return false;
+}
+
 const LinkMarker* MarkerBehind(std::string_view text, std::size_t blank) {
   const std::string_view rest = text.substr(blank + 1);
   if (rest.empty()) return nullptr;
@@ -33,10 +57,6 @@ const LinkMarker* MarkerBehind(std::string_view text, std::size_t blank) {
 bool IsLink(std::string_view word, const LinkMarker& marker) {
   if (marker.is_scheme) return word.size() > marker.text.size();
   return std::ranges::count(word, '.') >= 2;  // a host of at least three parts
-}
-
-bool IsMaskCharacter(char c) {
-  return (c >= '0' && c <= '9') || c == '*' || c == '?';
 }
 
 bool IsAddressMask(std::string_view word) {
@@ -87,6 +107,10 @@ std::optional<MarkedWord> NextAddressMask(std::string_view text, std::size_t fro
 void WriteLinks(Client& client, std::string_view piece, PanePosition base, int tab,
                 bool hover_only) {
   RichTextBox& pane = client.tab(tab).Rich;
+  if (!MayHaveLinks(piece)) {
+    pane.MousePointer(PanePointer::kArrow);
+    return;
+  }
   for (auto link = NextLink(piece, 0); link; link = NextLink(piece, link->blank + 1)) {
     if (hover_only) {
       pane.MousePointer(PanePointer::kCustom);

@@ -69,11 +69,12 @@ void PastePictures(Client& client, std::string_view text, PanePosition base, int
   LeaveOutFrom(client.app, codes);
   RichTextBox& pane = client.tab(tab).Rich;
   pane.Locked(false);
-  // From the last to the first, so that the positions of those that are still text stay true.
-  for (auto code = codes.rbegin(); code != codes.rend(); ++code) {
-    const PanePosition start = base + static_cast<PanePosition>(code->at);
-    SelectPaneEnd(client, start, start + static_cast<PanePosition>(code->length), tab);
-    pane.PastePicture(PictureOf(client.app, *code->name, text.substr(code->at, code->length)));
+  for (const SmileCode& code : codes) {
+    const PanePosition start = base + static_cast<PanePosition>(code.at);
+    const auto length = static_cast<PanePosition>(code.length);
+    SelectPaneEnd(client, start, start + length, tab);
+    pane.PastePicture(PictureOf(client.app, *code.name, text.substr(code.at, code.length)));
+    base -= length - 1;  // what follows has moved up
   }
   pane.Locked(true);
 }
