@@ -195,9 +195,10 @@ std::uint32_t DibReader::PixelOf(std::string_view row, std::uint32_t x) const {
     return PaletteColour(byte >> (8 - depth_ - bit % 8) & ((1U << depth_) - 1));
   }
   const std::uint64_t at = std::uint64_t{x} * depth_ / 8;
-  const std::uint32_t pixel = depth_ == 16   ? Number16(row, at)
-                              : depth_ == 32 ? Number32(row, at)
-                                             : Number16(row, at) | Number8(row, at + 2) << 16U;
+  const std::uint32_t pixel = depth_ == 16 ? Number16(row, at)
+                              : depth_ == 32
+                                  ? Number32(row, at)
+                                  : Number16(row, at) | std::uint32_t{Number8(row, at + 2)} << 16U;
   return ColourOf(red_.Of(pixel), green_.Of(pixel), blue_.Of(pixel));
 }
 

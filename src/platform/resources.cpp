@@ -18,7 +18,7 @@ constexpr int kNotEnoughMemory = 8;
 constexpr int kBadFormat = 193;
 
 constexpr std::int64_t kLargestLibrary = 64 << 20;  // bytes
-constexpr std::size_t kPixelsForAByte = 8;
+constexpr std::size_t kLibraryPixelsForAByte = 8;
 constexpr std::size_t kAlwaysPixels = 1'000'000;
 
 [[noreturn]] void FailToLoad(int system_error, const Text& path) {
@@ -42,7 +42,7 @@ std::shared_ptr<const Picture> DecodeBitmap(Resources& resources, int id) {
   auto picture = ReadDib(bytes);
   if (!picture) return nullptr;
   const std::size_t pixels = resources.pixels + picture->pixels.size();
-  if (pixels > kPixelsForAByte * resources.library->size() + kAlwaysPixels) return nullptr;
+  if (pixels > kLibraryPixelsForAByte * resources.library->size() + kAlwaysPixels) return nullptr;
   resources.pixels = pixels;
   return std::make_shared<const Picture>(std::move(*picture));
 }
