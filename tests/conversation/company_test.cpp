@@ -159,7 +159,7 @@ TEST(CompanyTest, AClickOnTheListAfterLeavingEntersAnotherChannel) {
   const auto at = static_cast<PanePosition>(alice.Pane().find("attic"));
   Rich_MouseMove(alice.client, 0, at);
   Rich_MouseDown(alice.client, 0, at, MouseButton::kLeft);
-  Rich_MouseUp(alice.client, 0, MouseButton::kLeft);
+  Rich_MouseUp(alice.client, 0, at, MouseButton::kLeft);
   evening.Settle();
   EXPECT_TRUE(alice.tab().Connected) << alice.Pane();
   EXPECT_EQ(alice.tab().Channel, "attic");
