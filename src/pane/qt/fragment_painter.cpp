@@ -114,8 +114,9 @@ class FragmentPainter {
 
   void PaintPicture(const FragmentLayout::Row& row, const ToolkitLook& look, int index) {
     const QSize size = look.picture_size;
-    const QRectF place(at_.x() + layout_.EdgeOf(row, index),
-                       at_.y() + row.top + row.base - size.height(), size.width(), size.height());
+    const int top = row.top + row.base + PictureBelowBase(look) - size.height();
+    const QRectF place(at_.x() + layout_.EdgeOf(row, index), at_.y() + top, size.width(),
+                       size.height());
     const QPixmap pixmap = pictures_.PixmapOf(look.picture, painter_.device()->devicePixelRatioF());
     if (pixmap.isNull()) {
       painter_.setPen(palette_.color(QPalette::Mid));

@@ -16,7 +16,7 @@ std::shared_ptr<const ToolkitLook> LineLook(const RichTextBox& box, const Fragme
                        : tools.looks.For(box, looks.front().look, tools.pictures);
 }
 
-// How far a row goes above and below its base line. A picture stands on the base line.
+// How far a row goes above and below its base line.
 struct RowHeight {
   int ascent = 0;
   int descent = 0;
@@ -33,7 +33,9 @@ RowHeight HeightOf(const ShownText& text, int start, int end) {
     const ShownText::Stretch& stretch = text.stretches[s];
     if (stretch.look->picture != nullptr) {
       height.Grow(stretch.look->glyphs->Of(' '));
-      height.ascent = std::max(height.ascent, stretch.look->picture_size.height());
+      const int below = PictureBelowBase(*stretch.look);
+      height.ascent = std::max(height.ascent, stretch.look->picture_size.height() - below);
+      height.descent = std::max(height.descent, below);
       ++start;
       continue;
     }
@@ -70,6 +72,11 @@ void BreakIntoRows(FragmentLayout& layout, PaneAlignment alignment) {
 }
 
 }  // namespace
+
+int PictureBelowBase(const ToolkitLook& look) {
+  const GlyphTable::Character& blank = look.glyphs->Of(' ');
+  return (look.picture_size.height() - (blank.ascent - blank.descent)) / 2;
+}
 
 std::optional<QColor> BarColour(const FragmentLayout& layout, const FragmentLayout::Row& row) {
   if (row.start == row.end) return {};

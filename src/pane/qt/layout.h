@@ -50,6 +50,9 @@ struct FragmentLayout {
 std::shared_ptr<const FragmentLayout> LayOut(const RichTextBox& box, const Fragment& fragment,
                                              int width, LayoutTools& tools);
 
+// How far a picture goes below the base line: its middle is on a level with that of its font.
+int PictureBelowBase(const ToolkitLook& look);
+
 // The row that holds the index; for a border of two rows the lower one.
 int RowOf(const FragmentLayout& layout, int index);
 // The row at that height; the first above all, the last below all.

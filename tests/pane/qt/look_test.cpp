@@ -152,6 +152,22 @@ class RichTextViewLookTest : public QObject {
     QCOMPARE(pane.box.CharFromPos(place.left() + 15, place.center().y()), PanePosition{1});
   }
 
+  void APictureIsLevelWithTheTextAndASmallOneMakesNoRowHigher() {
+    ShownPane pane;
+    Append(pane.box, "ab\r\ncd\r\n", MainFormat(0xFFFFFF));
+    const int height = pane.view.CharacterRect(0).height();
+    for (const int side : {height - 2, height + 20}) {
+      pane.box.ExSetSel(1, 2);
+      pane.box.PastePicture(PictureOf({7, side}, Qt::magenta));
+      const QImage picture = pane.Picture();
+      const QRect row = pane.view.CharacterRect(1);
+      QCOMPARE(row.height(), std::max(height, side));
+      const QRect upper(row.left(), row.top(), row.width(), row.height() / 2);
+      QVERIFY(std::abs(Count(picture, upper, Qt::magenta) - 7 * side / 2) <= 14);
+      QCOMPARE(Count(picture, row, Qt::magenta), 7 * side);
+    }
+  }
+
   void ARowOfPicturesWraps() {
     ShownPane pane(0, {200, 300});
     const auto picture = PictureOf({30, 20}, Qt::magenta);
