@@ -110,7 +110,7 @@ void bot_autokick::Build() {
   };
 }
 
-void bot_autokick::Open() {
+void bot_autokick::ShowList() {
   if (!isVisible()) {
     editor_ = OpenAutoKickEditor(client_);
     typed_.reset();

@@ -27,7 +27,7 @@ class bot_autokick : public QDialog {
   ~bot_autokick() override;
 
   // Comes up with the list as it stands; an open one comes to the front as it is.
-  void Open();
+  void ShowList();
 
   void ShowTitle();  // by the active tab
   void ShowLanguage();

@@ -120,7 +120,7 @@ void client_main::FillHooks() {
 void client_main::FillMenu() {
   menu_->akick_modify = [this] {
     if (!bot_autokick_) bot_autokick_ = std::make_unique<bot_autokick>(client_, this);
-    bot_autokick_->Open();
+    bot_autokick_->ShowList();
   };
   menu_->channel_modif = [this] { DisableKickChannels_form(client_, this).exec(); };
 }
