@@ -15,7 +15,7 @@ constexpr qreal kPictureSize = 16;
 constexpr qreal kMargin = 9;
 constexpr qreal kGap = 6;
 
-using Picture = GraphicButton::Picture;
+using ButtonPicture = GraphicButton::Picture;
 
 // The pictures stand in a square of 16 by 16.
 QPainterPath Say() {
@@ -95,24 +95,24 @@ QPainterPath Smile() {
   return face.subtracted(features);
 }
 
-void Paint(QPainter& painter, Picture picture, bool busy, const QColor& colour,
+void Paint(QPainter& painter, ButtonPicture picture, bool busy, const QColor& colour,
            const QColor& ground) {
   painter.setPen(Qt::NoPen);
   painter.setBrush(colour);
   QPen line(colour, 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
   switch (picture) {
-    case Picture::kSay:
+    case ButtonPicture::kSay:
       painter.drawPath(Say());
       break;
-    case Picture::kClear:
+    case ButtonPicture::kClear:
       painter.strokePath(Clear(), line);
       break;
-    case Picture::kUpdate:
+    case ButtonPicture::kUpdate:
       line.setCapStyle(Qt::FlatCap);
       painter.strokePath(Update(), line);
       painter.drawPath(UpdateHead());
       break;
-    case Picture::kConnect:
+    case ButtonPicture::kConnect:
       painter.drawPath(Connect());
       painter.setBrush(ground);
       if (busy) {
@@ -123,13 +123,13 @@ void Paint(QPainter& painter, Picture picture, bool busy, const QColor& colour,
         painter.drawRect(QRectF(4, 7.5, 5.5, 1.3));
       }
       break;
-    case Picture::kAccount:
+    case ButtonPicture::kAccount:
       painter.drawPath(Account());
       break;
-    case Picture::kFind:
+    case ButtonPicture::kFind:
       painter.strokePath(Find(), line);
       break;
-    case Picture::kSmiles:
+    case ButtonPicture::kSmiles:
       painter.drawPath(Smile());
       break;
   }
