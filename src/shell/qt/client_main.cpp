@@ -178,7 +178,8 @@ void client_main::WireSmiles() {
   connect(button, &QAbstractButton::clicked, this, [this] {
     OnEvent(client_, "button_smiles", [&] {
       if (!MenuSmilesShow_) MenuSmilesShow_ = std::make_unique<MenuSmilesShow>(client_, this);
-      MenuSmilesShow_->Float();
+      const QWidget* at = controls.button_smiles;
+      MenuSmilesShow_->Float({at->mapToGlobal(QPoint()), at->size()});
     });
   });
   button->setContextMenuPolicy(Qt::CustomContextMenu);

@@ -19,13 +19,14 @@ namespace parlorwire {
 namespace {
 
 constexpr int kTimer1Interval = 100;  // ms
+constexpr int kTitleHeight = 32;      // pixels, of the desktop's frame around it
 
 }  // namespace
 
 MenuSmilesShow::MenuSmilesShow(Client& client, QWidget* owner)
     : QWidget(owner, Qt::Tool), client_(client) {
   NameControl(this, QStringLiteral("MenuSmilesShow"));
-  setPalette(PaletteOn(palette(), kDialogBackColor));
+  setPalette(SmilesPalette(palette()));
   setFont(LabelFont());
   Build();
   ShowTitle();
@@ -78,7 +79,12 @@ void MenuSmilesShow::ShowTitle() {
   SayControl(this, windowTitle());
 }
 
-void MenuSmilesShow::Float() {
+void MenuSmilesShow::Float(QRect button) {
+  if (!isVisible()) {
+    const QRect room = screen()->availableGeometry();
+    move(std::clamp(button.left(), room.left(), std::max(room.left(), room.right() - width())),
+         std::max(room.top(), button.top() - height() - kTitleHeight));
+  }
   show();
   raise();
 }

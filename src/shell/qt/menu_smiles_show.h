@@ -1,6 +1,7 @@
 // The table of all smiles, to look at.
 #pragma once
 
+#include <QRect>
 #include <QTimer>
 #include <QWidget>
 
@@ -17,7 +18,8 @@ class MenuSmilesShow : public QWidget {
  public:
   MenuSmilesShow(Client& client, QWidget* owner);
 
-  void Float();
+  // Comes up above its button, whose place is one of the screen; where it is up already it stays.
+  void Float(QRect button);
   void ShowTitle();
 
  protected:

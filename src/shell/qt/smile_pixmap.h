@@ -1,6 +1,7 @@
 // A smile outside of a pane.
 #pragma once
 
+#include <QPalette>
 #include <QPixmap>
 #include <memory>
 
@@ -10,6 +11,9 @@
 namespace parlorwire {
 
 inline constexpr BothLanguages kSmilesText{W<"Смайлы">, "Smiles"};
+
+// The ground of a pane, on which the pictures are drawn, and light words.
+QPalette SmilesPalette(const QPalette& palette);
 
 // The picture as the panes show it, for the screen of a widget.
 QPixmap SmilePixmap(const std::shared_ptr<const Picture>& picture, const QWidget* on);

@@ -40,6 +40,7 @@ SmilesMenu::SmilesMenu(Client& client, QWidget* window)
   auto* style = new SmilesStyle;
   style->setParent(menu_);
   menu_->setStyle(style);
+  menu_->setPalette(SmilesPalette(menu_->palette()));
   connect(menu_, &QMenu::aboutToShow, this, &SmilesMenu::Fill);
   ShowTitle();
 }

@@ -157,6 +157,8 @@ class SmilesWindowTest : public QObject {
     QTest::mouseClick(windows.button, Qt::LeftButton);
     QVERIFY(windows.Table() != nullptr);
     QCOMPARE(windows.Table()->windowTitle(), Utf8("Смайлы"));
+    QVERIFY(windows.Table()->screen()->geometry().contains(windows.Table()->geometry()));
+    QVERIFY(windows.Table()->geometry().bottom() < windows.button->mapToGlobal(QPoint()).y());
     QCOMPARE(windows.Find<QLabel>("L_1")->text(), QString("*:) *:-) *smile"));
     QCOMPARE(windows.Find<QLabel>("L_2")->text(), QString("*:( *sad"));
     QVERIFY(!windows.Find<QLabel>("P_2")->pixmap(Qt::ReturnByValue).isNull());
