@@ -67,7 +67,8 @@ bool IsAddressMask(std::string_view word) {
     if (IsMaskCharacter(c)) {
       if (++length > 3) return false;
     } else {
-      if (c != '.' || length == 0 || ++groups > 4) return false;
+      if (c != '.' || length == 0) return false;
+      ++groups;
       length = 0;
     }
   }

@@ -146,7 +146,6 @@ std::string_view ResourceLibrary::Find(const Directories& directories, int id) c
   if (directory == directories.end()) return {};
   try {
     const std::uint32_t entry = ChosenLanguage(Resources(), directory->second);
-    if ((entry & kTopBit) != 0) return {};
     return Stretch(AtAddress(Number32(Resources(), entry)), 0,
                    Number32(Resources(), entry + std::uint64_t{4}));
   } catch (const std::out_of_range&) {

@@ -19,7 +19,7 @@ constexpr int kBadFormat = 193;
 
 constexpr std::int64_t kLargestLibrary = 64 << 20;  // bytes
 constexpr std::size_t kLibraryPixelsForAByte = 8;
-constexpr std::size_t kAlwaysPixels = 1'000'000;
+constexpr std::size_t kPixelsForAnyLibrary = 1'000'000;
 
 [[noreturn]] void FailToLoad(int system_error, const Text& path) {
   throw Fault(fault::kErrorInLibrary,
@@ -42,7 +42,8 @@ std::shared_ptr<const Picture> DecodeBitmap(Resources& resources, int id) {
   auto picture = ReadDib(bytes);
   if (!picture) return nullptr;
   const std::size_t pixels = resources.pixels + picture->pixels.size();
-  if (pixels > kLibraryPixelsForAByte * resources.library->size() + kAlwaysPixels) return nullptr;
+  if (pixels > kLibraryPixelsForAByte * resources.library->size() + kPixelsForAnyLibrary)
+    return nullptr;
   resources.pixels = pixels;
   return std::make_shared<const Picture>(std::move(*picture));
 }

@@ -119,6 +119,15 @@ TEST_F(PastePictureTest, WithoutALibraryCodesStayText) {
 TEST_F(PastePictureTest, AnotherLibraryHasOtherPictures) {
   LoadSmileLines(platform, client, {"a"});
   Paste("*a");
+  ResourceFile file;
+  file.String(101, u"1");
+  file.String(102, u"a");
+  file.Bitmap(102, OnePixelDib(9));
+  platform.files.files["smiles.dll"] = file.Bytes();
+  LoadResourceLibrary(client.app.resources, platform.Ports(), "smiles.dll");
+  EXPECT_EQ(Paste("*a"), "<*a>");
+  EXPECT_EQ(pane.Runs().at(1).picture->image->pixels.at(0), 0xFF090000U);
+  platform.files.files.clear();
   LoadSmileLines(platform, client, {"b", "a"});
   EXPECT_EQ(Paste("*a"), "<*a>");
   EXPECT_EQ(pane.Runs().at(1).picture->image->pixels.at(0), 0xFF010000U);

@@ -26,7 +26,7 @@ DibParts Runs(std::uint32_t depth, std::int32_t width, std::int32_t height, Text
   return parts;
 }
 
-Picture Read(const DibParts& parts) {
+Picture Decoded(const DibParts& parts) {
   const auto picture = ReadDib(parts.Bytes());
   return picture ? *picture : Picture{-1, -1, 1, {}};
 }
@@ -46,7 +46,7 @@ Text Data(std::initializer_list<int> bytes) {
 
 TEST(Dib, EveryKindIsRead) {
   for (const auto& [name, parts] : EveryKindOfDib()) {
-    const Picture picture = Read(parts);
+    const Picture picture = Decoded(parts);
     ASSERT_EQ(picture.pixels.size(), 1U) << name;
     const std::uint32_t expected = parts.depth == 1 || parts.depth == 16  ? 0xFFFFFFFF
                                    : parts.depth == 4 || parts.depth == 8 ? kInk
@@ -94,33 +94,36 @@ TEST(Dib, ACompressionThatDoesNotFitTheDepthIsRefused) {
 // ---- rows ----
 
 TEST(Dib, RowsRunFromTheBottomAndArePaddedToFourBytes) {
-  const Picture picture = Read({.width = 1, .height = 2, .data = Data({1, 2, 3, 9, 4, 5, 6, 9})});
+  const Picture picture =
+      Decoded({.width = 1, .height = 2, .data = Data({1, 2, 3, 9, 4, 5, 6, 9})});
   EXPECT_EQ(picture.width, 1);
   EXPECT_EQ(picture.height, 2);
   EXPECT_THAT(picture.pixels, ElementsAre(0xFF060504, 0xFF030201));
 }
 
 TEST(Dib, WithANegativeHeightRowsRunFromTheTop) {
-  const Picture picture = Read({.width = 1, .height = -2, .data = Data({1, 2, 3, 9, 4, 5, 6, 9})});
+  const Picture picture =
+      Decoded({.width = 1, .height = -2, .data = Data({1, 2, 3, 9, 4, 5, 6, 9})});
   EXPECT_EQ(picture.height, 2);
   EXPECT_THAT(picture.pixels, ElementsAre(0xFF030201, 0xFF060504));
 }
 
 TEST(Dib, TheHighestBitIsTheLeftmostPixel) {
-  EXPECT_THAT(Read(WithPalette(1, 9, 1, Data({0x81, 0x80, 0, 0}))).pixels,
+  EXPECT_THAT(Decoded(WithPalette(1, 9, 1, Data({0x81, 0x80, 0, 0}))).pixels,
               ElementsAre(kInk, kPaper, kPaper, kPaper, kPaper, kPaper, kPaper, kInk, kInk));
-  EXPECT_THAT(Read(WithPalette(4, 3, 1, Data({0x05, 0x50, 0, 0}))).pixels,
+  EXPECT_THAT(Decoded(WithPalette(4, 3, 1, Data({0x05, 0x50, 0, 0}))).pixels,
               ElementsAre(kPaper, kInk, kInk));
 }
 
 TEST(Dib, TheFourthByteOfThirtyTwoBitsIsNotTransparency) {
-  EXPECT_THAT(Read({.depth = 32, .data = Data({1, 2, 3, 0})}).pixels, ElementsAre(0xFF030201));
-  EXPECT_THAT(Read({.depth = 32, .data = Data({1, 2, 3, 0x80})}).pixels, ElementsAre(0xFF030201));
+  EXPECT_THAT(Decoded({.depth = 32, .data = Data({1, 2, 3, 0})}).pixels, ElementsAre(0xFF030201));
+  EXPECT_THAT(Decoded({.depth = 32, .data = Data({1, 2, 3, 0x80})}).pixels,
+              ElementsAre(0xFF030201));
 }
 
 TEST(Dib, FifteenBitsAreSpreadOverEight) {
   const auto pixel = [](int bits) {
-    return Read({.depth = 16, .data = LittleEndianBytes(static_cast<std::uint64_t>(bits), 4)})
+    return Decoded({.depth = 16, .data = LittleEndianBytes(static_cast<std::uint64_t>(bits), 4)})
         .pixels.at(0);
   };
   EXPECT_EQ(pixel(0x7C00), 0xFFFF0000);
@@ -132,10 +135,10 @@ TEST(Dib, FifteenBitsAreSpreadOverEight) {
 
 TEST(Dib, MasksSayWhereAColourIs) {
   const auto pixel = [](std::vector<std::uint32_t> masks, std::uint32_t bits) {
-    return Read({.depth = 32,
-                 .compression = 3,
-                 .masks = std::move(masks),
-                 .data = LittleEndianBytes(bits, 4)})
+    return Decoded({.depth = 32,
+                    .compression = 3,
+                    .masks = std::move(masks),
+                    .data = LittleEndianBytes(bits, 4)})
         .pixels.at(0);
   };
   EXPECT_EQ(pixel({0xFF000000, 0x00FF0000, 0x0000FF00}, 0x112233FF), 0xFF112233);
@@ -149,9 +152,9 @@ TEST(Dib, HeadersWithRoomForMasksHoldThem) {
                  .compression = 3,
                  .masks = {0x0000FF, 0x00FF00, 0xFF0000},
                  .data = Data({1, 2, 3, 0})};
-  EXPECT_THAT(Read(parts).pixels, ElementsAre(0xFF010203));
+  EXPECT_THAT(Decoded(parts).pixels, ElementsAre(0xFF010203));
   parts.compression = 0;  // then they are not in force
-  EXPECT_THAT(Read(parts).pixels, ElementsAre(0xFF030201));
+  EXPECT_THAT(Decoded(parts).pixels, ElementsAre(0xFF030201));
 }
 
 // ---- palettes ----
@@ -159,13 +162,13 @@ TEST(Dib, HeadersWithRoomForMasksHoldThem) {
 TEST(Dib, APaletteMayBeShorterThanTheWhole) {
   DibParts parts{.width = 2, .depth = 8, .colours = 2, .palette = {0x010203, 0x040506}};
   parts.data = Data({1, 0, 0, 0});
-  EXPECT_THAT(Read(parts).pixels, ElementsAre(0xFF040506, 0xFF010203));
+  EXPECT_THAT(Decoded(parts).pixels, ElementsAre(0xFF040506, 0xFF010203));
   parts.data = Data({1, 2, 0, 0});  // 2 has no entry
-  EXPECT_THAT(Read(parts).pixels, ElementsAre(0xFF040506, 0xFF000000));
+  EXPECT_THAT(Decoded(parts).pixels, ElementsAre(0xFF040506, 0xFF000000));
 }
 
 TEST(Dib, ADeepBitmapMayHaveAPaletteThatNobodyNeeds) {
-  EXPECT_THAT(Read({.colours = 2, .palette = {7, 7}, .data = Data({1, 2, 3, 0})}).pixels,
+  EXPECT_THAT(Decoded({.colours = 2, .palette = {7, 7}, .data = Data({1, 2, 3, 0})}).pixels,
               ElementsAre(0xFF030201));
 }
 
@@ -179,35 +182,36 @@ TEST(Dib, APaletteShorterThanNamedIsRefused) {
 // ---- runs ----
 
 TEST(Dib, RunsOfEightBits) {
-  EXPECT_THAT(Read(Runs(8, 4, 1, Data({1, 5, 3, 0, 0, 1}))).pixels,
+  EXPECT_THAT(Decoded(Runs(8, 4, 1, Data({1, 5, 3, 0, 0, 1}))).pixels,
               ElementsAre(kInk, kPaper, kPaper, kPaper));
 }
 
 TEST(Dib, RunsOfFourBitsTakeTurns) {
-  EXPECT_THAT(Read(Runs(4, 4, 1, Data({4, 0x50, 0, 1}))).pixels,
+  EXPECT_THAT(Decoded(Runs(4, 4, 1, Data({4, 0x50, 0, 1}))).pixels,
               ElementsAre(kInk, kPaper, kInk, kPaper));
 }
 
 TEST(Dib, AbsoluteRunsArePaddedToSixteenBits) {
-  EXPECT_THAT(Read(Runs(8, 4, 1, Data({0, 3, 5, 0, 5, 99, 1, 5, 0, 1}))).pixels,
+  EXPECT_THAT(Decoded(Runs(8, 4, 1, Data({0, 3, 5, 0, 5, 99, 1, 5, 0, 1}))).pixels,
               ElementsAre(kInk, kPaper, kInk, kInk));
-  EXPECT_THAT(Read(Runs(4, 6, 1, Data({0, 5, 0x50, 0x55, 0x50, 99, 1, 0x50, 0, 1}))).pixels,
+  EXPECT_THAT(Decoded(Runs(4, 6, 1, Data({0, 5, 0x50, 0x55, 0x50, 99, 1, 0x50, 0, 1}))).pixels,
               ElementsAre(kInk, kPaper, kInk, kInk, kInk, kInk));
 }
 
 TEST(Dib, RowsOfRunsEndByCommandAndRunFromTheBottom) {
-  EXPECT_THAT(Read(Runs(8, 2, 2, Data({1, 5, 0, 0, 1, 0, 1, 5, 0, 1}))).pixels,
+  EXPECT_THAT(Decoded(Runs(8, 2, 2, Data({1, 5, 0, 0, 1, 0, 1, 5, 0, 1}))).pixels,
               ElementsAre(kPaper, kInk, kInk, kPaper));
 }
 
 TEST(Dib, ADeltaMovesOn) {
-  EXPECT_THAT(Read(Runs(8, 2, 2, Data({0, 2, 1, 1, 1, 5, 0, 1}))).pixels,
+  EXPECT_THAT(Decoded(Runs(8, 2, 2, Data({0, 2, 1, 1, 1, 5, 0, 1}))).pixels,
               ElementsAre(kPaper, kInk, kPaper, kPaper));
 }
 
 TEST(Dib, WhatRunsBeyondARowIsLeftOut) {
-  EXPECT_THAT(Read(Runs(8, 2, 1, Data({200, 5, 0, 1}))).pixels, ElementsAre(kInk, kInk));
-  EXPECT_THAT(Read(Runs(8, 1, 1, Data({0, 2, 255, 255, 9, 5, 0, 1}))).pixels, ElementsAre(kPaper));
+  EXPECT_THAT(Decoded(Runs(8, 2, 1, Data({200, 5, 0, 1}))).pixels, ElementsAre(kInk, kInk));
+  EXPECT_THAT(Decoded(Runs(8, 1, 1, Data({0, 2, 255, 255, 9, 5, 0, 1}))).pixels,
+              ElementsAre(kPaper));
 }
 
 TEST(Dib, RunsThatEndEarlyAreRefused) {
@@ -224,13 +228,13 @@ TEST(Dib, SidesOf4096AreTheLargest) {
   const auto row = [](std::int32_t width) {
     return DibParts{.width = width, .data = Text(std::size_t{3} * 4100, '\0')};
   };
-  EXPECT_EQ(Read(row(4096)).width, 4096);
+  EXPECT_EQ(Decoded(row(4096)).width, 4096);
   EXPECT_TRUE(IsRefused(row(4097)));
   const auto column = [](std::int32_t height) {
     return DibParts{.height = height, .data = Text(std::size_t{4} * 4100, '\0')};
   };
-  EXPECT_EQ(Read(column(4096)).height, 4096);
-  EXPECT_EQ(Read(column(-4096)).height, 4096);
+  EXPECT_EQ(Decoded(column(4096)).height, 4096);
+  EXPECT_EQ(Decoded(column(-4096)).height, 4096);
   EXPECT_TRUE(IsRefused(column(4097)));
   EXPECT_TRUE(IsRefused(column(-4097)));
 }
@@ -251,9 +255,9 @@ TEST(Dib, AFewBytesDoNotBecomeALargePicture) {
 
 TEST(Dib, TwiceTheUsualDotsAreHalfTheSize) {
   for (const std::uint32_t dots : {0U, 2835U, 3780U, 7499U, 7621U, 11811U})
-    EXPECT_EQ(Read({.dots = dots, .data = Text(4, '\0')}).scale, 1) << dots;
+    EXPECT_EQ(Decoded({.dots = dots, .data = Text(4, '\0')}).scale, 1) << dots;
   for (const std::uint32_t dots : {7500U, 7559U, 7560U, 7620U})
-    EXPECT_EQ(Read({.dots = dots, .data = Text(4, '\0')}).scale, 2) << dots;
+    EXPECT_EQ(Decoded({.dots = dots, .data = Text(4, '\0')}).scale, 2) << dots;
 }
 
 }  // namespace

@@ -120,8 +120,15 @@ TEST_P(ResourceLibraryTest, WithoutItsMarksItIsRefused) {
   EXPECT_FALSE(ReadChanged(ResourceFile::kHeader, "NE"));
   EXPECT_FALSE(ReadChanged(0x3C, LittleEndianBytes(0xFFFFFFFF, 4)));
   EXPECT_FALSE(ReadChanged(file.OptionalHeader(), LittleEndianBytes(0x107, 2)));
-  EXPECT_FALSE(ReadChanged(ResourceFile::kHeader + 6, LittleEndianBytes(97, 2)));
   EXPECT_FALSE(ReadChanged(ResourceFile::kHeader + 20, LittleEndianBytes(0xFFFF, 2)));
+}
+
+TEST_P(ResourceLibraryTest, MoreThan96SectionsAreRefused) {
+  Text bytes = file.Bytes() + Text(std::size_t{40} * 100, '\0');
+  bytes.replace(ResourceFile::kHeader + 6, 2, LittleEndianBytes(96, 2));
+  EXPECT_TRUE(ResourceLibrary::Read(bytes));
+  bytes.replace(ResourceFile::kHeader + 6, 2, LittleEndianBytes(97, 2));
+  EXPECT_FALSE(ResourceLibrary::Read(bytes));
 }
 
 TEST_P(ResourceLibraryTest, WithoutADirectoryOfResourcesItHasNone) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "session/ini.h"
+#include "support/resource_file.h"
 #include "support/simulated_platform.h"
 #include "text/cut.h"
 
@@ -189,6 +190,15 @@ TEST_F(ShutDown, WhatWasSavedIsFoundAtTheNextStart) {
   EXPECT_TRUE(next.app.AutoKick);
   EXPECT_EQ(next.app.rFontSystem.Name, "Arial");
   EXPECT_EQ(next.tab(9).TabSplitPercent, "61.5");
+}
+
+TEST_F(ShutDown, ReleasesTheSmiles) {
+  ResourceFile library;
+  platform.files.files["smiles.dll"] = library.Bytes();
+  LoadResourceLibrary(app.resources, platform.Ports(), "smiles.dll");
+  ASSERT_TRUE(app.resources.library);
+  UnloadStep(client, std::nullopt);
+  EXPECT_FALSE(app.resources.library);
 }
 
 }  // namespace

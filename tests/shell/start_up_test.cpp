@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/resource_file.h"
 #include "support/simulated_platform.h"
 
 namespace parlorwire {
@@ -342,6 +343,25 @@ TEST(MainWindowTexts, StandInBothLanguages) {
   EXPECT_EQ(kStopScrollText.In(UiLanguage::kEnglish), "Stop scrolling");
   EXPECT_EQ(kPersText.In(UiLanguage::kRussian), "Перс"_w);
   EXPECT_EQ(kPersText.In(UiLanguage::kEnglish), "Personal messages");
+}
+
+TEST_F(StartUp, ReadsTheSmiles) {
+  ResourceFile library;
+  library.String(101, u"1");
+  library.String(102, u":) :-)");
+  platform.program_files.files["smiles.dll"] = library.Bytes();
+  Load();
+  EXPECT_EQ(app.SmileTable, "\r\n:) :-)");
+  EXPECT_FALSE(platform.files.files.contains("error.log"));
+}
+
+TEST_F(StartUp, WithBrokenSmilesAllElseIsRead) {
+  Settings("Main", "Language=English\r\n");
+  platform.files.files["smiles.dll"] = "broken";
+  EXPECT_EQ(Load(), (WindowPlace{500, 800, 14000, 8000}));
+  EXPECT_EQ(app.SmileTable, "");
+  EXPECT_EQ(app.Language, UiLanguage::kEnglish);
+  EXPECT_TRUE(desktop.boxes.empty());
 }
 
 }  // namespace
