@@ -184,7 +184,7 @@ class Load:
         keys("ctrl+" + str((tab + 1) % 10))
         time.sleep(0.5)
         main = wait_for("the window", lambda: window("room"))
-        subprocess.run(["xdotool", "mousemove", "--window", main, "200", "200", "click", "1"])
+        subprocess.run(["xdotool", "mousemove", "--window", main, "500", "200", "click", "1"])
         time.sleep(0.2)
         keys("ctrl+a", "ctrl+c")
         time.sleep(1)
