@@ -95,7 +95,7 @@ void ResourceLibrary::ReadSections() {
   try {
     ReadResources(Number32(optional, directories + 16));
   } catch (const std::out_of_range&) {
-    // What stands ahead of the break is good.
+    return;  // what stands ahead of the break is good
   }
 }
 
@@ -125,7 +125,7 @@ ResourceLibrary::Directories ResourceLibrary::ReadDirectories(std::uint32_t dire
         found.try_emplace(entry.id, entry.offset & ~kTopBit);
     }
   } catch (const std::out_of_range&) {
-    // What stands ahead of the break is good.
+    return found;  // what stands ahead of the break is good
   }
   return found;
 }

@@ -36,15 +36,16 @@ Text ReadLibrary(const Files& files, const Text& path) {
   }
 }
 
-std::shared_ptr<const Picture> DecodeBitmap(Resources& resources, int id) {
-  const std::string_view bytes = resources.library->Bitmap(id);
+// All pictures of a library together must not be much larger than it is.
+std::shared_ptr<const Picture> DecodeBitmap(const ResourceLibrary& library, int id,
+                                            std::size_t& pixels_so_far) {
+  const std::string_view bytes = library.Bitmap(id);
   if (bytes.empty()) return nullptr;
   auto picture = ReadDib(bytes);
   if (!picture) return nullptr;
-  const std::size_t pixels = resources.pixels + picture->pixels.size();
-  if (pixels > kLibraryPixelsForAByte * resources.library->size() + kPixelsForAnyLibrary)
-    return nullptr;
-  resources.pixels = pixels;
+  const std::size_t pixels = pixels_so_far + picture->pixels.size();
+  if (pixels > kLibraryPixelsForAByte * library.size() + kPixelsForAnyLibrary) return nullptr;
+  pixels_so_far = pixels;
   return std::make_shared<const Picture>(std::move(*picture));
 }
 
@@ -82,9 +83,9 @@ Text LoadResourceString(const Resources& resources, int id, int size) {
 
 std::shared_ptr<const Picture> LoadResourceBitmap(Resources& resources, int id) {
   if (!resources.library || id < 1) return nullptr;
-  const auto known = resources.pictures.find(id);
-  if (known != resources.pictures.end()) return known->second;
-  return resources.pictures.emplace(id, DecodeBitmap(resources, id)).first->second;
+  const auto [known, unread] = resources.pictures.try_emplace(id);
+  if (unread) known->second = DecodeBitmap(*resources.library, id, resources.pixels);
+  return known->second;
 }
 
 }  // namespace parlorwire

@@ -33,7 +33,7 @@ bool HasColour(const RichTextBox& list, const ListedUser& user, PaneColour colou
 std::optional<ListedUser> TintedUser(const Client& client) {
   const ListHover& hover = client.app.UsersHover;
   const RichTextBox& list = client.tab(hover.TintedTab).Rich_Users;
-  const auto user = ListedUserAt(list, hover.TintedStart);
+  auto user = ListedUserAt(list, hover.TintedStart);
   if (user && user->nick == hover.TintedNick) return user;
   return FindListedUser(list, hover.TintedNick);
 }
@@ -81,10 +81,10 @@ void Rich_Users_MouseMove(Client& client, int tab, PanePosition at) {
   if (at > 0 && !client.app.MouseSelecting) user = ListedUserAt(list, at);
   hover.Nick = user && user->OnNick(at) ? user->nick : "";
   hover.IP = user && user->OnIP(at) ? user->IP : "";
-  if (hover.Nick.empty())
-    RestoreTinted(client);
-  else
+  if (user && !hover.Nick.empty())
     Tint(client, tab, *user);
+  else
+    RestoreTinted(client);
   const bool live = !hover.Nick.empty() || !hover.IP.empty();
   list.MousePointer(live ? PanePointer::kCustom : PanePointer::kArrow);
 }
