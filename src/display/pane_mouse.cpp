@@ -30,7 +30,12 @@ Text WithoutColon(const Text& nick) {
   return nick.ends_with(':') ? nick.substr(0, nick.size() - 1) : nick;
 }
 
-// In a pane that was cleared since, something else stands there.
+bool AllHasColour(const RichTextBox& pane, PaneRange range, PaneColour colour) {
+  return std::ranges::all_of(pane.RunsBetween(range.start, range.end),
+                             [&](const PaneRun& run) { return run.format.colour == colour; });
+}
+
+// In a pane that was cleared since, something else stands there, or the same without the tint.
 void RestoreNick(Client& client) {
   AppState& app = client.app;
   const Text nick = std::exchange(app.HoverNickSaved, {});
@@ -38,14 +43,10 @@ void RestoreNick(Client& client) {
   const TabSession& session = client.tab(app.HoverNickTab);
   const PaneRange place{app.HoverNickStart, app.HoverNickEnd};
   if (session.Rich.TextBetween(place.start, place.end) != nick) return;
+  if (!AllHasColour(session.Rich, place, app.rRichColors.NicksChoose)) return;
   const bool own = EqualsNoCase(WithoutColon(nick), session.Login);
   ColourNick(client, app.HoverNickTab, place,
              own ? app.rFontMain.ColorMyNick : app.rRichColors.Nicks);
-}
-
-bool AllHasColour(const RichTextBox& pane, PaneRange range, PaneColour colour) {
-  return std::ranges::all_of(pane.RunsBetween(range.start, range.end),
-                             [&](const PaneRun& run) { return run.format.colour == colour; });
 }
 
 // A nick that is tinted already stays so.

@@ -51,7 +51,6 @@ std::optional<PointedLine> LineUnder(const RichTextBox& pane, PanePosition at) {
 PaneRange WordUnder(const PointedLine& line) {
   const std::string_view text = line.text;
   const auto at = static_cast<std::size_t>(line.at);
-  if (text[at] == ' ') return {};
   const std::size_t blank = text.rfind(' ', at);
   return Range(blank == Text::npos ? 0 : blank + 1, std::min(text.find(' ', at), text.size()));
 }

@@ -156,6 +156,12 @@ TEST_F(PaneMouseTest, ALineWithoutATimeShowsNoNick) {
   EXPECT_EQ(app.HoverTime, "");
 }
 
+TEST_F(PaneMouseTest, BehindALineFeedNoNickBegins) {
+  Line("[16:45:57]bob:() one *n dan: two");
+  Move(At("dan:"));
+  EXPECT_EQ(app.HoverNick, "");
+}
+
 TEST_F(PaneMouseTest, LinesOfOtherKindsShowNoNick) {
   Line("[16:45:57]bob:() *** waves");
   Move(At("***"));
@@ -216,11 +222,27 @@ TEST_F(PaneMouseTest, AClearedPaneIsNotColoured) {
   Line("[16:45:57]bob:() hello");
   Move(At("bob:"));
   Pane().Text("");
-  Line("[16:45:57]alexander:() hello there, everybody");
-  Pane().SelStart(0);
-  const auto runs = Pane().Runs();
+  PaneFormat tinted;
+  tinted.colour = kTint;
+  Pane().SelFormat(tinted);
+  Pane().ReplaceSel(Text(2'000, 'x') + "\r\n");
+  Line("[16:45:57]dan:() there");
+  const auto runs = Pane().RunsBetween(0, 2'000);
   Move(At("there"));
-  EXPECT_EQ(Pane().Runs(), runs);
+  EXPECT_EQ(Pane().RunsBetween(0, 2'000), runs);
+}
+
+TEST_F(PaneMouseTest, ANickThatWasWrittenAnewKeepsItsColour) {
+  Line("[16:45:57]bob:() hello");
+  const PanePosition nick = At("bob:");
+  const Text before = Pane().Text();
+  Move(nick);
+  Pane().Text(Pane().TextBetween(0, nick - 11));
+  Pane().SelStart(Pane().Length());
+  Line("[16:45:57]bob:() hello");
+  EXPECT_EQ(Pane().Text(), before);
+  Move(At("hello"));
+  EXPECT_EQ(ColourAt(nick), 0xFFFF00U);
 }
 
 TEST_F(PaneMouseTest, ANickOnAPaneThatWasFilledAnewIsTintedAgain) {
@@ -480,10 +502,10 @@ TEST_F(NoticeMouseTest, AMessageOfThatWordLeadsNowhere) {
 }
 
 TEST_F(NoticeMouseTest, AWordThatStandsInNoNoticeLeadsNowhere) {
-  for (const Text& text :
-       {"x\r\nПерейти\r\n"_w, "x\r\nКанал hall [alice id#5\r\nПерейти\r\n"_w,
-        "x\r\nКанал hall [alice] id#no\r\nПерейти\r\n"_w, "x\r\nКанал\r\nПерейти\r\n"_w,
-        "x\r\nКанал hall [alice] id#99999999999999999999\r\nПерейти\r\n"_w}) {
+  for (const Text& text : {"x\r\nПерейти\r\n"_w, "x\r\nКанал hall [alice id#5\r\nПерейти\r\n"_w,
+                           "x\r\nКанал hall [alice] id#no\r\nПерейти\r\n"_w,
+                           "x\r\nКанал\r\nПерейти\r\n"_w, "x\r\nКанал h\r\nПерейти\r\n"_w,
+                           "x\r\nКанал hall [alice] id#99999999999999999999\r\nПерейти\r\n"_w}) {
     Pane().Text(text);
     Click(At("Перейти"_w));
     EXPECT_EQ(desktop.active_tab, 0);

@@ -6,6 +6,7 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <tuple>
 
 #include "pane/rich_text_box.h"
 
@@ -46,6 +47,21 @@ TEST(PaneSearch, CanIgnoreTheCaseOfAllLettersOfTheCodePage) {
   EXPECT_EQ(FindBackwards(pane, "\xEF\xD0\xE8\xC2\xE5\xD2 \xB8 HELLO", 99, kIgnored), 2);
   EXPECT_EQ(FindForwards(pane, "hello", 0, kCounts), std::nullopt);
   EXPECT_EQ(FindForwards(pane, "Hello", 0, kCounts), 11);
+}
+
+TEST(PaneSearch, OneAndTwoLettersAreFoundInEitherCase) {
+  RichTextBox pane;
+  pane.Text("x \xCF\xF0 N y n");
+  for (const auto& [wanted, first, last] :
+       {std::tuple("n", 5, 9), std::tuple("N", 5, 9), std::tuple(" n", 4, 8),
+        std::tuple("\xEF\xD0", 2, 2), std::tuple("\xD0", 3, 3)}) {
+    EXPECT_EQ(FindForwards(pane, wanted, 0, kIgnored), first) << wanted;
+    EXPECT_EQ(FindBackwards(pane, wanted, 99, kIgnored), last) << wanted;
+  }
+  EXPECT_EQ(FindForwards(pane, "n", 0, kCounts), 9);
+  EXPECT_EQ(FindBackwards(pane, "N", 99, kCounts), 5);
+  EXPECT_EQ(FindForwards(pane, "yn", 0, kIgnored), std::nullopt);
+  EXPECT_EQ(FindBackwards(pane, "yn", 99, kIgnored), std::nullopt);
 }
 
 TEST(PaneSearch, FindsNothingInNothing) {

@@ -12,10 +12,6 @@ CaretRest::CaretRest(QObject* owner) : QObject(owner) {
   connect(&timer_, &QTimer::timeout, this, &CaretRest::Rest);
 }
 
-CaretRest::~CaretRest() {
-  Wake();
-}
-
 void CaretRest::Watch(QWidget* box) {
   box->installEventFilter(this);
 }

@@ -18,7 +18,6 @@ class CaretRest : public QObject {
   static constexpr int kMilliseconds = 10'000;
 
   explicit CaretRest(QObject* owner);
-  ~CaretRest() override;
 
   void Watch(QWidget* box);
 

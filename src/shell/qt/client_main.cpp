@@ -324,7 +324,7 @@ void client_main::ShowSearchDialog() {
   if (!search_form_)
     search_form_ = std::make_unique<search_form>(
         client_, this, [this](SearchDirection direction) { FindOn(direction); });
-  search_form_->Open();
+  search_form_->ComeUp();
 }
 
 void client_main::FindOn(SearchDirection direction) {

@@ -126,7 +126,7 @@ void search_form::SetLanguage(UiLanguage language) {
   SayControl(this, ToQString(kSearchTitle.In(language)));
 }
 
-void search_form::Open() {
+void search_form::ComeUp() {
   show();
   raise();
   activateWindow();

@@ -28,7 +28,7 @@ class search_form : public QDialog {
   search_form(Client& client, QWidget* owner, std::function<void(SearchDirection)> find_on);
 
   // Brings it up, with its text selected and in focus.
-  void Open();
+  void ComeUp();
   void SetLanguage(UiLanguage language);
 
  protected:

@@ -18,17 +18,13 @@ namespace {
 
 constexpr int kPictureSide = 24;  // pixels at the most
 
-// Pictures as large as they are, and columns where other menus would scroll.
+// Pictures as large as they are.
 class SmilesStyle : public QProxyStyle {
  public:
   int pixelMetric(PixelMetric metric, const QStyleOption* option,
                   const QWidget* widget) const override {
     return metric == PM_SmallIconSize ? kPictureSide
                                       : QProxyStyle::pixelMetric(metric, option, widget);
-  }
-  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                QStyleHintReturn* data) const override {
-    return hint == SH_Menu_Scrollable ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
   }
 };
 

@@ -146,8 +146,10 @@ class SearchWindowTest : public QObject {
   void EscapeAndTheButtonAndTheFrameHideIt() {
     SearchWindow windows;
     search_form* form = windows.Open();
+    const auto run = windows.client.app.search_form.Run;
     windows.Press(Qt::Key_Escape);
     QVERIFY(!form->isVisible());
+    QVERIFY(windows.client.app.search_form.Run != run);
     windows.window->activateWindow();
     WaitUntilActive(windows.window.get());
     QCOMPARE(windows.Open(), form);
