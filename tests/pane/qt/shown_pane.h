@@ -18,7 +18,9 @@ inline std::shared_ptr<const PanePicture> PictureOf(QSize size, QColor colour) {
   auto image = std::make_shared<Picture>();
   image->width = size.width();
   image->height = size.height();
-  image->pixels.assign(static_cast<std::size_t>(size.width() * size.height()), colour.rgb());
+  image->pixels.assign(
+      static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()),
+      colour.rgb());
   return std::make_shared<PanePicture>(PanePicture{":)", image});
 }
 
