@@ -30,9 +30,14 @@ struct DirectoryEntry {
   std::uint32_t offset = 0;
 };
 
+// How many entries a directory has, those left out that lie outside.
 std::uint32_t EntriesIn(std::string_view resources, std::uint32_t directory) {
-  return std::uint32_t{Number16(resources, directory + std::uint64_t{12})} +
-         Number16(resources, directory + std::uint64_t{14});
+  constexpr std::uint64_t kHeader = 16;
+  if (resources.size() < directory + kHeader) return 0;
+  const std::uint64_t named = Number16(resources, directory + std::uint64_t{12});
+  const std::uint64_t numbered = Number16(resources, directory + std::uint64_t{14});
+  const std::uint64_t room = (resources.size() - directory - kHeader) / 8;
+  return static_cast<std::uint32_t>(std::min(named + numbered, room));
 }
 
 DirectoryEntry EntryOf(std::string_view resources, std::uint32_t directory, std::uint32_t index) {
@@ -92,11 +97,7 @@ void ResourceLibrary::ReadSections() {
   // Ahead of the directories stands how many there are; the resources' is the third.
   const std::uint64_t directories = form == kForm32 ? 96 : 112;
   if (Number32(optional, directories - 4) < 3) return;
-  try {
-    ReadResources(Number32(optional, directories + 16));
-  } catch (const std::out_of_range&) {
-    return;  // what stands ahead of the break is good
-  }
+  ReadResources(Number32(optional, directories + 16));
 }
 
 void ResourceLibrary::ReadResources(std::uint32_t address) {
@@ -117,15 +118,11 @@ void ResourceLibrary::ReadResources(std::uint32_t address) {
 
 ResourceLibrary::Directories ResourceLibrary::ReadDirectories(std::uint32_t directory) const {
   Directories found;
-  try {
-    const std::uint32_t count = EntriesIn(Resources(), directory);
-    for (std::uint32_t i = 0; i < count; ++i) {
-      const DirectoryEntry entry = EntryOf(Resources(), directory, i);
-      if ((entry.id & kTopBit) == 0 && (entry.offset & kTopBit) != 0)
-        found.try_emplace(entry.id, entry.offset & ~kTopBit);
-    }
-  } catch (const std::out_of_range&) {
-    return found;  // what stands ahead of the break is good
+  const std::uint32_t count = EntriesIn(Resources(), directory);
+  for (std::uint32_t i = 0; i < count; ++i) {
+    const DirectoryEntry entry = EntryOf(Resources(), directory, i);
+    if ((entry.id & kTopBit) == 0 && (entry.offset & kTopBit) != 0)
+      found.try_emplace(entry.id, entry.offset & ~kTopBit);
   }
   return found;
 }
@@ -134,7 +131,7 @@ std::string_view ResourceLibrary::AtAddress(std::uint32_t address) const {
   for (const Section& section : sections_)
     if (address >= section.address && address - section.address < section.size)
       return Stretch(bytes_, section.offset, section.size).substr(address - section.address);
-  throw std::out_of_range("in no section");
+  return {};
 }
 
 std::string_view ResourceLibrary::Resources() const {

@@ -44,7 +44,7 @@ class ResourceLibrary {
   void ReadSections();
   void ReadResources(std::uint32_t address);
   Directories ReadDirectories(std::uint32_t directory) const;
-  // From an address to the end of its section. None has it: std::out_of_range.
+  // From an address to the end of its section; empty if none has it.
   std::string_view AtAddress(std::uint32_t address) const;
   std::string_view Resources() const;
   std::string_view Find(const Directories& directories, int id) const;
