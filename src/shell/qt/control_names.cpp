@@ -1,6 +1,7 @@
 #include "shell/qt/control_names.h"
 
 #include <QFont>
+#include <QTextDocument>
 
 namespace parlorwire {
 
@@ -27,7 +28,7 @@ void SayControl(QWidget* control, const QString& text) {
 }
 
 QString PlainToolTip(const QString& text) {
-  return QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped());
+  return Qt::mightBeRichText(text) ? QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped()) : text;
 }
 
 QFont LabelFont() {

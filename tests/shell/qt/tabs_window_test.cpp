@@ -222,6 +222,8 @@ class TabsWindowTest : public QObject {
     QCOMPARE(
         QTextDocumentFragment::fromHtml(windows.Find<SSTab>("SSTab")->tabToolTip(0)).toPlainText(),
         QStringLiteral("<b>R</b>&amp; - Bob"));
+    windows.desktop.SetTabCaption(0, "R & B - Bob");
+    QCOMPARE(windows.Find<SSTab>("SSTab")->tabToolTip(0), QStringLiteral("R & B - Bob"));
   }
 
   void EnablingFollowsTheTable() {
