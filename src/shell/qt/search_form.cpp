@@ -11,6 +11,7 @@
 #include <QRadioButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "platform/qt/text_conversion.h"
 #include "session/both_languages.h"
@@ -21,6 +22,9 @@
 
 namespace parlorwire {
 namespace {
+
+constexpr int kFromRight = 12;  // pixels, of the main window
+constexpr int kFromTop = 4;
 
 constexpr BothLanguages kSearchTitle{W<"Поиск">, "Search"};
 
@@ -127,6 +131,13 @@ void search_form::SetLanguage(UiLanguage language) {
 }
 
 void search_form::ComeUp() {
+  if (!placed_) {
+    placed_ = true;
+    adjustSize();
+    // Over the links and the user list, where it covers the least of the pane.
+    const QRect window = parentWidget()->geometry();
+    move(std::max(window.left(), window.right() - width() - kFromRight), window.top() + kFromTop);
+  }
   show();
   raise();
   activateWindow();

@@ -27,7 +27,8 @@ class search_form : public QDialog {
   // `find_on` finds in the pane of the active tab.
   search_form(Client& client, QWidget* owner, std::function<void(SearchDirection)> find_on);
 
-  // Brings it up, with its text selected and in focus.
+  // Brings it up, with its text selected and in focus: at first in the corner of its owner, later
+  // where it was left.
   void ComeUp();
   void SetLanguage(UiLanguage language);
 
@@ -53,6 +54,7 @@ class search_form : public QDialog {
   QRadioButton* Opt_down_ = nullptr;
   GraphicButton* button_next_ = nullptr;
   GraphicButton* button_cancel_ = nullptr;
+  bool placed_ = false;
 };
 
 }  // namespace parlorwire

@@ -70,6 +70,20 @@ class SearchWindowTest : public QObject {
     QCOMPARE(windows.text()->selectedText(), QString("one"));
   }
 
+  void ItComesUpInTheCornerAndThenWhereItWasLeft() {
+    SearchWindow windows;
+    search_form* form = windows.Open();
+    const QRect owner = windows.window->geometry();
+    QVERIFY(owner.right() - form->geometry().right() < 40);
+    QVERIFY(form->geometry().top() - owner.top() < 40);
+    form->move(30, 50);
+    windows.Press(Qt::Key_Escape);
+    windows.window->activateWindow();
+    WaitUntilActive(windows.window.get());
+    windows.Open();
+    QCOMPARE(form->pos(), QPoint(30, 50));
+  }
+
   void TheLabelOpensIt() {
     SearchWindow windows;
     QTest::mouseClick(windows.Find("search_label"), Qt::LeftButton);
