@@ -86,21 +86,25 @@ void MakeLink(Client& client, const MarkedWord& found, PanePosition base, int ta
 
 }  // namespace
 
-std::optional<MarkedWord> NextLink(std::string_view text, std::size_t from) {
-  for (std::size_t at = text.find(' ', from); at != text.npos; at = text.find(' ', at + 1)) {
-    const LinkMarker* marker = MarkerBehind(text, at);
-    if (marker == nullptr) continue;
-    const std::string_view word = WordBehind(text, at);
-    if (IsLink(word, *marker)) return MarkedWord{at, word};
-  }
+std::optional<MarkedWord> NextMarkedWord(std::string_view text, std::size_t from) {
+  for (std::size_t at = text.find(' ', from); at != text.npos; at = text.find(' ', at + 1))
+    if (const LinkMarker* marker = MarkerBehind(text, at))
+      return MarkedWord{at, WordBehind(text, at), marker};
   return std::nullopt;
+}
+
+std::optional<MarkedWord> NextLink(std::string_view text, std::size_t from) {
+  auto found = NextMarkedWord(text, from);
+  while (found && !IsLink(found->word, *found->marker))
+    found = NextMarkedWord(text, found->blank + 1);
+  return found;
 }
 
 std::optional<MarkedWord> NextAddressMask(std::string_view text, std::size_t from) {
   for (std::size_t at = text.find(' ', from); at != text.npos; at = text.find(' ', at + 1)) {
     if (at + 1 == text.size() || !IsMaskCharacter(text[at + 1])) continue;
     const std::string_view word = WordBehind(text, at);
-    if (IsAddressMask(word)) return MarkedWord{at, word};
+    if (IsAddressMask(word)) return MarkedWord{at, word, nullptr};
   }
   return std::nullopt;
 }

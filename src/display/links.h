@@ -24,7 +24,12 @@ inline constexpr std::array<LinkMarker, 4> kLinkMarkers{
 struct MarkedWord {
   std::size_t blank = 0;  // 0-based, in the text
   std::string_view word;
+  const LinkMarker* marker = nullptr;  // null for an address mask
 };
+
+// The first word that begins with a marker and whose blank stands at `from` or behind it. It need
+// not be a link: what is left of it may be the marker alone, or less.
+std::optional<MarkedWord> NextMarkedWord(std::string_view text, std::size_t from);
 
 // The first link, or address mask, whose blank stands at `from` or behind it. A mask is four groups
 // of one to three digits, "*" or "?", with dots between: so the service hides parts of an address.

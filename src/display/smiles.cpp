@@ -50,14 +50,13 @@ std::vector<SmileCode> FindSmileCodes(AppState& app, std::string_view text) {
 void LeaveOutFrom(AppState& app, std::vector<SmileCode>& codes) {
   int missing = INT_MAX;
   for (const SmileCode& code : codes)
-    if (LoadResourceBitmap(app.resources, kSmileCountId + code.name->line) == nullptr)
-      missing = std::min(missing, code.name->line);
+    if (SmileImage(app, *code.name) == nullptr) missing = std::min(missing, code.name->line);
   std::erase_if(codes, [&](const SmileCode& code) { return code.name->line >= missing; });
 }
 
 const std::shared_ptr<const PanePicture>& PictureOf(AppState& app, const SmileName& name,
                                                     std::string_view code) {
-  auto image = LoadResourceBitmap(app.resources, kSmileCountId + name.line);
+  auto image = SmileImage(app, name);
   if (name.picture == nullptr || name.picture->image != image)
     name.picture = std::make_shared<const PanePicture>(PanePicture{Text(code), std::move(image)});
   return name.picture;
@@ -80,6 +79,10 @@ void PastePictures(Client& client, std::string_view text, PanePosition base, int
 }
 
 }  // namespace
+
+std::shared_ptr<const Picture> SmileImage(AppState& app, const SmileName& name) {
+  return LoadResourceBitmap(app.resources, kSmileCountId + name.line);
+}
 
 void PastePicture(Client& client, std::string_view text, PanePosition base, int tab) {
   GoOnAfterFault(client, ". Function: PastePicture",

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "pane/units.h"
 #include "platform/desktop.h"
@@ -15,6 +16,8 @@
 #include "text/text.h"
 
 namespace parlorwire {
+
+struct PersonalWindow;
 
 inline constexpr int kTabCount = 10;
 inline constexpr int kMaxLogins = 100;
@@ -209,7 +212,13 @@ struct AppState {
   Text MenuNick;  // whom nick_menu was opened for last, without a colon
   CopyMenu menu_copy;
   Text MenuCopyText;    // what was selected in the list when menu_copy_users came up
-  Text PersTargetNick;  // whom the next personal window is for
+  Text PersTargetNick;  // whom the personal window is for that opens or is activated next
+
+  // The personal windows (personal/personal_window.h). OpenPersList has an entry "login_handle" for
+  // each that is open, with blanks between.
+  Text OpenPersList;
+  std::vector<std::shared_ptr<PersonalWindow>> PersWindows;
+  std::int32_t LastPersHandle = 0;
 
   // ---- timers ----
   std::unique_ptr<Timer> Timer17;  // 10 ms: a tinted nick gets its colour back

@@ -3,6 +3,7 @@
 // of the core, and the main window its own; until then a hook does nothing.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string_view>
 
@@ -54,7 +55,7 @@ struct Hooks {
   // bot/join_highlight: a line of the list was drawn; the highlight that waits for it may start
   Hook<void(int tab)> StartWaitingHighlight;
 
-  // personal/...: a click on `pers` of a tab
+  // personal/pers_frm: a click on `pers` of a tab
   Hook<void(int tab)> pers;
 
   // shell/tray: a balloon with "Parlorwire" and `title` as its title
@@ -75,6 +76,8 @@ struct Hooks {
   Hook<void(int tab)> UsersListDrawn;
   // shell/qt/bot_autokick: a nick was put on the list of kicks for a channel, or for "All"
   Hook<void(const Text& nick, const Text& channel)> AutoKickAdded;
+  // shell/qt/pers_frm: a personal window has been opened, and is to be shown
+  Hook<void(std::int32_t handle)> ShowPersWindow;
   // shell/qt/search_form: the search dialog comes up
   Hook<void()> ShowSearchDialog;
   // shell/qt/text_input: the prompt for a reason comes up, modal, and the call ends when it is

@@ -2,6 +2,7 @@
 
 #include "display/fonts.h"
 #include "display/message_colours.h"
+#include "personal/pers_frm.h"
 #include "session/client.h"
 #include "session/ini.h"
 #include "text/number.h"
@@ -29,6 +30,7 @@ void UnloadStep(Client& client, const std::optional<WindowPlace>& place) {
     WriteIni(client, "Main", "Logins", std::to_string(app.LoginCount));
   }
   SaveNickColours(client);
+  CloseAllPersWindows(client);
   StopAllTimers(client);
 }
 

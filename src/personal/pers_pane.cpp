@@ -1,0 +1,77 @@
+#include "personal/pers_pane.h"
+
+#include <memory>
+#include <utility>
+
+#include "display/links.h"
+#include "display/smiles.h"
+#include "personal/personal_window.h"
+#include "session/client.h"
+#include "text/cut.h"
+
+namespace parlorwire {
+namespace {
+
+constexpr PaneColour kPersLinkColour = 255;
+
+void MarkWord(RichTextBox& pane, const MarkedWord& found, PanePosition base) {
+  const PanePosition start = base + static_cast<PanePosition>(found.blank) + 1;
+  SelectUnseen(pane, start, start + Len(found.word));
+  pane.SelColor(kPersLinkColour);
+  pane.SelUnderline(true);
+}
+
+// The smile that a word stands for; null if it is none.
+const SmileName* SmileBetweenStars(AppState& app, std::string_view word) {
+  if (word.size() < 3 || word.front() != '*' || word.back() != '*') return nullptr;
+  return app.smile_names.Find(app.SmileTable, word.substr(1, word.size() - 2));
+}
+
+const std::shared_ptr<const PanePicture>& PersPicture(PersonalWindow& window, std::string_view code,
+                                                      std::shared_ptr<const Picture> image) {
+  auto& picture = window.Smiles[Text(code)];
+  if (picture == nullptr || picture->image != image)
+    picture = std::make_shared<const PanePicture>(PanePicture{Text(code), std::move(image)});
+  return picture;
+}
+
+}  // namespace
+
+void SelectUnseen(RichTextBox& pane, PanePosition start, PanePosition end) {
+  pane.HideSelection(true);
+  pane.ExSetSel(start, end);
+}
+
+void WriteAtEnd(RichTextBox& pane, std::string_view text, const PaneFormat& format) {
+  SelectUnseen(pane, pane.Length(), pane.Length());
+  pane.SelFormat(format);
+  pane.ReplaceSel(text);
+}
+
+void PersWriteLinks(PersonalWindow& window, std::string_view text, PanePosition base) {
+  for (auto found = NextMarkedWord(text, 0); found; found = NextMarkedWord(text, found->blank + 1))
+    if (Contains(found->word, ".")) MarkWord(window.Rich, *found, base);
+  for (auto mask = NextAddressMask(text, 0); mask; mask = NextAddressMask(text, mask->blank + 1))
+    MarkWord(window.Rich, *mask, base);
+}
+
+void PersPasteSmiles(Client& client, PersonalWindow& window, std::string_view text,
+                     PanePosition base) {
+  RichTextBox& pane = window.Rich;
+  PanePosition start = base;  // of the word, in the pane
+  for (const std::string_view word : Split(text, " ")) {
+    PanePosition length = Len(word);
+    if (const SmileName* name = SmileBetweenStars(client.app, word)) {
+      auto image = SmileImage(client.app, *name);
+      if (image == nullptr) return;
+      pane.Locked(false);
+      SelectUnseen(pane, start, start + length);
+      pane.PastePicture(PersPicture(window, word, std::move(image)));
+      pane.Locked(true);
+      length = 1;
+    }
+    start += length + 1;
+  }
+}
+
+}  // namespace parlorwire
