@@ -70,7 +70,6 @@ PersonalWindow& NewPersWindow(Client& client, int tab) {
   window.PersLogin = client.tab(tab).Login;
   window.PersTicket = client.tab(tab).Ticket;
   window.ListedAs = window.PersLogin + "_" + std::to_string(window.Handle);
-  window.Rich.Locked(true);
   window.Rich.BackColor(0);
   window.send_nick = app.PersTargetNick;
   for (auto* socket : {&window.W1, &window.W2, &window.W3})

@@ -28,8 +28,7 @@ struct ChunkMarks {
 
 Text WithoutPageHead(Text text) {
   if (!StartsWithNoCase(text, "\n<html>") && !StartsWithNoCase(text, "\r\n<html>")) return text;
-  const Position end = InStrNoCase(text, "<br>\n");
-  return end == 0 ? text : Mid(text, end + 5);
+  return Mid(text, InStrNoCase(text, "<br>\n") + 5);
 }
 
 // The field in front, which goes from `rest` with the blank behind it.

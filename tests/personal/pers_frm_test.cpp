@@ -44,6 +44,7 @@ TEST_F(PersFrm, ATabWithoutALoginOpensNone) {
   pers_Click(client, 0);
   EXPECT_THAT(shown, IsEmpty());
   EXPECT_EQ(List(), "");
+  EXPECT_EQ(chat.ErrorLog(), "");
 }
 
 TEST_F(PersFrm, ASecondClickRaisesTheWindowAndCreatesNothing) {
@@ -73,6 +74,8 @@ TEST_F(PersFrm, TwoTabsWithDifferentNicksGetTwoWindowsEachWithItsTicket) {
   EXPECT_EQ(second.PersTicket, "T3");
   EXPECT_EQ(List(),
             "alice_" + std::to_string(first.Handle) + " bob_" + std::to_string(second.Handle));
+  pers_Click(client, 3);
+  EXPECT_THAT(asked, ElementsAre("Raise " + std::to_string(second.Handle)));
 }
 
 TEST_F(PersFrm, ALoginWithinAListedOneIsTakenForOpen) {

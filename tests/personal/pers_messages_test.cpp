@@ -253,6 +253,11 @@ TEST_F(PersonalMessages, EntitiesAreDecodedInTheirOrder) {
             ">[1] Bob: &lt; <b> \"a b\" &amp; \"\r\n");
 }
 
+TEST_F(PersonalMessages, WhatEntitiesMakeIsNoHtmlButLineBreaks) {
+  EXPECT_EQ(Shown("&gt; [1] l Bob &lt;img src=&quot;/157.gif&quot;&gt;"),
+            ">[1] Bob: <img src=\"/157.gif\">\r\n");
+}
+
 TEST_F(PersonalMessages, ALineBreakInAnyCaseIsALineFeed) {
   EXPECT_EQ(Shown("&gt; [1] l Bob a<br>b<BR>c&lt;bR&gt;d"), ">[1] Bob: a\nb\nc\nd\r\n");
 }

@@ -86,8 +86,8 @@ TEST_F(PersPane, AWordBetweenStarsIsASmile) {
 
 TEST_F(PersPane, OnlySuchWords) {
   LoadOneSmile(platform, client);
-  for (const char* text : {" *:)", " :)*", " :)", " *:)*,", " (*:)*", " *:)**:)*", " **", " *",
-                           " ***", " *:(*", " *:)*\n", ""})
+  for (const char* text : {" *:)", " :)*", " :)", " *:)*,", " *:)x", " (*:)*", " *:)**:)*", " **",
+                           " *", " ***", " *:(*", " *:)*\n", ""})
     EXPECT_EQ(Paste(text), text);
 }
 

@@ -253,6 +253,7 @@ TEST_F(PersPosting, UpAndDownAtTheNewest) {
 
 TEST_F(PersPosting, DownAtFirstGivesTheNewest) {
   window->PersHistory = {"c", "b", "a"};
+  window->PersHistoryPos = 2;
   EXPECT_EQ(Down(), "c");
   EXPECT_EQ(window->PersHistoryPos, 0);
   EXPECT_EQ(window->PersHistoryDir, "down");

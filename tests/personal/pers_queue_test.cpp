@@ -47,9 +47,9 @@ TEST_F(PersQueueTest, ALinkSaysThreeThings) {
 }
 
 TEST_F(PersQueueTest, ALinkThatLacksAPartSaysNothing) {
-  for (const char* url :
-       {"", "x", "http://h?reqnum=1&pm_msgnum=7", "http://h/a?pm_msgnum=7", "http://h/a?reqnum=1",
-        "http://h/a?reqnum=1&msg=7", "http://h/a?reqnum=1", "http://h/a?pm_msgnum=7&reqnum=1"})
+  for (const char* url : {"", "x", "http://h?reqnum=1&pm_msgnum=7", "http://h/a?pm_msgnum=7",
+                          "http://h/a?reqnum=1", "http://h/a?reqnum=1&msg=7",
+                          "http://h/a?reqnum=1pm_msgnum=7", "http://h/a?pm_msgnum=7&reqnum=1"})
     EXPECT_EQ(ReadPersLink(url), std::nullopt) << url;
 }
 
