@@ -210,10 +210,10 @@ void Rich_MouseLeave(Client& client, int tab) {
 
 void ClickAtCaret(Client& client, int tab, PaneRange selected, PanePosition caret,
                   MouseButton button) {
-  PanePosition at = caret;
-  Rich_MouseMove(client, tab, at);
-  if (!AnythingHovered(client.app) && !selected.empty() && caret == selected.end)
-    Rich_MouseMove(client, tab, --at);
+  // A caret at the end of the selection belongs to it.
+  const PanePosition at = !selected.empty() && caret == selected.end ? caret - 1 : caret;
+  Rich_MouseMove(client, tab, caret);
+  if (!AnythingHovered(client.app) && at != caret) Rich_MouseMove(client, tab, at);
   Rich_MouseDown(client, tab, at, button);
   Rich_MouseUp(client, tab, at, button);
   Rich_MouseLeave(client, tab);

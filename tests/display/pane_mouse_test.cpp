@@ -649,6 +649,16 @@ TEST_F(PaneMouseTest, ByTheMenuKeyASelectionHasItsMenu) {
   EXPECT_THAT(copy_menus, ElementsAre(0));
 }
 
+TEST_F(PaneMouseTest, ByTheMenuKeyASelectionUpToALinkIsCopied) {
+  Line("[16:45:57]bob:() see www.a.ru");
+  const PanePosition link = At("www.a.ru");
+  Pane().ExSetSel(link - 4, link);
+  ClickAtCaret(chat.client, 0, {link - 4, link}, link, kRight);
+  EXPECT_THAT(copy_menus, ElementsAre(0));
+  EXPECT_EQ(app.menu_copy.Link, "www.a.ru");
+  EXPECT_TRUE(app.menu_copy.Copies);
+}
+
 // ---- lines that are made to annoy ----
 
 TEST_F(PaneMouseTest, ALineOfLineFeedsIsOneLine) {
