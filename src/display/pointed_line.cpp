@@ -74,8 +74,8 @@ PaneRange TimeOf(const PointedLine& line) {
   const std::string_view text = line.text;
   const std::size_t open = text.find('[');
   if (open == Text::npos) return {};
-  const bool begins =
-      open == 0 || text[open - 1] == '>' || text[open - 1] == '<' || text[open - 1] == '\n';
+  constexpr std::string_view kAhead = "><\r\n";
+  const bool begins = open == 0 || kAhead.find(text[open - 1]) != Text::npos;
   const std::size_t close = text.find(']', open);
   return begins && close != Text::npos ? Range(open, close + 1) : PaneRange{};
 }

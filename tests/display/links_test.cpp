@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <random>
+#include <regex>
 #include <vector>
 
 #include "support/simulated_platform.h"
@@ -145,6 +146,14 @@ TEST_F(LinksTest, AWrittenLineLeavesTheArrow) {
   EXPECT_EQ(client.app.HoverIP, "");
 }
 
+TEST_F(LinksTest, ALineWithNothingToFindLeavesTheArrowToo) {
+  for (const char* piece : {"", " ", " plain words", " here, with 1 * and ?"}) {
+    pane.MousePointer(PanePointer::kCustom);
+    Scan(piece);
+    EXPECT_EQ(pane.MousePointer(), PanePointer::kArrow) << piece;
+  }
+}
+
 TEST_F(LinksTest, HoveringTellsTheFirstLinkAndFormatsNothing) {
   Scan(" 1.2.3.4 HTTP://A, http://b", true);
   EXPECT_EQ(client.app.HoverLink, "HTTP://A");
@@ -234,6 +243,28 @@ TEST_F(LinksTest, RandomTextsGiveWhatThePlainScanGives) {
     links += found.size();
   }
   EXPECT_GT(links, 1000U);
+}
+
+TEST_F(LinksTest, RandomWordsAreMasksIfTheExpressionSaysSo) {
+  const std::regex mask(R"(^[0-9\*\?]{1,3}\.[0-9\*\?]{1,3}\.[0-9\*\?]{1,3}\.[0-9\*\?]{1,3}$)");
+  const std::vector<Text> parts{"1", "09", "*", "?", "25?", "***",
+                                "0", "a",  "-", "",  "2*5", "1234"};
+  std::minstd_rand random(7);
+  int masks = 0;
+  for (int round = 0; round < 20'000; ++round) {
+    const auto part = [&] { return parts[random() % parts.size()]; };
+    Text word = part();
+    for (auto dots = 2 + random() % 3; dots > 0; --dots)
+      word += "." + part();
+    const Text whole = word;
+    while (!word.empty() && (word.back() == '.' || word.back() == '?'))
+      word.pop_back();
+    const bool expected = std::regex_match(word, mask);
+    const auto found = NextAddressMask("x " + whole + " y", 0);
+    ASSERT_EQ(found.has_value(), expected) << whole;
+    masks += expected ? 1 : 0;
+  }
+  EXPECT_GT(masks, 300);
 }
 
 }  // namespace

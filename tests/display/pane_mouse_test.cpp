@@ -372,6 +372,17 @@ TEST_F(PaneMouseTest, TheVeryFirstLineOfThePaneHasATimeToo) {
   EXPECT_EQ(app.HoverTime, "");
 }
 
+TEST_F(PaneMouseTest, ATimeMayStandBehindALineBreakInsideTheLine) {
+  for (const char* end : {"\n", "\r"}) {
+    Pane().Text("x" + Text(end) + "[16:45:57] first\r\n");
+    Move(3);
+    EXPECT_NE(app.HoverTime, "") << static_cast<int>(*end);
+    Pane().Text("x" + Text(end) + "\t[16:45:57] first\r\n");
+    Move(4);
+    EXPECT_EQ(app.HoverTime, "") << static_cast<int>(*end);
+  }
+}
+
 TEST_F(PaneMouseTest, ALeftClickAppendsTheTime) {
   Line("[16:45:57]bob:() alice, hello");
   Msg() = "you said at";
