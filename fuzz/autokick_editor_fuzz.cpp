@@ -1,14 +1,18 @@
-// The editor of the list of kicks: what it writes it reads again, whatever the list held and
-// whatever was typed. The parts of the input are separated by NULs: the list, and then what is
-// typed in turn into the field for new masks and into the cells.
+// The editor of the list of kicks: what it writes it reads again, whatever the list held,
+// whatever was typed, and whoever was put on the list from the menu of a nick meanwhile. The parts
+// of the input are separated by NULs: the list, and then what is in turn typed into the field for
+// new masks, the nick of a menu, and what is typed into a cell.
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
+#include <vector>
 
 #include "bot/autokick.h"
 #include "bot/autokick_editor.h"
 #include "support/simulated_platform.h"
 #include "text/cut.h"
+#include "text/one_line.h"
 
 using namespace parlorwire;
 
@@ -31,6 +35,37 @@ void CheckThatItComesIn(Client& client, const AutoKickEditor& editor) {
   Check(OpenAutoKickEditor(client).rows == Entries(editor.rows));
 }
 
+void CheckAdding(Client& client, AutoKickEditor& editor, std::string_view typed) {
+  const std::size_t rows = editor.rows.size();
+  const bool added = AddAutoKickRow(client, editor, typed);
+  Check(editor.rows.size() == rows + (added ? 1 : 0));
+}
+
+// The menu tells of one line each.
+void CheckTakingUp(AutoKickEditor& editor, const Text& nick, const Text& channel) {
+  const std::size_t rows = editor.rows.size();
+  TakeUpAutoKick(editor, nick, channel);
+  const auto row = std::ranges::find_if(
+      editor.rows, [&](const AutoKickRow& each) { return EqualsNoCase(each.mask, nick); });
+  Check(row != editor.rows.end());
+  Check(Lists(row->channels, channel) || Lists(row->channels, kAllChannels));
+  const std::vector<AutoKickRow> once = editor.rows;
+  Check(once.size() <= rows + 1);
+  TakeUpAutoKick(editor, nick, channel);
+  Check(editor.rows == once);
+}
+
+void CheckEditing(Client& client, AutoKickEditor& editor, std::size_t turn,
+                  std::string_view typed) {
+  const auto column = static_cast<AutoKickColumn>(1 + turn / 2 % 4);
+  const std::size_t row = turn % editor.rows.size();
+  const Text old = CellText(editor, row, column);
+  const bool taken = EditAutoKickCell(client, editor, row, column, typed);
+  const Text now = CellText(editor, row, column);
+  Check(taken || now == old);
+  Check(!taken || now.find_first_of("\t\r\n") == Text::npos);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -45,19 +80,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CheckThatItComesIn(client, editor);
 
   for (std::size_t i = 1; i < parts.size(); ++i) {
-    const std::size_t rows = editor.rows.size();
-    if (i % 2 == 1 || rows == 0) {
-      const bool added = AddAutoKickRow(client, editor, parts[i]);
-      Check(editor.rows.size() == rows + (added ? 1 : 0));
-    } else {
-      const auto column = static_cast<AutoKickColumn>(1 + i / 2 % 4);
-      const std::size_t row = i % rows;
-      const Text old = CellText(editor, row, column);
-      const bool taken = EditAutoKickCell(client, editor, row, column, parts[i]);
-      const Text now = CellText(editor, row, column);
-      Check(taken || now == old);
-      Check(!taken || now.find_first_of("\t\r\n") == Text::npos);
-    }
+    const bool for_all = i % 2 == 0;
+    if (i % 3 == 2)
+      CheckTakingUp(editor, OneLine(parts[i]),
+                    for_all ? Text(kAllChannels) : OneLine(parts[i - 1]));
+    else if (i % 3 == 1 || editor.rows.empty())
+      CheckAdding(client, editor, parts[i]);
+    else
+      CheckEditing(client, editor, i, parts[i]);
   }
   CheckThatItComesIn(client, editor);
   return 0;

@@ -137,6 +137,14 @@ TEST_F(AutoKickEditing, ABlankInAMaskIsRefusedBeforeAnythingElse) {
   }
 }
 
+TEST_F(AutoKickEditing, AMaskThatIsWrongIsCalledSoAlsoIfTheTableHasIt) {
+  Open("12.34\tAll\tGo\t\r\na b\tAll\tGo\t");
+  EXPECT_FALSE(Add("12.34"));
+  ExpectTold("Ошибка в наборе IP!"_w);
+  EXPECT_FALSE(Add("a b"));
+  ExpectTold("Ник или IP не должен содержать пробелы!"_w);
+}
+
 TEST_F(AutoKickEditing, AnEmptyFieldDoesNothing) {
   for (const char* input : {"", "   ", ":", " : ", "\t\r\n"})
     EXPECT_FALSE(Add(input));

@@ -260,6 +260,19 @@ TEST_F(AutoKick, WhatWasReadFromTheFileHasItsFirstLinesTwiceWhenSaved) {
   EXPECT_EQ(file(), Text(kHeader) + kHeader + "bob\tAll\tGo\tx");
 }
 
+TEST_F(AutoKick, LineEndsBehindTheLastLineAreNotRead) {
+  file() = "\r\nbob\tAll\tGo\tx\n\r\n\r\n";
+  LoadAutoKick(client);
+  EXPECT_EQ(list(), "\r\nbob\tAll\tGo\tx\n");
+  EXPECT_EQ(platform.desktop.yields, 0);
+  platform.desktop.events_waiting = true;
+  LoadAutoKick(client);
+  EXPECT_EQ(platform.desktop.yields, 2);
+  file() = "\r\n\r\n";
+  LoadAutoKick(client);
+  EXPECT_EQ(list(), "");
+}
+
 TEST_F(AutoKick, WithoutAFileTheListIsEmptyAndCanBeSaved) {
   list() = "old";
   LoadAutoKick(client);

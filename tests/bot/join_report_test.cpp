@@ -297,7 +297,7 @@ TEST_F(JoinReport, WhenTheSessionEndsInALookUpNobodyIsKicked) {
   EXPECT_EQ(log(), "");
 }
 
-TEST_F(JoinReport, WhoJoinsMeanwhileWaitsForTheNextList) {
+TEST_F(JoinReport, WhoJoinsMeanwhileIsNotTreatedWithTheOthers) {
   User("bob", "10.0.0.7");
   User("ann", "10.0.0.8");
   chat.platform.desktop.on_yield = [&] { chat.tab().JoinLines += "\r\nann"; };
@@ -352,6 +352,23 @@ TEST_F(JoinReportByTheFrame, AnEmptyAddressEmptiesTheJoinedOnesAllTheSame) {
   Frame("alice|[+o-t][10.0.0.1:]''\nbob|[][]''\nann|[][10.0.0.7:]''\n");
   EXPECT_EQ(chat.tab().JoinLines, "");
   EXPECT_EQ(chat.client.app.IpLogText, "");
+}
+
+TEST_F(JoinReportByTheFrame, WhoJoinsInTheMiddleOfAReportIsForgotten) {
+  chat.tab().ActionsArmed = true;
+  chat.tab().JoinLines = "bob";
+  const int ahead = chat.platform.desktop.yields;
+  chat.platform.desktop.on_yield = [&] {
+    if (chat.platform.desktop.yields != ahead + 2) return;  // the first is that of the frame
+    chat.client.hooks.ClientAction("ann приходит на канал"_w, 0);
+    EXPECT_EQ(chat.tab().JoinLines, "bob\r\nann");
+  };
+  const Text list = "alice|[+o-t][10.0.0.1:]''\nbob|[][10.0.0.7:]''\nann|[][10.0.0.8:]''\n";
+  Frame(list);
+  EXPECT_EQ(chat.tab().JoinLines, "");
+  EXPECT_EQ(chat.Winsock3().State(), SocketState::kConnecting);
+  Frame(list);
+  EXPECT_EQ(chat.client.app.IpLogText, "\r\n10.0.0.7 bob");
 }
 
 }  // namespace

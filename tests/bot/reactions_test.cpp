@@ -71,7 +71,7 @@ TEST_F(Reactions, SeveralWhoComeAreNotedOnALineEach) {
   EXPECT_EQ(chat.tab().JoinLines, "bob\r\nann");
 }
 
-TEST_F(Reactions, AnAddressBehindThePhraseIsCutOff) {
+TEST_F(Reactions, WhatStandsBehindThePhraseDoesNotMatter) {
   Tell("bob приходит на канал (10.0.0.7)"_w);
   EXPECT_TRUE(Joined());
   Tell("ann приходит к нам (mask) (10.0.0.7))"_w);
@@ -128,6 +128,17 @@ TEST_F(Reactions, WhoLeavesIsTakenOutOfTheListAndTheCounts) {
   EXPECT_EQ(Counts(), "Пользователей: 1/1"_w);
   EXPECT_EQ(chat.tab().UsersText.text(), records);
   EXPECT_THAT(updates, IsEmpty());
+}
+
+TEST_F(Reactions, TheAddressOfWhoLeavesIsCutOff) {
+  for (const Text& address : {" (10.0.0.7)"_w, " (mask) (10.0.0.7))"_w, " ((10.0.0.7))"_w}) {
+    List({{"ann", ""}, {"bob", ""}});
+    Tell("bob покидает нас"_w + address);
+    EXPECT_EQ(List(), "\r\n\r\nann\r\n") << address;
+  }
+  List({{"bob", ""}});
+  Tell("bob покидает нас (mask) (10.0.0.7)"_w);  // one bracket at the end: one group
+  EXPECT_EQ(List(), "\r\n\r\nbob\r\n");
 }
 
 TEST_F(Reactions, TheFirstPlaceThatReadsLikeTheNickIsTaken) {
