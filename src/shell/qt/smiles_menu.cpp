@@ -3,7 +3,10 @@
 #include <QAction>
 #include <QIcon>
 #include <QMenu>
+#include <QPixmap>
 #include <QProxyStyle>
+#include <QtMath>
+#include <algorithm>
 
 #include "platform/qt/text_conversion.h"
 #include "session/both_languages.h"
@@ -14,28 +17,31 @@
 #include "users/smile_menu.h"
 
 namespace parlorwire {
-namespace {
 
-constexpr int kPictureSide = 24;  // pixels at the most
+constexpr int kLargestSide = 64;  // pixels; larger pictures are shrunk to it
 
 // Pictures as large as they are.
 class SmilesStyle : public QProxyStyle {
  public:
   int pixelMetric(PixelMetric metric, const QStyleOption* option,
                   const QWidget* widget) const override {
-    return metric == PM_SmallIconSize ? kPictureSide
-                                      : QProxyStyle::pixelMetric(metric, option, widget);
+    return metric == PM_SmallIconSize ? side_ : QProxyStyle::pixelMetric(metric, option, widget);
   }
+  void MakeRoomFor(const QPixmap& picture) {
+    const QSizeF size = picture.deviceIndependentSize();
+    const int side = qCeil(std::max(size.width(), size.height()));
+    side_ = std::clamp(side, side_, kLargestSide);
+  }
+
+ private:
+  int side_ = 0;  // pixels, of the largest picture
 };
 
-}  // namespace
-
 SmilesMenu::SmilesMenu(Client& client, QWidget* window)
-    : QObject(window), client_(client), menu_(new QMenu(window)) {
+    : QObject(window), client_(client), menu_(new QMenu(window)), style_(new SmilesStyle) {
   NameControl(menu_, QStringLiteral("MenuSmilesItem"));
-  auto* style = new SmilesStyle;
-  style->setParent(menu_);
-  menu_->setStyle(style);
+  style_->setParent(menu_);
+  menu_->setStyle(style_);
   menu_->setPalette(SmilesPalette(menu_->palette()));
   connect(menu_, &QMenu::aboutToShow, this, &SmilesMenu::Fill);
   ShowTitle();
@@ -58,8 +64,10 @@ void SmilesMenu::Fill() {
     int number = 0;
     for (const SmileItem& smile : SmileItems(client_)) {
       QString caption = ToQString(smile.caption);
-      QAction* item = menu_->addAction(QIcon(SmilePixmap(smile.picture, menu_)),
-                                       caption.replace(QLatin1Char('&'), QLatin1String("&&")));
+      const QPixmap picture = SmilePixmap(smile.picture, menu_);
+      style_->MakeRoomFor(picture);
+      QAction* item =
+          menu_->addAction(QIcon(picture), caption.replace(QLatin1Char('&'), QLatin1String("&&")));
       item->setObjectName(QStringLiteral("MenuSmilesItem_%1").arg(++number));
       connect(item, &QAction::triggered, this, [this, caption = smile.caption] {
         OnEvent(client_, "MenuSmilesItem_Click", [&] {

@@ -13,6 +13,7 @@ class QWidget;
 namespace parlorwire {
 
 struct Client;
+class SmilesStyle;
 
 // MenuSmilesItem: a picture and its codes an item. It is filled when it first comes up; a long one
 // has as many columns as the screen asks for.
@@ -36,6 +37,7 @@ class SmilesMenu : public QObject {
 
   Client& client_;
   QMenu* menu_;
+  SmilesStyle* style_;  // of the menu, to which it belongs
 };
 
 }  // namespace parlorwire

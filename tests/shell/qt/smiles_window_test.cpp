@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QObject>
 
+#include "shell/qt/graphic_button.h"
 #include "shell/qt/menu_smiles_show.h"
 #include "shell/qt/windows_fixture.h"
 #include "support/one_smile.h"
@@ -51,6 +52,29 @@ struct SmilesWindow : Windows {
   QAbstractButton* button;
   QLineEdit* msg;
 };
+
+constexpr QRgb kRed = 0xFFFF0000;
+
+// A library of one smile, all red.
+Text RedSmile(int width, int height) {
+  DibParts parts{.width = width, .height = height, .depth = 32};
+  for (int i = 0; i < width * height; ++i)
+    parts.data += LittleEndianBytes(kRed, 4);
+  ResourceFile file;
+  file.String(101, u"1");
+  file.String(102, u"red");
+  file.Bitmap(102, parts.Bytes());
+  return file.Bytes();
+}
+
+// How much room red takes.
+QSize RedIn(const QImage& image) {
+  QRect red;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (image.pixel(x, y) == kRed) red |= QRect(x, y, 1, 1);
+  return red.size();
+}
 
 }  // namespace
 
@@ -135,6 +159,38 @@ class SmilesWindowTest : public QObject {
     QMenu* menu = ContextMenuOf(windows.Find("msg_0"));
     QVERIFY(!menu->actions().last()->isEnabled());
     menu->close();
+  }
+
+  void ATableThatIsThereAtTheStartHasItsButton() {
+    SimulatedPlatform outside;
+    outside.program_files.files["smiles.dll"] = RedSmile(1, 1);
+    QtDesktop desktop;
+    Client client{outside.Ports(desktop)};
+    Assemble(client);
+    client_main window(client, desktop);
+    window.Load();
+    QVERIFY(window.controls.button_smiles->isEnabled());
+  }
+
+  void APictureIsAsLargeInTheMenuAsItIs_data() {
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QSize>("shown");
+    QTest::newRow("small") << QSize(10, 12) << QSize(10, 12);
+    QTest::newRow("wide") << QSize(30, 20) << QSize(30, 20);
+    QTest::newRow("too large") << QSize(256, 128) << QSize(64, 32);
+  }
+  void APictureIsAsLargeInTheMenuAsItIs() {
+    QFETCH(QSize, size);
+    QFETCH(QSize, shown);
+    SmilesWindow windows;
+    windows.outside.program_files.files["smiles.dll"] = RedSmile(size.width(), size.height());
+    LoadSmiles(windows.client);
+    windows.RightClick(windows.button);
+    QMenu* menu = SmilesWindow::Popup();
+    QVERIFY(menu != nullptr);
+    const QSize red = RedIn(menu->grab().toImage());
+    menu->close();
+    QCOMPARE(red, shown);
   }
 
   void ALongMenuHasColumnsThatFitTheScreen() {
