@@ -12,6 +12,11 @@ namespace parlorwire {
 
 struct Client;
 
+// What is asked; the second for what the service's list of bans will show.
+inline constexpr std::string_view kReason = W<"Укажите причину:">;
+inline constexpr std::string_view kReasonForTheList =
+    W<"Укажите причину (будет отображено в бан-листе):">;
+
 inline constexpr std::string_view kForGood = W<"Надолго">;
 
 // The list of durations, in seconds, in its order. The first entry is preselected. `text_input`

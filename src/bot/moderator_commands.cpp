@@ -10,9 +10,6 @@
 namespace parlorwire {
 namespace {
 
-constexpr std::string_view kReasonForTheList = W<"Укажите причину (будет отображено в бан-листе):">;
-constexpr std::string_view kReason = W<"Укажите причину:">;
-
 int ActiveTab(const Client& client) {
   return client.platform.desktop.ActiveTab();
 }

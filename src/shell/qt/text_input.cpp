@@ -15,6 +15,16 @@
 #include "shell/qt/control_names.h"
 
 namespace parlorwire {
+namespace {
+
+// What the Russian texts mean, each of which has this form only.
+constexpr const char* kReasonMeaning = "Type a reason";
+constexpr const char* kReasonForTheListMeaning =
+    "Type a reason (it will be shown in the list of bans)";
+constexpr const char* kDurationMeaning = "Choose a time in seconds";
+constexpr const char* kForGoodMeaning = "For good";
+
+}  // namespace
 
 text_input::text_input(Client& client, const QString& prompt, const QString& title, QWidget* owner)
     : QDialog(owner), client_(client) {
@@ -24,24 +34,37 @@ text_input::text_input(Client& client, const QString& prompt, const QString& tit
   setPalette(PaletteOn(palette(), kDialogBackColor));
   setFont(LabelFont());
 
-  const auto labelled = [this](QWidget* control, const QString& name, const QString& words) {
-    NameControl(control, name);
-    SayControl(control, words);
+  const bool english = client_.app.Language == UiLanguage::kEnglish;
+  const auto labelled = [this, english](QWidget* control, const QString& name, const QString& words,
+                                        const char* meaning) {
     auto* label = new QLabel(words, this);
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(control);
+    NameControl(control, name);
     NameControl(label, "l_" + name);
+    for (QWidget* each : {control, static_cast<QWidget*>(label)}) {
+      SayControl(each, english ? QString::fromLatin1(meaning) : words);
+      if (english) each->setToolTip(QString::fromLatin1(meaning));
+    }
     return label;
   };
   text_ = new QLineEdit(this);
   auto* column = new QVBoxLayout(this);
-  column->addWidget(labelled(text_, "text", prompt));
+  const bool for_the_list = prompt == ToQString(kReasonForTheList);
+  column->addWidget(
+      labelled(text_, "text", prompt, for_the_list ? kReasonForTheListMeaning : kReasonMeaning));
   column->addWidget(text_);
   duration_ = new QComboBox(this);
   for (const std::string_view seconds : kDurations)
     duration_->addItem(ToQString(seconds));
+  if (english) {
+    const int for_good = duration_->findText(ToQString(kForGood));
+    for (const int role : {Qt::ToolTipRole, Qt::AccessibleTextRole})
+      duration_->setItemData(for_good, QString::fromLatin1(kForGoodMeaning), role);
+  }
   auto* row = new QHBoxLayout;
-  QLabel* duration_label = labelled(duration_, "duration", ToQString(kDurationLabel));
+  QLabel* duration_label =
+      labelled(duration_, "duration", ToQString(kDurationLabel), kDurationMeaning);
   row->addWidget(duration_label);
   row->addWidget(duration_);
   row->addStretch();

@@ -130,6 +130,35 @@ class TextInputTest : public QObject {
     });
   }
 
+  void InEnglishItSaysWhatItMeansBesides() {
+    Operator one("[Main]\r\nLanguage=English\r\n");
+    one.Ask(kick, [](text_input& prompt) {
+      const QString meaning = "Type a reason (it will be shown in the list of bans)";
+      auto* label = prompt.findChild<QLabel*>("l_text");
+      QCOMPARE(label->text(), Utf8("Укажите причину (будет отображено в бан-листе):"));
+      QCOMPARE(label->toolTip(), meaning);
+      QCOMPARE(prompt.findChild<QLineEdit*>("text")->accessibleName(), meaning);
+    });
+    one.Ask(mute, [](text_input& prompt) {
+      QCOMPARE(prompt.findChild<QLabel*>("l_text")->toolTip(), QString("Type a reason"));
+      QCOMPARE(prompt.findChild<QLabel*>("l_duration")->toolTip(),
+               QString("Choose a time in seconds"));
+      auto* duration = prompt.findChild<QComboBox*>("duration");
+      QCOMPARE(duration->accessibleName(), QString("Choose a time in seconds"));
+      QCOMPARE(duration->itemData(5, Qt::ToolTipRole).toString(), QString("For good"));
+      QCOMPARE(duration->itemData(5, Qt::AccessibleTextRole).toString(), QString("For good"));
+    });
+  }
+
+  void InRussianItNeedsNoExplanation() {
+    Operator one;
+    one.Ask(mute, [](text_input& prompt) {
+      QCOMPARE(prompt.findChild<QLabel*>("l_text")->toolTip(), QString());
+      QCOMPARE(prompt.findChild<QLineEdit*>("text")->accessibleName(), Utf8("Укажите причину:"));
+      QVERIFY(!prompt.findChild<QComboBox*>("duration")->itemData(5, Qt::ToolTipRole).isValid());
+    });
+  }
+
   void TheKeysOfAnOperatorInMsg_data() {
     QTest::addColumn<int>("key");
     QTest::addColumn<QString>("line");
