@@ -446,6 +446,24 @@ TEST_F(NoticeMouseTest, OfSeveralNoticesEachLeadsToItsOwnLine) {
   EXPECT_EQ(Pane(1).SelStart(), At(">[16:45:57]", 1));
 }
 
+TEST_F(NoticeMouseTest, ItsFirstLineIsReadFromTheEnd) {
+  for (const Text& channel : {Text("big [hall"), Text("big id#7 hall")}) {
+    chat.tab(1).Channel = channel;
+    Line("[16:46:00]bob:() alice, again", 1);
+    Click(Word());
+    EXPECT_EQ(desktop.active_tab, 1) << channel;
+    EXPECT_EQ(Pane(1).SelStart(), At(">[16:46:00]", 1)) << channel;
+    desktop.active_tab = 0;
+  }
+}
+
+TEST_F(NoticeMouseTest, TheCaseOfItsFirstWordDoesNotCount) {
+  Pane().Text("x\r\nКАНАЛ big hall [alice] id#5\r\n>>x\r\nПерейти\r\n"_w);
+  Click(Word());
+  EXPECT_EQ(desktop.active_tab, 1);
+  EXPECT_EQ(Pane(1).SelStart(), 5);
+}
+
 TEST_F(NoticeMouseTest, ATabThatIsClosedIsNamed) {
   desktop.SetTabVisible(1, false);
   Click(Word());

@@ -88,6 +88,12 @@ TEST_P(ResourceLibraryTest, ThenTheFirst) {
   EXPECT_EQ(String(102), Wide(u"german"));
 }
 
+TEST_P(ResourceLibraryTest, ANamedLanguageIsNotRussian) {
+  file.Bitmap(102, "english", kEnglish);
+  file.Bitmap(102, "named", 0x80000000U | kRussianLanguage);
+  EXPECT_EQ(Bitmap(102), "english");
+}
+
 TEST_P(ResourceLibraryTest, TheLanguageIsChosenForABlockAndHidesOthersTexts) {
   file.String(102, u"neutral", kNeutralLanguage);
   file.String(103, u"russian", kRussianLanguage);
