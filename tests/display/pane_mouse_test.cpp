@@ -298,6 +298,19 @@ TEST_F(PaneMouseTest, APressIsKnownByItsTabAndPlace) {
   EXPECT_EQ(app.MouseDownChar, 5);
 }
 
+TEST_F(PaneMouseTest, TheFirstCharacterOfThePaneDoesNotAnswer) {
+  Pane().Text("first line\r\n");
+  Rich_MouseDown(chat.client, 0, 0, kLeft);
+  EXPECT_FALSE(app.MouseSelecting);
+  Rich_MouseDown(chat.client, 0, 1, kRight);
+  EXPECT_FALSE(app.MouseSelecting);
+  Pane().ExSetSel(0, 5);
+  Click(0, kRight);
+  EXPECT_THAT(copy_menus, IsEmpty());
+  Click(1, kRight);
+  EXPECT_THAT(copy_menus, ElementsAre(0));
+}
+
 TEST_F(PaneMouseTest, ADoubleClickActsOnce) {
   Line("[16:45:57]bob:() hello");
   Click(At("bob:"));

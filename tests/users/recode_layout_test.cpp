@@ -50,6 +50,7 @@ TEST_F(RecodeLayoutTest, ANickThatIsNotThereIsRecodedToo) {
   EXPECT_EQ(Recoded("carol: ghbdtn"), "сфкщдЖ привет"_w);
   EXPECT_EQ(Recoded("ali: ghbdtn"), "фдшЖ привет"_w);
   EXPECT_EQ(Recoded("bob ghbdtn"), "ищи привет"_w);
+  EXPECT_EQ(Recoded("bobs ghbdtn"), "ищиы привет"_w);
   EXPECT_EQ(Recoded("bob:ghbdtn"), "ищиЖпривет"_w);
   EXPECT_EQ(Recoded("bob:"), "ищиЖ"_w);
 }
