@@ -166,7 +166,7 @@ class AccessiblePane : public QAccessibleWidget, public QAccessibleTextInterface
   QString Tell(PaneRange range, int* start, int* end) const {
     *start = AccessibleOffset(range.start);
     *end = AccessibleOffset(range.end);
-    return AccessibleText(box(), range);
+    return SpokenText(box(), range);
   }
 
   RichTextView* view_;
@@ -191,13 +191,19 @@ QString AccessibleText(const RichTextBox& box, PaneRange range) {
   if (range.empty()) return {};
   QString text = ToQString(box.TextBetween(range.start, range.end));
   text.replace(QLatin1Char('\r'), QLatin1Char(' '));
+  for (const PaneRun& run : box.RunsBetween(range.start, range.end))
+    if (run.picture) text[run.start - range.start] = QChar::ObjectReplacementCharacter;
+  return text;
+}
+
+QString SpokenText(const RichTextBox& box, PaneRange range) {
+  const QString text = AccessibleText(box, range);
   QString spoken;
   PanePosition at = range.start;
   for (const PaneRun& run : box.RunsBetween(range.start, range.end)) {
-    if (!run.picture) continue;
+    if (!run.picture || run.picture->code.empty()) continue;
     spoken += QStringView(text).mid(at - range.start, run.start - at);
-    spoken += run.picture->code.empty() ? QString(QChar::ObjectReplacementCharacter)
-                                        : ToQString(run.picture->code);
+    spoken += ToQString(run.picture->code);
     at = run.start + 1;
   }
   spoken += QStringView(text).mid(at - range.start);

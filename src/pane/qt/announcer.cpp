@@ -40,8 +40,7 @@ void PaneAnnouncer::TextChanged(const PaneView::TextChange& change) {
   if (!untold_.empty() && removed_end <= untold_.start) {
     const PanePosition shift = change.inserted - change.removed;
     const PaneRange now{untold_.start + shift, untold_.end + shift};
-    QAccessibleTextInsertEvent event(view_, AccessibleOffset(untold_.start),
-                                     AccessibleText(box_, now));
+    QAccessibleTextInsertEvent event(view_, AccessibleOffset(untold_.start), SpokenText(box_, now));
     tell_(&event);
   } else if (!untold_.empty() && change.start >= untold_.end) {
     Flush();
@@ -58,7 +57,7 @@ void PaneAnnouncer::TextChanged(const PaneView::TextChange& change) {
 void PaneAnnouncer::Flush() {
   if (untold_.empty()) return;
   QAccessibleTextInsertEvent event(view_, AccessibleOffset(untold_.start),
-                                   AccessibleText(box_, untold_));
+                                   SpokenText(box_, untold_));
   untold_ = {};
   tell_(&event);
 }

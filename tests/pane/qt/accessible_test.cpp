@@ -62,13 +62,25 @@ class RichTextViewAccessibleTest : public QObject {
       pane.box.PastePicture(std::make_shared<PanePicture>(PanePicture{"*:)", nullptr}));
     }
     QCOMPARE(pane.text->characterCount(), 7);
-    QCOMPARE(pane.text->text(0, 7), QStringLiteral("ab*:) cd*:)"));
-    QCOMPARE(pane.text->text(1, 3), QStringLiteral("b*:)"));
     int start = 0;
     int end = 0;
     QCOMPARE(pane.text->textAtOffset(2, QAccessible::CharBoundary, &start, &end),
              QStringLiteral("*:)"));
     QCOMPARE(end - start, 1);
+    QCOMPARE(pane.text->textAtOffset(0, QAccessible::LineBoundary, &start, &end),
+             QStringLiteral("ab*:) cd*:)"));
+    QCOMPARE(end - start, 7);
+  }
+
+  void ASmileIsOneCharacterOfTheTextSoThatOffsetsBehindItHold() {
+    ReadPane pane;
+    Append(pane.box, "ab cd", MainFormat(0));
+    pane.box.ExSetSel(2, 2);
+    pane.box.PastePicture(std::make_shared<PanePicture>(PanePicture{"*:)", nullptr}));
+    const QString whole = pane.text->text(0, -1);
+    QCOMPARE(whole, QStringLiteral("ab\uFFFC cd"));
+    QCOMPARE(whole.size(), pane.text->characterCount());
+    QCOMPARE(pane.text->text(4, 6), QStringLiteral("cd"));
   }
 
   void CharactersWordsRowsAndLinesAreFoundAroundAnOffset() {
