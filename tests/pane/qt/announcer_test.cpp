@@ -5,6 +5,7 @@
 #include <QList>
 #include <QString>
 #include <QTest>
+#include <memory>
 
 #include "pane/rich_text_box.h"
 #include "support/qt/qt_test.h"
@@ -67,6 +68,15 @@ class PaneAnnouncerTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void ASmileInALineThatComesIsToldAsItsCode() {
+    AnnouncedPane pane;
+    pane.Append("hi  you");
+    pane.box.ExSetSel(3, 4);
+    pane.box.PastePicture(std::make_shared<PanePicture>(PanePicture{"*:)", nullptr}));
+    pane.announcer.Flush();
+    QCOMPARE(told, (QList<Told>{{QAccessible::TextInserted, 0, "hi *:)you"}}));
+  }
+
   void ALineThatComesInPiecesIsToldOnce() {
     AnnouncedPane pane;
     pane.Append("[1] ");
