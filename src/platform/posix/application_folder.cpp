@@ -24,8 +24,10 @@ bool IsWritable(const Path& folder) {
 }  // namespace
 
 Path ApplicationFolder(const Path& executable_folder, const Path& user_data_folder) {
-  if (!IsUnderUsr(executable_folder) && IsWritable(executable_folder)) return executable_folder;
   std::error_code ignored;
+  const bool was_used = std::filesystem::exists(executable_folder / "config.ini", ignored);
+  if ((was_used || !IsUnderUsr(executable_folder)) && IsWritable(executable_folder))
+    return executable_folder;
   std::filesystem::create_directories(user_data_folder, ignored);
   std::filesystem::permissions(user_data_folder, std::filesystem::perms::owner_all, ignored);
   return user_data_folder;

@@ -6,8 +6,9 @@
 namespace parlorwire {
 
 // The folder of the executable if files can be put there; else, or if the program is installed for
-// all users under /usr, `user_data_folder`, which is created with its parents if need be. Never
-// throws: a folder that can't be created shows at the first write.
+// all users under /usr and has no "config.ini" beside it from earlier, `user_data_folder`, which is
+// created with its parents if need be. Never throws: a folder that can't be created shows at the
+// first write.
 std::filesystem::path ApplicationFolder(const std::filesystem::path& executable_folder,
                                         const std::filesystem::path& user_data_folder);
 

@@ -38,6 +38,13 @@ TEST_F(ApplicationFolderTest, IsTheUsersForAProgramUnderUsrAlsoForTheSuperuser) 
   EXPECT_EQ(ApplicationFolder("/usr/local/bin", data), data);
 }
 
+TEST_F(ApplicationFolderTest, StaysTheProgramsUnderUsrIfSettingsLieThereFromEarlier) {
+  const auto under_usr = std::filesystem::path("/usr/..") / beside.relative_path();
+  EXPECT_EQ(ApplicationFolder(under_usr, data), data);
+  folder.Put("program/config.ini", "[Main]");
+  EXPECT_EQ(ApplicationFolder(under_usr, data), under_usr);
+}
+
 TEST_F(ApplicationFolderTest, IsThereStillAtTheNextStart) {
   ApplicationFolder("/usr/bin", data);
   folder.Put("home/.local/share/parlorwire/config.ini", "kept");
