@@ -27,3 +27,5 @@ SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils x11-xkb-utils xclip maim dbus-da
                  python3-gi gir1.2-atspi-2.0)
 TEST_PACKAGES=(libgtest-dev libgmock-dev clang-19 clang-tidy-19 clang-format-19 libclang-rt-19-dev
                iproute2 procps git tinyproxy-bin binutils-mingw-w64-i686)
+# What builds the Debian packages and looks them over.
+PACKAGE_PACKAGES=(dpkg-dev file gzip lintian desktop-file-utils appstream man-db)

@@ -52,7 +52,7 @@ class Tour:
         self.pictures = 0
         self.port = 0
         self.start_service()
-        config = os.path.join(os.path.dirname(program), "config.ini")
+        config = os.path.join(self.settings_folder(program), "config.ini")
         with open(config, "w", encoding="cp1251", newline="") as file:
             file.write(SETTINGS.format(port=self.port))
         self.client = subprocess.Popen([program])
@@ -69,6 +69,9 @@ class Tour:
 
     def service_options(self):
         return []
+
+    def settings_folder(self, program):
+        return os.path.dirname(program)
 
     def stop_service(self):
         self.chat.terminate()
