@@ -33,6 +33,7 @@ struct Account {
   std::map<Text, Text> tickets;  // by the key of the channel of the login
   std::deque<PersonalMessage> personal;
   std::int64_t next_personal = 1;
+  std::int64_t told_personal = 0;  // the newest of them that a frame or an answer has told of
   std::set<FrameId> personal_frames;
   std::deque<Text> recent_posts;  // number and text, to pass over what a browser sends twice
 };

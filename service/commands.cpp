@@ -8,6 +8,7 @@
 
 #include "service/ascii.h"
 #include "service/names.h"
+#include "service/posting.h"
 #include "service/presence.h"
 #include "service/presentation.h"
 #include "text/cut.h"
@@ -151,7 +152,7 @@ Text Act(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment
   const Text& nick = speaker.account.nick;
   const Text action = nick + " " + (lowered ? LCase(rest) : Text(rest));
   Broadcast(chat.frames, *speaker.channel, {0, LineForm::kAction, nick, {}, action}, now);
-  return "Сообщение отправлено"_w;
+  return Text(kMessageSent);
 }
 
 // A command that needs a presence on the channel.

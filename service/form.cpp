@@ -21,21 +21,36 @@ int HexDigit(char c) {
   return -1;
 }
 
+// Hands over byte by byte what an encoded value stands for, with whether it was escaped.
+template <class Take>
+void ForEachByte(std::string_view encoded, Take take) {
+  for (std::size_t i = 0; i < encoded.size(); ++i) {
+    if (encoded[i] == '+') {
+      take(' ', false);
+    } else if (encoded[i] == '%' && i + 2 < encoded.size() && HexDigit(encoded[i + 1]) >= 0 &&
+               HexDigit(encoded[i + 2]) >= 0) {
+      take(static_cast<char>(HexDigit(encoded[i + 1]) * 16 + HexDigit(encoded[i + 2])), true);
+      i += 2;
+    } else {
+      take(encoded[i], false);
+    }
+  }
+}
+
 std::string Unescape(std::string_view encoded) {
   std::string bytes;
   bytes.reserve(encoded.size());
-  for (std::size_t i = 0; i < encoded.size(); ++i) {
-    if (encoded[i] == '+') {
-      bytes += ' ';
-    } else if (encoded[i] == '%' && i + 2 < encoded.size() && HexDigit(encoded[i + 1]) >= 0 &&
-               HexDigit(encoded[i + 2]) >= 0) {
-      bytes += static_cast<char>(HexDigit(encoded[i + 1]) * 16 + HexDigit(encoded[i + 2]));
-      i += 2;
-    } else {
-      bytes += encoded[i];
-    }
-  }
+  ForEachByte(encoded, [&](char byte, bool) { bytes += byte; });
   return bytes;
+}
+
+// The next field of a form: its name and its value, both encoded.
+std::pair<std::string_view, std::string_view> TakeField(std::string_view& encoded) {
+  const auto end = std::min(encoded.find('&'), encoded.size());
+  const std::string_view field = encoded.substr(0, end);
+  encoded.remove_prefix(std::min(end + 1, encoded.size()));
+  const auto equals = std::min(field.find('='), field.size());
+  return {field.substr(0, equals), field.substr(std::min(equals + 1, field.size()))};
 }
 
 // The next character of a UTF-8 text; nothing if it is not UTF-8.
@@ -84,15 +99,28 @@ bool Form::Has(std::string_view name) const {
 Form DecodeForm(std::string_view encoded, FormBytes bytes) {
   Form form;
   while (!encoded.empty() && form.fields.size() < kMostFields) {
-    const auto end = std::min(encoded.find('&'), encoded.size());
-    const std::string_view field = encoded.substr(0, end);
-    encoded.remove_prefix(std::min(end + 1, encoded.size()));
-    if (field.empty()) continue;
-    const auto equals = std::min(field.find('='), field.size());
-    form.fields.emplace_back(Decode(field.substr(0, equals), bytes),
-                             Decode(field.substr(std::min(equals + 1, field.size())), bytes));
+    const auto [name, value] = TakeField(encoded);
+    if (!name.empty() || !value.empty())
+      form.fields.emplace_back(Decode(name, bytes), Decode(value, bytes));
   }
   return form;
+}
+
+std::string_view EncodedValue(std::string_view encoded, std::string_view name) {
+  while (!encoded.empty()) {
+    const auto [found, value] = TakeField(encoded);
+    if (found == name) return value;
+  }
+  return {};
+}
+
+Text DecodeUnrecoded(std::string_view encoded) {
+  Text text;
+  text.reserve(encoded.size());
+  ForEachByte(encoded, [&](char byte, bool escaped) {
+    text += escaped ? ConvertCharset({byte}, Charset::kKoi, Charset::kWindows1251)[0] : byte;
+  });
+  return text;
 }
 
 Text PercentEncode(std::string_view value) {

@@ -28,6 +28,13 @@ struct Form {
 // and so does every other byte. At most 64 fields are read.
 Form DecodeForm(std::string_view encoded, FormBytes bytes);
 
+// The value of the first field of that name as it stands in the form, not decoded; "" if there is
+// none.
+std::string_view EncodedValue(std::string_view encoded, std::string_view name);
+
+// A value whose escaped bytes are the wire's, and whose other bytes are Windows-1251 already.
+Text DecodeUnrecoded(std::string_view encoded);
+
 // A value for an address: the wire's bytes, all but letters and digits of ASCII and "-._~" as
 // "%XX".
 Text PercentEncode(std::string_view value);

@@ -47,12 +47,13 @@ Text PenaltyRow(const Penalty& penalty, const Text& without, const Moment& now) 
 
 }  // namespace
 
-Text UserFrame(const Channel& channel, const Account& reader, bool form_b) {
+Text UserFrame(const Channel& channel, const Account& reader, const Visitor& visitor, bool form_b) {
   Text frame = "<title>users</title>\n";
   frame += reader.timer ? "<meta http-equiv=\"refresh\" content=\"60\">\n" : "<!-- -->\n";
   frame += "\n\n";
   // The first characters of form B are "<tr>", so its script comes last.
-  const Text signal = HasUnread(reader) ? PersonalSignal(kPersonalPage) : Text();
+  Text signal;
+  if (HasUnread(reader)) signal = PersonalSignal(PersonalAddress(visitor.nick, visitor.ticket));
   if (!form_b) frame += signal;
   for (const Member& member : channel.members)
     frame += UserLine(channel, member, form_b);
@@ -60,16 +61,20 @@ Text UserFrame(const Channel& channel, const Account& reader, bool form_b) {
   return frame;
 }
 
-Text UserPage(const Channel& channel, const Visitor& visitor) {
+Text UserPage(const Channel& channel, const Account& reader, const Visitor& visitor) {
   Text rows;
   for (const Member& member : channel.members)
     rows += "<li><b>" + EscapeHtml(member.account->nick) + "</b> " + FlagsOf(channel, member) +
             " " + EscapeHtml(member.address) + " " + EscapeHtml(member.account->status) + "\n";
   const Text refresh = "<meta http-equiv=\"refresh\" content=\"30\">\n";
+  Text waits;
+  if (HasUnread(reader))
+    waits = "<p><a href='" + PersonalAddress(visitor.nick, visitor.ticket) +
+            "' target=\"personal\">" + "Вам пришло персональное сообщение"_w + "</a>\n";
   return "<html>\n<head>\n<title>users</title>\n" + refresh + "</head>\n<body>\n<h3>" +
-         EscapeHtml(channel.name) + "</h3>\n<ul>\n" + rows + "</ul>\n<a href='/banlist?" +
-         VisitorQuery(visitor) + "'>bans</a>\n<a href='/oplist?" + VisitorQuery(visitor) +
-         "'>opers</a>\n<a href='/topic_hist?" + VisitorQuery(visitor) +
+         EscapeHtml(channel.name) + "</h3>\n" + waits + "<ul>\n" + rows +
+         "</ul>\n<a href='/banlist?" + VisitorQuery(visitor) + "'>bans</a>\n<a href='/oplist?" +
+         VisitorQuery(visitor) + "'>opers</a>\n<a href='/topic_hist?" + VisitorQuery(visitor) +
          "'>topics</a>\n</body>\n</html>\n";
 }
 

@@ -12,9 +12,10 @@ namespace parlorwire::service {
 // Who is on a channel, for robots. Form A holds a line a user, "nick|[flags][address:]'status'";
 // form B is older, "<tr>" and "address:[flags]nick". Both have two lines, a blank one and another
 // line end ahead. A script stands among the users while the reader has personal messages unread.
-Text UserFrame(const Channel& channel, const Account& reader, bool form_b);
-// The same as a page, for those who don't read in the robots' style.
-Text UserPage(const Channel& channel, const Visitor& visitor);
+Text UserFrame(const Channel& channel, const Account& reader, const Visitor& visitor, bool form_b);
+// The same as a page, for those who don't read in the robots' style; with a link in place of the
+// script.
+Text UserPage(const Channel& channel, const Account& reader, const Visitor& visitor);
 
 // Whom the channel keeps out, silences or makes write small letters; why, by whom, and until when.
 Text BanListPage(const Channel& channel, const Moment& now);

@@ -7,6 +7,13 @@
 #include "service/request_reader.h"
 
 namespace parlorwire::service {
+namespace {
+
+constexpr std::string_view kWrongPasswordTitle = "error auth page";
+constexpr std::string_view kWrongPassword = W<"неверное имя или пароль">;
+
+}  // namespace
+
 Text LoginPage() {
   return Page("Чат"_w,
               "<h1>Чат</h1>\n<form method=\"post\" action=\"/\">\n"
@@ -27,7 +34,12 @@ Text WelcomePage(const Visitor& visitor) {
 }
 
 Text WrongPasswordPage() {
-  return Page("error auth page", "<p>неверное имя или пароль\n"_w);
+  return Page(kWrongPasswordTitle, "<p>" + Text(kWrongPassword) + "\n");
+}
+
+Text NoPersonalFramePage(std::string_view time) {
+  return PersonalHead(kWrongPasswordTitle) + "&gt; [" + Text(time) + "]  " + "чат "_w +
+         Text(kWrongPassword) + "\n";
 }
 
 Text RefusedPage() {

@@ -15,6 +15,9 @@ Text LoginPage();
 Text WelcomePage(const Visitor& visitor);
 // Title "error auth page".
 Text WrongPasswordPage();
+// The same where a personal frame was asked for: a line as of a message that came at that time, so
+// that who reads frames alone can see it.
+Text NoPersonalFramePage(std::string_view time);
 // Title "authorization failed!".
 Text RefusedPage();
 // The frames of a channel for a browser.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "service/form.h"
 #include "service/markup.h"
@@ -55,6 +56,7 @@ void Deliver(Chat& chat, Account& account, PersonalMessage message, const Moment
     Write(chat.frames, frame,
           PresentPersonal(account, message, frame.host, now.local, chat.random()), now);
   }
+  if (!account.personal_frames.empty()) account.told_personal = message.number;
   account.personal.push_back(std::move(message));
   if (account.personal.size() > kMessagesKept) account.personal.pop_front();
 }
@@ -65,11 +67,13 @@ void Signal(Chat& chat, Account& account, const Moment& now) {
   for (auto& [key, channel] : chat.channels) {
     const Member* member = FindMember(channel, account.nick);
     if (member == nullptr || member->frame == nullptr) continue;
-    const auto ticket = account.tickets.find(key);
+    // Who came with the ticket of another channel has none of this one.
+    auto ticket = account.tickets.find(key);
+    if (ticket == account.tickets.end()) ticket = account.tickets.begin();
     if (ticket == account.tickets.end()) continue;
-    const Text page = Text(kPersonalPage) + "?username=" + PercentEncode(account.nick) +
-                      "&ticket=" + ticket->second;
+    const Text page = PersonalAddress(account.nick, ticket->second);
     Write(chat.frames, *member->frame, PersonalSignal(page), now);
+    account.told_personal = account.personal.back().number;
   }
 }
 
@@ -81,12 +85,20 @@ Frame& EnterPersonal(Chat& chat, Account& account, const Moment& now, std::strin
   frame.host = host;
   account.personal_frames.insert(frame.id);
   WriteWire(chat.frames, frame, head, now);
-  Write(chat.frames, frame,
-        "<html>\n<head>\n<title>personal messages</title>\n</head>\n<body>\n<br>\n", now);
+  Write(chat.frames, frame, PersonalHead("personal messages"), now);
   for (const PersonalMessage& message : account.personal)
     Write(chat.frames, frame, PresentPersonal(account, message, host, now.local, chat.random()),
           now);
+  account.told_personal = account.next_personal - 1;
   return frame;
+}
+
+Text PersonalAddress(std::string_view nick, const Text& ticket) {
+  return Text(kPersonalPage) + "?username=" + PercentEncode(nick) + "&ticket=" + ticket;
+}
+
+Text PersonalHead(std::string_view title) {
+  return "<html>\n<head>\n<title>" + Text(title) + "</title>\n</head>\n<body>\n<br>\n";
 }
 
 Text PersonalHtml(std::string_view text) {
@@ -119,8 +131,8 @@ Text SendPersonal(Chat& chat, Account& from, const Text& to, const Text& text, c
   const auto found = chat.accounts.find(NickKey(to));
   if (found == chat.accounts.end()) return "Нет такого ника: "_w + to;
   Account& receiver = found->second;
-  Signal(chat, receiver, now);
   Deliver(chat, receiver, {0, 0, true, from.nick, line}, now);
+  Signal(chat, receiver, now);
   Deliver(chat, from, {0, 0, false, receiver.nick, line}, now);
   return "Сообщение отправлено"_w;
 }
@@ -134,6 +146,13 @@ bool Acknowledge(Account& account, std::int64_t number) {
 bool HasUnread(const Account& account) {
   return std::any_of(account.personal.begin(), account.personal.end(),
                      [](const PersonalMessage& message) { return message.received; });
+}
+
+bool TakeUntold(Account& account) {
+  const auto told = std::exchange(account.told_personal, account.next_personal - 1);
+  return std::any_of(
+      account.personal.begin(), account.personal.end(),
+      [told](const PersonalMessage& message) { return message.received && message.number > told; });
 }
 
 }  // namespace parlorwire::service

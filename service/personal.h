@@ -28,6 +28,9 @@ Text PresentPersonal(const Account& account, const PersonalMessage& message, std
 // The text of a personal message as HTML: addresses as links, known smile codes as pictures.
 Text PersonalHtml(std::string_view text);
 
+// The address of a nick's personal frame, with its query.
+Text PersonalAddress(std::string_view nick, const Text& ticket);
+
 // Sends a message, cut at 4000 characters; control characters become blanks. A receiver who has no
 // personal frame is told of it on the channels that he reads. The result is the sentence to answer
 // with; it tells why, if nothing was sent.
@@ -38,5 +41,11 @@ bool Acknowledge(Account& account, std::int64_t number);
 
 // Whether a received message waits.
 bool HasUnread(const Account& account);
+
+// Whether one waits that the nick has not been told of by a frame. He is, with this.
+bool TakeUntold(Account& account);
+
+// What a personal frame begins with, up to the line end behind which the messages stand.
+Text PersonalHead(std::string_view title);
 
 }  // namespace parlorwire::service

@@ -49,7 +49,7 @@ Text Post(Chat& chat, Account& account, const Text& channel_name, const Text& te
   } else {
     Broadcast(chat.frames, *channel, {0, LineForm::kMessage, account.nick, tone, heard}, now);
   }
-  return "Сообщение отправлено"_w;
+  return Text(kMessageSent);
 }
 
 }  // namespace parlorwire::service

@@ -1,11 +1,16 @@
 // What a nick says on a channel.
 #pragma once
 
+#include <string_view>
+
 #include "service/chat.h"
 #include "service/moment.h"
 #include "text/text.h"
 
 namespace parlorwire::service {
+
+// The sentence about a message that the channel was shown.
+inline constexpr std::string_view kMessageSent = W<"Сообщение отправлено">;
 
 // Shows a message to the channel, or carries out the command that it is: a text that begins with
 // "/". It is cut at 2000 characters, and control characters become blanks. `tone` is the name of

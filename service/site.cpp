@@ -11,6 +11,7 @@
 #include "service/personal.h"
 #include "service/posting.h"
 #include "service/presence.h"
+#include "service/presentation.h"
 #include "service/whois.h"
 #include "text/charset.h"
 #include "text/cut.h"
@@ -104,8 +105,10 @@ Answer UsersAnswer(const Visit& visit) {
   if (channel == nullptr || FindMember(*channel, visit.account->nick) == nullptr)
     return ChannelPage(visit);
   if (visit.account->style == kRobotStyle)
-    return {HtmlAnswer(UserFrame(*channel, *visit.account, visit.chat.options.form_b)), {}};
-  return {HtmlAnswer(UserPage(*channel, visit.visitor)), {}};
+    return {
+        HtmlAnswer(UserFrame(*channel, *visit.account, visit.visitor, visit.chat.options.form_b)),
+        {}};
+  return {HtmlAnswer(UserPage(*channel, *visit.account, visit.visitor)), {}};
 }
 
 Answer PostAnswer(const Visit& visit) {
@@ -113,7 +116,14 @@ Answer PostAnswer(const Visit& visit) {
   const Text sentence =
       Post(visit.chat, *visit.account, visit.visitor.channel, visit.form["msgtext"],
            ToneOfAction(visit.form["action"]), visit.form["reqnum"], visit.now);
-  return {HtmlAnswer(PostPage(visit.visitor, sentence)), {}};
+  const Text page = PostPage(visit.visitor, sentence);
+  // Nothing is lost where the answer says no more than that.
+  if (sentence != kMessageSent || !TakeUntold(*visit.account)) return {HtmlAnswer(page), {}};
+  const Text signal =
+      PersonalSignal(PersonalAddress(visit.visitor.nick, visit.visitor.ticket)) + page;
+  // Robots look for the script at the very start of what comes.
+  if (visit.account->style == kRobotStyle) return {ToWire(signal), {}};
+  return {HtmlAnswer(signal), {}};
 }
 
 Answer LogOffAnswer(const Visit& visit) {
@@ -142,13 +152,12 @@ Answer PersonalFrame(const Visit& visit) {
 
 Answer PersonalPost(const Visit& visit) {
   if (!visit.form.Has("msgtext")) return {HtmlAnswer(PersonalPostPage(visit.visitor, {})), {}};
-  Text to = visit.form["xtouser"];
-  if (!visit.chat.accounts.contains(NickKey(to))) {
-    const Text unrecoded = ToWire(to);
-    if (visit.chat.accounts.contains(NickKey(unrecoded))) to = unrecoded;
-  }
+  // One reading only: by another one the words might reach somebody else.
+  const Text to = visit.request.method == "POST"
+                      ? DecodeUnrecoded(EncodedValue(visit.request.body, "xtouser"))
+                      : visit.form["xtouser"];
   const Text sentence =
-      SendPersonal(visit.chat, *visit.account, to, visit.form["msgtext"], visit.now);
+      SendPersonal(visit.chat, *visit.account, Trim(to), visit.form["msgtext"], visit.now);
   return {HtmlAnswer(PersonalPostPage(visit.visitor, sentence)), {}};
 }
 
@@ -246,7 +255,11 @@ Answer Handle(Chat& chat, const Request& request, const Origin& origin, const Mo
                    visit.form["chpwd"]};
   visit.account = FindAccountOfVisit(chat, visit.form);
   if (visit.account != nullptr) visit.visitor.nick = visit.account->nick;
-  if (route->needs_ticket && visit.account == nullptr) return {HtmlAnswer(WrongPasswordPage()), {}};
+  if (route->needs_ticket && visit.account == nullptr)
+    return {HtmlAnswer(route->path == kPersonalPage
+                           ? NoPersonalFramePage(TimeText(now.local, now.local))
+                           : WrongPasswordPage()),
+            {}};
   Answer answer = route->handler(visit);
   if (request.method == "HEAD") answer.bytes.resize(answer.bytes.find("\r\n\r\n") + 4);
   return answer;

@@ -1,6 +1,7 @@
 #include "conversation/evening.h"
 
-#include <array>
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "service/presence.h"
@@ -42,12 +43,8 @@ void Evening::Say(Guest& guest, const Text& text, int tab) {
 void Evening::Settle() {
   for (bool busy = true; busy;) {
     busy = false;
-    for (const auto& guest : guests) {
-      for (TabSession& tab : guest->client.tabs) {
-        for (const auto* socket : tab.Sockets())
-          if (*socket) busy = Serve(*guest, Simulated(*socket)) || busy;
-      }
-    }
+    for (const auto& guest : guests)
+      busy = ServeGuest(*guest) || busy;
     busy = DropLostFrames() || busy;
     busy = SendFrames() || busy;
   }
@@ -62,6 +59,25 @@ void Evening::Pass(std::int64_t milliseconds) {
     service::Advance(chat, now);
     Settle();
   }
+}
+
+// One step of each of his connections; false if there is nothing to do.
+bool Evening::ServeGuest(Guest& guest) {
+  bool busy = false;
+  for (TabSession& tab : guest.client.tabs) {
+    for (const auto* socket : tab.Sockets())
+      if (*socket) busy = Serve(guest, Simulated(*socket)) || busy;
+  }
+  for (const auto& window : guest.client.app.PersWindows)
+    if (std::ranges::find(guest.personal, window) == guest.personal.end())
+      guest.personal.push_back(window);
+  // What happens in here may open another window.
+  for (std::size_t i = 0; i < guest.personal.size(); ++i) {
+    const auto window = guest.personal[i];
+    for (const auto* socket : {&window->W1, &window->W2, &window->W3})
+      busy = Serve(guest, Simulated(*socket)) || busy;
+  }
+  return busy;
 }
 
 // One step of one connection; false if there is nothing to do.

@@ -8,6 +8,7 @@
 #include <memory>
 #include <vector>
 
+#include "personal/personal_window.h"
 #include "service/inhabitants.h"
 #include "service/site.h"
 #include "session/client.h"
@@ -26,6 +27,8 @@ struct Guest {
   Text address;
   SimulatedPlatform platform;
   Client client{platform.Ports()};
+  // The personal windows that have been open: their sockets outlive them.
+  std::vector<std::shared_ptr<PersonalWindow>> personal;
 };
 
 class Evening {
@@ -67,6 +70,7 @@ class Evening {
     service::FrameId frame = 0;
   };
 
+  bool ServeGuest(Guest& guest);
   bool Serve(Guest& guest, SimulatedSocket& socket);
   bool SendFrames();
   bool DropLostFrames();

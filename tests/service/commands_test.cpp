@@ -91,7 +91,7 @@ TEST_F(CommandTest, ANickThatIsNotThereIsNamedInTheAnswer) {
 
 TEST_F(CommandTest, StatusShowsBesideTheNick) {
   EXPECT_EQ(Say("bob", "/status gone <out>"), "Статус установлен"_w);
-  EXPECT_TRUE(Contains(UserFrame(hall(), chat.accounts.at("alice"), false),
+  EXPECT_TRUE(Contains(UserFrame(hall(), chat.accounts.at("alice"), {}, false),
                        "\nbob|[][10.0.0.1:]'gone &lt;out&gt;'\n"));
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "text/charset.h"
+
 namespace parlorwire::service {
 namespace {
 
@@ -58,6 +60,18 @@ TEST(FromUtf8, ConvertsAndRefusesWhatIsNotUtf8) {
   EXPECT_EQ(FromUtf8("\xF0\x9F\x98\x80"), "?");
   for (const char* bad : {"\x80", "\xC0\xAF", "\xD0", "\xE6\x97", "\xF5\x80\x80\x80", "a\xFF"})
     EXPECT_EQ(FromUtf8(bad), "") << bad;
+}
+
+TEST(Form, AValueAsItStandsIsThatOfTheFirstFieldOfTheName) {
+  EXPECT_EQ(EncodedValue("a=1&b=x%20+y&b=2", "b"), "x%20+y");
+  EXPECT_EQ(EncodedValue("ab=1", "b"), "");
+}
+
+TEST(Form, AnUnrecodedValueHoldsTheWiresBytesInEscapesOnly) {
+  const Text koi = ConvertCharset("Кот"_w, Charset::kWindows1251, Charset::kKoi);
+  EXPECT_EQ(DecodeUnrecoded("Кот"_w), "Кот"_w);
+  EXPECT_EQ(DecodeUnrecoded(PercentEncode("Кот"_w) + "+%2B%"), "Кот +%"_w);
+  EXPECT_NE(DecodeUnrecoded(koi), "Кот"_w);
 }
 
 }  // namespace

@@ -25,33 +25,41 @@ struct ListsTest : ChatFixture {
 TEST_F(ListsTest, UsersInFormA) {
   chat.accounts.at("bo&b").status = "at 'work' <1>";
   Say("alice", "/mo -t");
-  EXPECT_EQ(UserFrame(hall(), alice(), false),
+  EXPECT_EQ(UserFrame(hall(), alice(), visitor, false),
             "<title>users</title>\n<!-- -->\n\n\n"
             "alice|[+o-t][10.0.0.1:]''\nbo&amp;b|[][10.0.0.1:]'at work &lt;1&gt;'\n");
 }
 
 TEST_F(ListsTest, UsersInFormB) {
-  EXPECT_EQ(UserFrame(hall(), alice(), true),
+  EXPECT_EQ(UserFrame(hall(), alice(), visitor, true),
             "<title>users</title>\n<meta http-equiv=\"refresh\" content=\"60\">\n\n\n"
             "<tr>\n10.0.0.1:[+o]alice\n<tr>\n10.0.0.1:[]bo&amp;b\n");
 }
 
 TEST_F(ListsTest, UsersCarryAScriptWhilePersonalMessagesWait) {
-  const Text script = "<script>\nwindow.open('/mframe_pm', 'personal')\n</script>\n";
+  const Text script =
+      "<script>\nwindow.open('/mframe_pm?username=alice&ticket=TICKET', 'personal')\n</script>\n";
   SendPersonal(chat, alice(), "alice", "note", now);
-  EXPECT_TRUE(Contains(UserFrame(hall(), alice(), false), "\n\n\n" + script + "alice|"));
-  EXPECT_TRUE(UserFrame(hall(), alice(), true).ends_with("bo&amp;b\n" + script));
+  EXPECT_TRUE(Contains(UserFrame(hall(), alice(), visitor, false), "\n\n\n" + script + "alice|"));
+  EXPECT_TRUE(UserFrame(hall(), alice(), visitor, true).ends_with("bo&amp;b\n" + script));
   Acknowledge(alice(), 1);
-  EXPECT_FALSE(Contains(UserFrame(hall(), alice(), false), "<script"));
+  EXPECT_FALSE(Contains(UserFrame(hall(), alice(), visitor, false), "<script"));
 }
 
 TEST_F(ListsTest, UsersForBrowsersArePageWithLinks) {
-  const Text page = UserPage(hall(), visitor);
+  const Text page = UserPage(hall(), alice(), visitor);
   EXPECT_TRUE(Contains(page, "<li><b>alice</b> [+o] 10.0.0.1 \n<li><b>bo&amp;b</b> [] "));
   for (const char* path : {"/banlist", "/oplist", "/topic_hist"})
     EXPECT_TRUE(
         Contains(page, "'" + Text(path) + "?username=alice&channel=hall&chpwd=key&ticket=TICKET'"))
         << path;
+}
+
+TEST_F(ListsTest, UsersForBrowsersLeadToThePersonalMessagesThatWait) {
+  const Text link = "<a href='/mframe_pm?username=alice&ticket=TICKET' target=\"personal\">";
+  EXPECT_FALSE(Contains(UserPage(hall(), alice(), visitor), "/mframe_pm"));
+  SendPersonal(chat, alice(), "alice", "note", now);
+  EXPECT_TRUE(Contains(UserPage(hall(), alice(), visitor), link));
 }
 
 TEST_F(ListsTest, ChannelsForRobots) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "chat_fixture.h"
+#include "text/cut.h"
 
 namespace parlorwire::service {
 namespace {
@@ -55,6 +56,52 @@ TEST_F(PersonalTest, WhoDoesNotReadThePageIsToldOnHisChannels) {
   EnterPersonal(chat, chat.accounts.at("bob"), now, "", "h");
   SendPersonal(chat, alice, "bob", "hi", now);
   EXPECT_EQ(Read(bob), "");
+}
+
+TEST_F(PersonalTest, WhoCameWithTheTicketOfAnotherChannelIsToldAsWell) {
+  Account& alice = Known("alice");
+  Frame& bob = Come("bob", "attic");
+  SendPersonal(chat, alice, "bob", "hi", now);
+  EXPECT_TRUE(Read(bob).starts_with("<script>\nwindow.open('/mframe_pm?username=bob&ticket="));
+}
+
+TEST_F(PersonalTest, AMessageIsUntoldUntilAFrameOrAnAnswerTellsOfIt) {
+  Account& alice = Known("alice");
+  Account& bob = Known("bob");
+  EXPECT_FALSE(TakeUntold(bob));
+  SendPersonal(chat, alice, "bob", "while he is away", now);
+  EXPECT_FALSE(TakeUntold(alice));
+  EXPECT_TRUE(TakeUntold(bob));
+  EXPECT_FALSE(TakeUntold(bob));
+
+  SendPersonal(chat, alice, "bob", "while he is away", now);
+  const FrameId page = EnterPersonal(chat, bob, now, "", "h").id;
+  EXPECT_FALSE(TakeUntold(bob));
+  SendPersonal(chat, alice, "bob", "on his personal frame", now);
+  EXPECT_FALSE(TakeUntold(bob));
+  FrameIsGone(chat, page, now);
+
+  Come("bob");
+  SendPersonal(chat, alice, "bob", "on his channel", now);
+  EXPECT_FALSE(TakeUntold(bob));
+}
+
+TEST_F(PersonalTest, AQuietFrameIsKeptAlive) {
+  Frame& page = EnterPersonal(chat, Known("bob"), now, "", "h");
+  Read(page);
+  Pass(29999);
+  EXPECT_EQ(Read(page), "");
+  Pass(1);
+  EXPECT_EQ(Read(page), "<!-- -->\n");
+}
+
+TEST_F(PersonalTest, AMessageOfAnotherDayShowsItsDate) {
+  Account& alice = Known("alice");
+  Known("bob");
+  SendPersonal(chat, alice, "bob", "hi", now);
+  now.local += 24 * 60 * 60;
+  EXPECT_TRUE(Contains(Read(EnterPersonal(chat, chat.accounts.at("bob"), now, "", "h")),
+                       "&gt; [06/05/2024 07:08:09] http://h/pm_ack?reqnum="));
 }
 
 TEST_F(PersonalTest, AClosedPageIsWrittenToNoMore) {

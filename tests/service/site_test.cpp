@@ -178,6 +178,72 @@ TEST_F(SiteTest, PersonalPagesTakeANickThatIsNotRecoded) {
   EXPECT_EQ(chat.accounts.at(NickKey("Кот"_w)).personal[0].text, "да"_w);
 }
 
+// "Кот" in Windows-1251 is "йНР" by the wire's character set.
+TEST_F(SiteTest, APersonalMessageReachesNobodyElseByAnotherReading) {
+  const Text query = Query("alice");
+  Known("йНР"_w);
+  Account& robot = Known("Кот"_w);
+  Request request;
+  request.method = "POST";
+  request.path = "/newmsg_pm";
+  const auto post = [&](const Text& to) {
+    request.body = query + "&reqnum=1&xtouser=" + to + "&msgtext=hi";
+    return DecodeKoi(Handle(chat, request, origin, now).bytes);
+  };
+  post("Кот"_w);
+  EXPECT_EQ(robot.personal.size(), 1U);
+  chat.accounts.erase(NickKey("Кот"_w));
+  EXPECT_TRUE(Contains(post("Кот"_w), "Нет такого ника: Кот"_w));
+  EXPECT_TRUE(chat.accounts.at(NickKey("йНР"_w)).personal.empty());
+  post(PercentEncode("йНР"_w) + "+");
+  EXPECT_EQ(chat.accounts.at(NickKey("йНР"_w)).personal.size(), 1U);
+}
+
+TEST_F(SiteTest, AnOldTicketIsRefusedInALineOfThePersonalFrame) {
+  Query("alice");
+  EXPECT_EQ(BodyOf(Post("/mframe_pm", "username=alice&ticket=0")),
+            "<html>\n<head>\n<title>error auth page</title>\n</head>\n<body>\n<br>\n"
+            "&gt; [07:08:09]  чат неверное имя или пароль\n"_w);
+}
+
+// The script that announces a message in the answer to a post, and who is told by it.
+struct AnnouncementTest : SiteTest {
+  const Text query = Query("bob");
+  const Text script = "<script>\nwindow.open('/mframe_pm?username=bob&ticket=" +
+                      chat.accounts.at("bob").tickets.at("hall") + "', 'personal')\n</script>\n";
+
+  // A message comes while bob's connection is broken: no frame can tell him.
+  void MissAMessage() {
+    Account& alice = Known("alice");
+    FrameIsGone(chat, FindMember(*FindChannel(chat, "hall"), "bob")->frame->id, now);
+    SendPersonal(chat, alice, "bob", "hi", now);
+  }
+};
+
+TEST_F(AnnouncementTest, BeginsTheAnswerToARobotOnceForAMessage) {
+  MissAMessage();
+  const Text answer = Post("/newmsg_t", query + "&reqnum=1&msgtext=one");
+  EXPECT_TRUE(answer.starts_with(script + "<html>\n")) << answer;
+  EXPECT_TRUE(Contains(answer, "<font size=1>Сообщение отправлено</font>"_w));
+  EXPECT_TRUE(Post("/newmsg_t", query + "&reqnum=2&msgtext=two").starts_with("HTTP/1.0 200 OK"));
+}
+
+TEST_F(AnnouncementTest, StandsBehindTheHeaderForABrowser) {
+  MissAMessage();
+  chat.accounts.at("bob").style = 1;
+  const Text answer = Post("/newmsg_t", query + "&reqnum=1&msgtext=one");
+  EXPECT_TRUE(answer.starts_with("HTTP/1.0 200 OK\r\n"));
+  EXPECT_TRUE(BodyOf(answer).starts_with(script + "<html>\n"));
+}
+
+TEST_F(AnnouncementTest, TakesThePlaceOfNoOtherSentence) {
+  MissAMessage();
+  for (const char* said : {"/mo -t", "/k nobody", " "})
+    EXPECT_TRUE(Post("/newmsg_t", query + "&reqnum=1&msgtext=" + said).starts_with("HTTP/1.0"))
+        << said;
+  EXPECT_TRUE(Post("/newmsg_t", query + "&reqnum=1&msgtext=one").starts_with("<script"));
+}
+
 TEST_F(SiteTest, PersonalLinksNameTheHostThatWasAskedFor) {
   const Text query = Query("alice");
   Frame& frame = chat.frames.open.at(*Ask("/mframe_pm", query).frame);
