@@ -3,7 +3,6 @@
 #include <memory>
 #include <utility>
 
-#include "display/links.h"
 #include "display/smiles.h"
 #include "personal/personal_window.h"
 #include "session/client.h"
@@ -48,9 +47,16 @@ void WriteAtEnd(RichTextBox& pane, std::string_view text, const PaneFormat& form
   pane.ReplaceSel(text);
 }
 
+std::optional<MarkedWord> NextPersLink(std::string_view text, std::size_t from) {
+  auto found = NextMarkedWord(text, from);
+  while (found && !Contains(found->word, "."))
+    found = NextMarkedWord(text, found->blank + 1);
+  return found;
+}
+
 void PersWriteLinks(PersonalWindow& window, std::string_view text, PanePosition base) {
-  for (auto found = NextMarkedWord(text, 0); found; found = NextMarkedWord(text, found->blank + 1))
-    if (Contains(found->word, ".")) MarkWord(window.Rich, *found, base);
+  for (auto link = NextPersLink(text, 0); link; link = NextPersLink(text, link->blank + 1))
+    MarkWord(window.Rich, *link, base);
   for (auto mask = NextAddressMask(text, 0); mask; mask = NextAddressMask(text, mask->blank + 1))
     MarkWord(window.Rich, *mask, base);
 }

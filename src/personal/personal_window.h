@@ -16,6 +16,9 @@
 
 namespace parlorwire {
 
+class Files;
+struct CopyMenu;
+
 enum class PersonalField { kMsg, kSendNick };
 
 // What the logic asks of the window on the screen, which fills them.
@@ -29,6 +32,11 @@ struct PersonalWindowHooks {
   Hook<void(PersonalField field)> Focus;
   // The logic has changed `msg` or `send_nick`; the caret goes to the end.
   Hook<void()> ShowFields;
+  // menu_copy comes up for Rich.
+  Hook<void(const CopyMenu& menu)> PopUpMenuCopy;
+  // The user is asked for a folder, and the call ends when he has answered: the files in it; null
+  // if he chose none.
+  Hook<std::unique_ptr<Files>(const Text& title)> BrowseForFolder;
 };
 
 struct PersonalWindow {
@@ -66,6 +74,11 @@ struct PersonalWindow {
   Text send_nick;
   bool ActivateWhenMess = true;
   RichTextBox Rich;
+
+  // ---- under the mouse ----
+  bool MouseSelecting = false;  // the left button went down on text
+  Text HoverLink;
+  Text HoverIP;  // an address mask
 
   // The smiles that stand in Rich, by their codes.
   std::map<Text, std::shared_ptr<const PanePicture>> Smiles;

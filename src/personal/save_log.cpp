@@ -1,5 +1,7 @@
 #include "personal/save_log.h"
 
+#include <memory>
+
 #include "pane/rich_text_box.h"
 #include "personal/personal_window.h"
 #include "session/both_languages.h"
@@ -25,10 +27,13 @@ Text LogOf(const RichTextBox& pane) {
   return Replace(lines, "\n", "\r\n");
 }
 
-void save_log(Client& client, const PersonalWindow& window, Files& folder) {
+void save_log(Client& client, PersonalWindow& window) {
+  const RunningEvent running(window);  // the question and the box let others run
+  const auto folder = window.hooks.BrowseForFolder(Text(kSaveLogQuestion));
+  if (folder == nullptr || window.Closed) return;
   Desktop& desktop = client.platform.desktop;
   try {
-    folder.Replace("log.txt", LogOf(window.Rich));
+    folder->Replace("log.txt", LogOf(window.Rich));
   } catch (const Fault& fault) {
     desktop.MessageBox(
         InLanguage(client, {W<"Лог не сохранен: ">, "The log was not saved: "}) + fault.description,

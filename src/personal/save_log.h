@@ -7,7 +7,6 @@
 
 namespace parlorwire {
 
-class Files;
 class RichTextBox;
 struct Client;
 struct PersonalWindow;
@@ -19,8 +18,8 @@ inline constexpr std::string_view kSaveLogQuestion =
 // Windows-1251. Each line ends in CR LF, and pictures are told by their codes.
 Text LogOf(const RichTextBox& pane);
 
-// `save_log`, once the user has chosen a folder: writes "log.txt" there, and says whether that went
+// A click on `save_log`: asks for a folder, writes "log.txt" there, and says whether that went
 // well.
-void save_log(Client& client, const PersonalWindow& window, Files& folder);
+void save_log(Client& client, PersonalWindow& window);
 
 }  // namespace parlorwire

@@ -7,6 +7,7 @@
 #include "bot/reactions.h"
 #include "display/chat_log.h"
 #include "display/parse_chat_line.h"
+#include "personal/pers_frm.h"
 #include "session/client.h"
 #include "session/connect.h"
 #include "session/event_entry.h"
@@ -36,6 +37,7 @@ void FillHooks(Client& client) {
   };
   hooks.SayBotFunction = [&client](int tab) { SayBotFunction(client, tab); };
   hooks.StartWaitingHighlight = [&client](int tab) { StartWaitingHighlight(client, tab); };
+  hooks.pers = [&client](int tab) { pers_Click(client, tab); };
 }
 
 void WireTimers(Client& client) {

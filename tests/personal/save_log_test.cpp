@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
+
 #include "personal/pers_pane.h"
 #include "personal/personal_fixture.h"
 #include "support/one_smile.h"
@@ -10,11 +13,30 @@ namespace parlorwire {
 namespace {
 
 struct SaveLog : PersonalTest {
-  void Save() { save_log(client, window, folder); }
+  // The user chooses a folder whose files are those of the test.
+  struct ChosenFolder : SimulatedFiles {
+    explicit ChosenFolder(SimulatedFiles& chosen) : files_of(chosen) {
+      write_fault = chosen.write_fault;
+    }
+    ~ChosenFolder() override { files_of.files = files; }
+    SimulatedFiles& files_of;
+  };
+
+  SaveLog() {
+    window.hooks.BrowseForFolder = [this](const Text& title) {
+      questions.push_back(ToUtf8(title));
+      if (on_question) on_question();
+      return chooses ? std::make_unique<ChosenFolder>(folder) : nullptr;
+    };
+  }
+  void Save() { save_log(client, window); }
   const SimulatedDesktop::Box& Box() { return platform.desktop.boxes.at(0); }
 
   PersonalWindow window;
   SimulatedFiles folder;
+  bool chooses = true;
+  std::function<void()> on_question;
+  std::vector<std::string> questions;
 };
 
 TEST_F(SaveLog, WritesThePaneAndSaysSo) {
@@ -53,8 +75,32 @@ TEST_F(SaveLog, AFailureIsToldInBothLanguagesAndNothingElse) {
   EXPECT_EQ(Box().text, "The log was not saved: Disk full");
 }
 
-TEST_F(SaveLog, TheQuestionForTheFolder) {
-  EXPECT_EQ(ToUtf8(kSaveLogQuestion), "Выберите каталог, в котором сохранятся лог:");
+TEST_F(SaveLog, AsksForTheFolder) {
+  Save();
+  EXPECT_EQ(questions, std::vector<std::string>{"Выберите каталог, в котором сохранятся лог:"});
+}
+
+TEST_F(SaveLog, WithoutAFolderNothingIsSavedAndNothingSaid) {
+  chooses = false;
+  Save();
+  EXPECT_EQ(questions.size(), 1U);
+  EXPECT_TRUE(folder.files.empty());
+  EXPECT_TRUE(platform.desktop.boxes.empty());
+}
+
+TEST_F(SaveLog, AWindowThatIsClosedMeanwhileSavesNothing) {
+  on_question = [this] { window.Closed = true; };
+  Save();
+  EXPECT_TRUE(folder.files.empty());
+  EXPECT_TRUE(platform.desktop.boxes.empty());
+}
+
+TEST_F(SaveLog, TheRecordLivesUntilTheBoxIsGone) {
+  int running = 0;
+  on_question = [&] { running = window.RunningEvents; };
+  Save();
+  EXPECT_EQ(running, 1);
+  EXPECT_EQ(window.RunningEvents, 0);
 }
 
 }  // namespace

@@ -34,6 +34,7 @@
 #include "shell/qt/msg_box.h"
 #include "shell/qt/nick_menu_popup.h"
 #include "shell/qt/open_url.h"
+#include "shell/qt/pers_windows.h"
 #include "shell/qt/qt_desktop.h"
 #include "shell/qt/search_form.h"
 #include "shell/qt/smiles_menu.h"
@@ -76,6 +77,7 @@ client_main::client_main(Client& client, QtDesktop& desktop)
   menu_ = new MainMenu(client, this, [this] { close(); });
   nick_menus_ = new NickMenuPopup(client, this);
   caret_rest_ = new CaretRest(this);
+  pers_windows_ = new PersWindows(client, *caret_rest_, this);
   OrderMainControls(controls);
   ShowSlot(controls, -1);
   desktop_.Attach(this);
@@ -224,6 +226,8 @@ void client_main::WireTab(int slot) {
   connect(tab.button_update, &QAbstractButton::clicked, this, [this, slot] {
     OnEvent(client_, "button_update", [&] { client_.hooks.UpdateUsersFrame(slot); });
   });
+  tab.pers->SetAction(
+      [this, slot] { OnEvent(client_, "pers_Click", [&] { client_.hooks.pers(slot); }); });
   connect(tab.StopScroll, &QAbstractButton::clicked, this,
           [this, slot] { desktop_.FocusMsg(slot); });
   caret_rest_->Watch(tab.msg);
@@ -302,6 +306,7 @@ void client_main::ShowLanguage(UiLanguage language) {
   menu_->SetLanguage(language);
   if (bot_autokick_) bot_autokick_->ShowLanguage();
   if (search_form_) search_form_->SetLanguage(language);
+  pers_windows_->SetLanguage(language);
   smiles_menu_->ShowTitle();
   if (MenuSmilesShow_) MenuSmilesShow_->ShowTitle();
   ShowPanels(controls, client_);

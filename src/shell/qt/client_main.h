@@ -21,6 +21,7 @@ class MainMenu;
 class MessagePane;
 class NickMenuPopup;
 class MenuSmilesShow;
+class PersWindows;
 class QtDesktop;
 class SmilesMenu;
 class UsersList;
@@ -84,6 +85,7 @@ class client_main : public QMainWindow {
   NickMenuPopup* nick_menus_;
   CaretRest* caret_rest_;
   SmilesMenu* smiles_menu_;
+  PersWindows* pers_windows_;
   std::array<MessagePane*, kTabCount> message_panes_{};
   std::array<UsersList*, kTabCount> users_lists_{};
   std::unique_ptr<connection_form> connection_form_;

@@ -4,27 +4,16 @@
 #include <QCursor>
 #include <QKeyEvent>
 #include <QMenu>
-#include <functional>
 
 #include "pane/qt/rich_text_view.h"
-#include "platform/qt/text_conversion.h"
-#include "session/both_languages.h"
 #include "session/client.h"
 #include "session/event_entry.h"
-#include "shell/qt/control_names.h"
+#include "shell/qt/copy_menu.h"
 #include "shell/qt/nick_menu_popup.h"
+#include "shell/qt/pane_click.h"
 #include "users/recode_layout.h"
 
 namespace parlorwire {
-namespace {
-
-std::optional<MouseButton> CoreButton(Qt::MouseButton button) {
-  if (button == Qt::LeftButton) return MouseButton::kLeft;
-  if (button == Qt::RightButton) return MouseButton::kRight;
-  return std::nullopt;
-}
-
-}  // namespace
 
 MessagePane::MessagePane(Client& client, RichTextView* view, int slot, NickMenuPopup& menus)
     : QObject(view), client_(client), view_(view), slot_(slot), menus_(menus) {
@@ -35,7 +24,7 @@ MessagePane::MessagePane(Client& client, RichTextView* view, int slot, NickMenuP
 
 void MessagePane::WireMouse() {
   connect(view_, &RichTextView::mousePressedAt, this, [this](PanePosition at, auto pressed) {
-    const auto button = CoreButton(pressed);
+    const auto button = ClickOf(pressed);
     if (!button) return;
     OnEvent(client_, "Rich_MouseDown", [&] {
       // The pane may have changed under a pointer that rests.
@@ -47,7 +36,7 @@ void MessagePane::WireMouse() {
     OnEvent(client_, "Rich_MouseMove", [&] { Rich_MouseMove(client_, slot_, at); });
   });
   connect(view_, &RichTextView::mouseReleasedAt, this, [this](PanePosition at, auto released) {
-    const auto button = CoreButton(released);
+    const auto button = ClickOf(released);
     if (!button) return;
     OnEvent(client_, "Rich_MouseUp", [&] {
       if (*button == MouseButton::kRight) view_->GiveSelection();
@@ -64,26 +53,16 @@ bool MessagePane::eventFilter(QObject*, QEvent* event) {
 }
 
 bool MessagePane::KeyPressed(const QKeyEvent& key) {
-  const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
-  const bool plain = modifiers == Qt::NoModifier;
-  const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-  const bool shifted_f10 = key.key() == Qt::Key_F10 && modifiers == Qt::ShiftModifier;
-  if (enter && plain) {
-    if (!key.isAutoRepeat()) Act(MouseButton::kLeft);
-    return true;
-  }
-  if (key.key() != Qt::Key_Menu && !shifted_f10) return false;
-  Act(MouseButton::kRight);
+  const auto button = ClickOf(key);
+  if (!button) return false;
+  if (*button != MouseButton::kLeft || !key.isAutoRepeat()) Act(*button);
   return true;
 }
 
 void MessagePane::Act(MouseButton button) {
   const PanePosition caret = view_->Caret();
   view_->ShowPosition(caret);
-  QRect at = view_->CharacterRect(caret);
-  if (at.isEmpty()) at = view_->CharacterRect(caret - 1);
-  const QPoint below = at.isEmpty() ? view_->viewport()->rect().center() : at.bottomLeft();
-  place_ = view_->viewport()->mapToGlobal(below);
+  place_ = PlaceAtCaret(*view_);
   menus_.At(*place_, [&] {
     OnEvent(client_, "Rich_KeyDown", [&] {
       view_->GiveSelection();
@@ -94,28 +73,11 @@ void MessagePane::Act(MouseButton button) {
 }
 
 void MessagePane::ShowMenuCopy() {
-  auto* menu = new QMenu(view_);
-  menu->setAttribute(Qt::WA_DeleteOnClose);
-  NameControl(menu, QStringLiteral("menu_copy"));
-  const auto item = [&](const char* name, const BothLanguages& words, bool enabled,
-                        std::function<void()> action) {
-    QAction* made = menu->addAction(ToQString(InLanguage(client_, words)));
-    made->setObjectName(QLatin1String(name));
-    made->setEnabled(enabled);
-    connect(made, &QAction::triggered, this, [this, name = Text(name), action = std::move(action)] {
-      OnEvent(client_, name, action);
-    });
-  };
-  const CopyMenu shown = client_.app.menu_copy;
-  if (!shown.Link.empty()) {
-    item("link_open", {W<"Открыть">, "Open"}, true,
-         [this, shown] { client_.hooks.OpenUrl(shown.Link); });
-    item("link_copy", {W<"Копировать ссылку">, "Copy link"}, true,
-         [this, shown] { client_.platform.clipboard.SetText(shown.Link); });
-    menu->addSeparator();
-  }
-  item("text_copy", {W<"Копировать">, "Copy"}, shown.Copies, [this] { view_->Copy(); });
-  item("text_perecodirovka", {W<"Перекодировать">, "Recode"}, shown.Copies, [this] { Recode(); });
+  const CopyMenu& shown = client_.app.menu_copy;
+  QMenu* menu = NewMenuCopy(client_, view_, shown);
+  AddMenuItem(client_, menu, "text_perecodirovka", {W<"Перекодировать">, "Recode"}, [this] {
+    Recode();
+  })->setEnabled(shown.Copies);
   menu->popup(place_.value_or(QCursor::pos()));
   if (place_) menu->setActiveAction(menu->actions().first());
 }

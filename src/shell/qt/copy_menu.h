@@ -1,0 +1,23 @@
+// menu_copy: what can be done with the link in a pane that was clicked, and with what is selected.
+#pragma once
+
+#include <functional>
+
+#include "session/both_languages.h"
+
+class QAction;
+class QMenu;
+
+namespace parlorwire {
+
+struct Client;
+struct CopyMenu;
+class RichTextView;
+
+// It belongs to the view, and goes when it is closed.
+QMenu* NewMenuCopy(Client& client, RichTextView* view, const CopyMenu& shown);
+
+QAction* AddMenuItem(Client& client, QMenu* menu, const char* name, const BothLanguages& words,
+                     std::function<void()> action);
+
+}  // namespace parlorwire
