@@ -5,12 +5,11 @@
 #include <string_view>
 
 #include "pane/units.h"
+#include "text/searcher.h"
 
 namespace parlorwire {
 
 class RichTextBox;
-
-enum class LetterCase { kCounts, kIgnored };
 
 // Where the first occurrence begins that begins at `from` or behind it; where the last one begins
 // that begins at `from` or ahead of it. With a range: that begins at one of its characters. Line

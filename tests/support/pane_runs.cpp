@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "text/windows1251.h"
+#include "text/utf8.h"
 
 namespace parlorwire {
 namespace {
@@ -38,24 +38,6 @@ std::string Look(const PaneFormat& format) {
 }
 
 }  // namespace
-
-std::string ToUtf8(std::string_view text) {
-  std::string utf8;
-  for (const char byte : text) {
-    const unsigned c = ToUnicode(byte);
-    if (c < 0x80) {
-      utf8 += static_cast<char>(c);
-    } else if (c < 0x800) {
-      utf8 += static_cast<char>(0xC0U | c >> 6);
-      utf8 += static_cast<char>(0x80U | (c & 0x3FU));
-    } else {
-      utf8 += static_cast<char>(0xE0U | c >> 12);
-      utf8 += static_cast<char>(0x80U | (c >> 6 & 0x3FU));
-      utf8 += static_cast<char>(0x80U | (c & 0x3FU));
-    }
-  }
-  return utf8;
-}
 
 std::vector<std::string> RunsOf(const RichTextBox& pane, PanePosition from) {
   std::vector<std::string> runs;

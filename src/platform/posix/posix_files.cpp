@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
@@ -16,6 +17,7 @@
 #include <utility>
 
 #include "text/fault.h"
+#include "text/utf8.h"
 
 namespace parlorwire {
 namespace {
@@ -92,20 +94,6 @@ struct stat Status(const OpenFile& file) {
   return status;
 }
 
-void AppendUtf8(std::string& utf8, char16_t character) {
-  const unsigned code = character;
-  if (code < 0x80) {
-    utf8 += static_cast<char>(code);
-  } else if (code < 0x800) {
-    utf8 += static_cast<char>(0xC0 | code >> 6);
-    utf8 += static_cast<char>(0x80 | (code & 0x3F));
-  } else {
-    utf8 += static_cast<char>(0xE0 | code >> 12);
-    utf8 += static_cast<char>(0x80 | (code >> 6 & 0x3F));
-    utf8 += static_cast<char>(0x80 | (code & 0x3F));
-  }
-}
-
 // What ends the name of a file that a process writes beside another.
 std::string MarkOf(pid_t process) {
   return "~" + std::to_string(process);
@@ -163,10 +151,9 @@ PosixFiles::~PosixFiles() = default;
 
 Path PosixFiles::PathOf(const Text& name) const {
   if (!IsLegalFileName(name)) throw Fault(fault::kBadFileName);
-  std::string utf8;
-  for (const char c : name)
-    AppendUtf8(utf8, c == '\\' ? u'/' : ToUnicode(c));
-  return folder_ / utf8;
+  std::string path = ToUtf8(name);
+  std::replace(path.begin(), path.end(), '\\', '/');
+  return folder_ / path;
 }
 
 bool PosixFiles::Exists(const Text& name) const {
