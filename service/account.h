@@ -5,9 +5,11 @@
 #include <deque>
 #include <map>
 #include <set>
+#include <vector>
 
 #include "service/frame.h"
 #include "service/presentation.h"
+#include "service/rate.h"
 #include "text/text.h"
 
 namespace parlorwire::service {
@@ -30,7 +32,16 @@ struct Account {
   bool reload = false;  // flag +R
   bool robot = false;   // an inhabitant: nobody logs in with that nick
   Text status;
-  std::map<Text, Text> tickets;  // by the key of the channel of the login
+  std::map<Text, Text> tickets;    // by the key of the channel of the login
+  std::vector<Text> ticket_order;  // those keys, the oldest ticket first
+  int logins = 0;                  // with the password, since the nick is known
+  std::int64_t used_ms = 0;        // when it was last used: a login, a ticket, the end of a frame
+  Text place;                      // the address that made it
+  Text last_place;                 // the address of the last login
+  Guesses guesses_there;           // wrong passwords from that address
+  Guesses guesses_elsewhere;       // and from any other
+  Bucket posts;
+  Bucket personal_posts;
   std::deque<PersonalMessage> personal;
   std::int64_t next_personal = 1;
   std::int64_t told_personal = 0;  // the newest of them that a frame or an answer has told of

@@ -16,6 +16,10 @@ namespace {
 
 constexpr std::size_t kHistoryKept = 200;
 
+std::size_t SizeOf(const Line& line) {
+  return line.nick.size() + line.tone.size() + line.text.size();
+}
+
 // One line in the looks that are asked for, each made once.
 class Presented {
  public:
@@ -89,8 +93,12 @@ void Broadcast(Frames& frames, Channel& channel, Line line, const Moment& now) {
     WriteWire(frames, *member.frame, presented.In({account.style, account.reload}), now);
   }
   if (line.form == LineForm::kOperators) return;
+  channel.history_held += SizeOf(line);
   channel.history.push_back(std::move(line));
-  if (channel.history.size() > kHistoryKept) channel.history.pop_front();
+  while (channel.history.size() > kHistoryKept || channel.history_held > channel.history_bytes) {
+    channel.history_held -= SizeOf(channel.history.front());
+    channel.history.pop_front();
+  }
 }
 
 void BroadcastSystem(Frames& frames, Channel& channel, const Text& text, const Moment& now) {
@@ -100,11 +108,29 @@ void BroadcastSystem(Frames& frames, Channel& channel, const Text& text, const M
 Text HistoryOf(const Channel& channel, const Account& account, const Moment& now) {
   const Look look{account.style, account.reload};
   const auto count = std::min(channel.history.size(), static_cast<std::size_t>(account.history));
-  Text lines;
-  for (auto line = channel.history.end() - static_cast<std::ptrdiff_t>(count);
-       line != channel.history.end(); ++line)
-    lines += PresentLine(look, *line, now.local);
-  return lines;
+  std::vector<Text> lines;  // the newest first
+  std::size_t size = 0;
+  for (auto line = channel.history.rbegin(); line != channel.history.rend() && lines.size() < count;
+       ++line) {
+    lines.push_back(PresentLine(look, *line, now.local));
+    size += lines.back().size();
+    if (size > channel.history_bytes) break;
+  }
+  if (size > channel.history_bytes) lines.pop_back();
+  Text joined;
+  for (auto line = lines.rbegin(); line != lines.rend(); ++line)
+    joined += *line;
+  return joined;
+}
+
+bool MayRead(Channel& channel, std::string_view nick, const Text& password) {
+  return channel.password.empty() || channel.password == password ||
+         FindMember(channel, nick) != nullptr;
+}
+
+bool Means(std::string_view mask, const Member& member) {
+  return MaskMatches(mask, member.account->nick) || MaskMatches(mask, member.address) ||
+         MaskMatches(mask, member.via);
 }
 
 std::map<Text, Penalty>& TakenFrom(Channel& channel, Right right) {

@@ -32,6 +32,7 @@ struct Member {
   Account* account = nullptr;  // never none
   Frame* frame = nullptr;      // none for an inhabitant, and while a broken frame may come back
   Text address;                // what /chl and bans see; "" if it is hidden
+  Text via;                    // of the proxy that told that address, or ""
   Text shown_address;  // what stands in brackets behind "приходит на канал"; "": no brackets
   bool oper = false;
   bool admin = false;               // an administrator of the chat, on every channel
@@ -69,7 +70,9 @@ struct Channel {
   std::map<Text, Penalty> muted;    // without kVoice, by the keys of the nicks; they may be away
   std::map<Text, Penalty> lowered;  // without kCapitals; the same
   std::deque<Line> history;         // at most 200, the newest last
-  std::deque<TopicChange> topics;   // the newest last
+  std::size_t history_bytes = std::numeric_limits<std::size_t>::max();  // that it may hold
+  std::size_t history_held = 0;                                         // that it holds
+  std::deque<TopicChange> topics;                                       // the newest last
 };
 
 // The member of that nick, in any case of letters; none if he isn't there. It stays valid until
@@ -105,8 +108,16 @@ bool GiveBack(Frames& frames, Channel& channel, Right right, std::string_view ni
 void Broadcast(Frames& frames, Channel& channel, Line line, const Moment& now);
 void BroadcastSystem(Frames& frames, Channel& channel, const Text& text, const Moment& now);
 
-// The last lines, as many as the account wants, in its looks. Windows-1251.
+// The last lines, as many as the account wants and as go into history_bytes, in its looks.
+// Windows-1251.
 Text HistoryOf(const Channel& channel, const Account& account, const Moment& now);
+
+// Whether somebody may be told what a channel keeps for those who are let in: that he is there, or
+// has the password if there is one.
+bool MayRead(Channel& channel, std::string_view nick, const Text& password);
+
+// Whether a mask of nicks and addresses means a member, or the proxy that he comes by.
+bool Means(std::string_view mask, const Member& member);
 
 // Forgets bans, mutes and the like that have run their time; those who are there and concerned are
 // told.

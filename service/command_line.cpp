@@ -15,6 +15,9 @@ namespace parlorwire::service {
 namespace {
 
 constexpr std::size_t kMostOptionDigits = 12;
+constexpr std::int64_t kHour = 3600 * 1000;  // in ms
+constexpr std::int64_t kKilobyte = 1024;
+constexpr std::int64_t kMostRate = 1'000'000;
 
 // The entries of "A, B", in UTF-8; empty ones are passed over.
 std::vector<Text> List(std::string_view value) {
@@ -42,7 +45,7 @@ struct KnownOption {
 using Options = ServerOptions;
 using Value = std::string_view;
 
-constexpr std::array<KnownOption, 22> kOptions = {{
+constexpr std::array<KnownOption, 36> kOptions = {{
     {"--port", true, [](Options& o, Value v) { return SetNumber(o.port, v, 65535); }},
     {"--address", true,
      [](Options& o, Value v) {
@@ -89,6 +92,47 @@ constexpr std::array<KnownOption, 22> kOptions = {{
      [](Options& o, Value v) {
        o.chat.admins = List(v);
        return !o.chat.admins.empty();
+     }},
+    {"--trusted-proxy", true,
+     [](Options& o, Value v) {
+       o.chat.trusted_proxies = List(v);
+       return !o.chat.trusted_proxies.empty();
+     }},
+    {"--max-accounts", true,
+     [](Options& o, Value v) { return SetNumber(o.chat.most_accounts, v, 10000000); }},
+    {"--accounts-per-address", true,
+     [](Options& o, Value v) { return SetNumber(o.chat.limits.accounts_of_address, v, 10000000); }},
+    {"--account-idle", true,
+     [](Options& o, Value v) {
+       return SetNumber(o.chat.limits.account_idle_ms, v, 100000, kHour);
+     }},
+    {"--frames-per-nick", true,
+     [](Options& o, Value v) { return SetNumber(o.chat.limits.frames_of_account, v, 100000); }},
+    {"--frames-per-address", true,
+     [](Options& o, Value v) { return SetNumber(o.chat.limits.frames_of_address, v, 100000); }},
+    {"--connections-per-address", true,
+     [](Options& o, Value v) { return SetNumber(o.connections_of_address, v, 100000); }},
+    {"--history-kilobytes", true,
+     [](Options& o, Value v) {
+       return SetNumber(o.chat.limits.history_bytes, v, 100000, kKilobyte);
+     }},
+    {"--personal-kilobytes", true,
+     [](Options& o, Value v) {
+       return SetNumber(o.chat.limits.personal_bytes, v, 100000, kKilobyte);
+     }},
+    {"--turn-kilobytes", true,
+     [](Options& o, Value v) {
+       return v != "0" && SetNumber(o.bytes_a_turn, v, 1000000, kKilobyte);
+     }},
+    {"--login-rate", true,
+     [](Options& o, Value v) { return SetNumber(o.chat.limits.logins, v, kMostRate); }},
+    {"--post-rate", true,
+     [](Options& o, Value v) { return SetNumber(o.chat.limits.posts, v, kMostRate); }},
+    {"--personal-rate", true,
+     [](Options& o, Value v) { return SetNumber(o.chat.limits.personal, v, kMostRate); }},
+    {"--guess-wait", true,
+     [](Options& o, Value v) {
+       return SetNumber(o.chat.limits.longest_guess_wait_ms, v, 1000000, 1000);
      }},
     {"--seed", true, [](Options& o, Value v) { return SetNumber(o.seed, v, 999999999999); }},
     {"--form-b", false, [](Options& o, Value) { return o.chat.form_b = true; }},
@@ -154,8 +198,27 @@ Prints "listening on ADDRESS:PORT" when it is ready, and ends on SIGTERM or SIGI
   --form-b             the older form of the list of users
   --admin A,B          nicks that are administrators on every channel
   --ban A,B            nicks and addresses, with *, ? and #, that may not log in
-  --max-frames N       with N frames open, logins are turned away (800)
+  --trusted-proxy A,B  addresses, with *, ? and #, whose X-Forwarded-For is believed
+  --max-frames N       with N frames open, logins and further frames are turned away (800)
+  --frames-per-nick N  (32)
+  --frames-per-address N
+                       (400)
   --max-connections N  (1000)
+  --connections-per-address N
+                       (500)
+  --max-accounts N     nicks that are known at a time (20000)
+  --accounts-per-address N
+                       that an address has made (500)
+  --account-idle H     unused for H hours, a nick may be forgotten for a new one (24)
+  --login-rate N       logins a second from an address, 10 N at once; 0: without a limit (50)
+  --post-rate N        the same of what a nick says (20)
+  --personal-rate N    the same of its personal messages (5)
+  --guess-wait S       the longest wait behind a wrong password (60)
+  --history-kilobytes N
+                       what a channel keeps of what was said, and a newcomer is given (128)
+  --personal-kilobytes N
+                       what waits for a nick (64)
+  --turn-kilobytes N   what is made of answers before others have their turn (1024)
   --seed N             repeatable tickets and talk
   --misbehave KIND[:N][@PATH]
                        go wrong on purpose, for tests of clients: none, stall, cut, reset,

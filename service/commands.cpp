@@ -28,6 +28,10 @@ Text NotOperator() {
   return "Это может только оператор канала"_w;
 }
 
+Text Muted() {
+  return "Вы лишены права голоса, сообщение не отправлено"_w;
+}
+
 // Takes the first word off.
 Text TakeWord(std::string_view& rest) {
   rest = TrimView(rest);
@@ -86,7 +90,9 @@ Text Mode(Chat& chat, const Speaker& speaker, std::string_view rest, const Momen
   if (flag == "+o" || flag == "-o") return SetOperator(chat, speaker, flag == "+o", whom, now);
   if (is_own) {
     const Member* target = FindMember(*speaker.channel, whom);
-    return target == nullptr ? NoSuchNick(whom) : SetNickFlag(chat, *target->account, flag);
+    if (target == nullptr) return NoSuchNick(whom);
+    if (target != speaker.member && IsProtected(*target)) return IsProtectedSentence();
+    return SetNickFlag(chat, *target->account, flag);
   }
   return "Такого флага нет: "_w + flag;
 }
@@ -131,7 +137,7 @@ Text EjectSomebody(Chat& chat, const Speaker& speaker, std::string_view rest, co
 Text ChangeTopic(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
   Channel& channel = *speaker.channel;
   const Text topic = Trim(rest);
-  channel.topics.push_back({topic, speaker.account.nick, now.local});
+  channel.topics.push_back({topic.substr(0, kLongestTopicKept), speaker.account.nick, now.local});
   if (channel.topics.size() > kTopicsKept) channel.topics.pop_front();
   BroadcastSystem(chat.frames, channel,
                   speaker.account.nick + " меняет тему канала на \""_w + topic + "\"", now);
@@ -140,19 +146,36 @@ Text ChangeTopic(Chat& chat, const Speaker& speaker, std::string_view rest, cons
 
 Text SayToOperators(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
   if (rest.empty()) return "Пустое сообщение не отправлено"_w;
+  const Text key = NickKey(speaker.account.nick);
+  if (speaker.channel->muted.contains(key)) return Muted();
+  const Text said = speaker.channel->lowered.contains(key) ? LCase(rest) : Text(rest);
   Broadcast(chat.frames, *speaker.channel,
-            {0, LineForm::kOperators, speaker.account.nick, {}, Text(rest)}, now);
+            {0, LineForm::kOperators, speaker.account.nick, {}, said}, now);
   return "Сообщение отправлено операторам"_w;
 }
 
 Text Act(Chat& chat, const Speaker& speaker, std::string_view rest, const Moment& now) {
-  if (speaker.channel->muted.contains(NickKey(speaker.account.nick)))
-    return "Вы лишены права голоса, сообщение не отправлено"_w;
+  if (speaker.channel->muted.contains(NickKey(speaker.account.nick))) return Muted();
   const bool lowered = speaker.channel->lowered.contains(NickKey(speaker.account.nick));
   const Text& nick = speaker.account.nick;
   const Text action = nick + " " + (lowered ? LCase(rest) : Text(rest));
   Broadcast(chat.frames, *speaker.channel, {0, LineForm::kAction, nick, {}, action}, now);
   return Text(kMessageSent);
+}
+
+// A status shows on all channels where the nick is: whom one of them silences has none to say, and
+// whom one makes write small letters writes it in them.
+Text SetStatus(Chat& chat, const Speaker& speaker, std::string_view rest) {
+  const Text key = NickKey(speaker.account.nick);
+  bool lowered = false;
+  for (auto& [name, channel] : chat.channels) {
+    if (FindMember(channel, speaker.account.nick) == nullptr) continue;
+    if (channel.muted.contains(key)) return Muted();
+    lowered = lowered || channel.lowered.contains(key);
+  }
+  const std::string_view kept = rest.substr(0, kLongestStatus);
+  speaker.account.status = lowered ? LCase(kept) : Text(kept);
+  return "Статус установлен"_w;
 }
 
 // A command that needs a presence on the channel.
@@ -180,10 +203,7 @@ Text RunCommand(Chat& chat, const Speaker& speaker, const Text& text, const Mome
   // What concerns the nick alone needs no channel.
   if (name == "/set" || name == "/s") return Set(speaker, rest);
   if (name == "/mo") return Mode(chat, speaker, rest, now);
-  if (name == "/status") {
-    speaker.account.status = Text(rest);
-    return "Статус установлен"_w;
-  }
+  if (name == "/status") return SetStatus(chat, speaker, rest);
   const auto command = std::find_if(kCommands.begin(), kCommands.end(),
                                     [&](const Command& each) { return each.name == name; });
   if (command == kCommands.end()) return "Такой команды нет: "_w + name;

@@ -15,6 +15,7 @@ namespace parlorwire::service {
 // How far a connection has come.
 enum class Phase {
   kReading,    // the request
+  kQueued,     // the request is whole, and waits for a turn in which there is room for its answer
   kAnswering,  // with an answer that ends, or with a frame
   kEjecting,   // all of the frame is sent; its last mark goes out by itself after a pause
   kEjected,    // the mark is sent; the connection closes after a pause

@@ -27,6 +27,7 @@ struct Frame {
   FrameId id = 0;
   Text account;  // key of the account
   Text channel;  // key of the channel; "" for personal messages
+  Text place;    // the address that it goes to, see PlaceOf
   Text host;     // under which the service was asked for personal messages; else ""
   Text out;      // bytes of the wire
   FrameEnd end = FrameEnd::kNone;

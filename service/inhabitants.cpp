@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "service/accounts.h"
 #include "service/names.h"
 #include "service/posting.h"
 #include "service/presence.h"
@@ -125,8 +126,7 @@ std::string_view PickPhrase(Chat& chat) {
 }
 
 void Register(Chat& chat, const Persona& persona) {
-  Account& account = chat.accounts[NickKey(persona.nick)];
-  account.nick = persona.nick;
+  Account& account = AddAccount(chat, Text(persona.nick), {});
   account.status = persona.status;
   account.robot = true;
   account.timer = false;
@@ -315,6 +315,7 @@ Inhabitants MoveIn(Chat& chat, const InhabitantOptions& options, const Moment& n
   for (const Text& name : options.channels) {
     Channel& channel = chat.channels[NickKey(name)];
     channel.name = name;
+    channel.history_bytes = chat.options.limits.history_bytes;
     channel.permanent = true;
     channel.topics.push_back({"Добро пожаловать"_w, Text(kResidents[0].nick), now.local});
     for (const Persona& persona : kResidents)

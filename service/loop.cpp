@@ -17,6 +17,7 @@
 #include <system_error>
 #include <utility>
 
+#include "service/personal.h"
 #include "service/presence.h"
 #include "service/presentation.h"
 #include "service/site.h"
@@ -33,6 +34,11 @@ constexpr std::int64_t kLingerMs = 2000;
 constexpr std::int64_t kEjectPauseMs = 80;
 // Bytes already sent that may stand in a buffer.
 constexpr std::size_t kMostSentKept = 64 * 1024;
+
+// What people say goes ahead of what they look at.
+bool IsUrgent(const Request& request) {
+  return request.path == "/newmsg_t" || request.path == kPersonalPostPage;
+}
 
 Moment Now() {
   const auto running = std::chrono::steady_clock::now().time_since_epoch();
@@ -86,6 +92,8 @@ void Server::Loop::Run() {
   for (bool running = true; running;) {
     const int count = epoll_wait(epoll_, events.data(), static_cast<int>(events.size()), WaitMs());
     now_ = Now();
+    bytes_left_ = options_.bytes_a_turn;
+    ServeQueued();
     for (int i = 0; i < count; ++i) {
       const epoll_event& event = events[static_cast<std::size_t>(i)];
       if (event.data.u64 == kWaker)
@@ -114,6 +122,7 @@ void Server::Loop::Watch(int fd, std::uint64_t id, std::uint32_t what, int opera
 
 // Until the next thing that is due.
 int Server::Loop::WaitMs() const {
+  if (!queued_.empty()) return 0;
   std::int64_t next = std::min(NextAdvance(chat_), inhabitants_.next_ms);
   if (!deadlines_.empty()) next = std::min(next, deadlines_.begin()->first);
   if (next == kForever) return -1;
@@ -139,6 +148,9 @@ void Server::Loop::OnDeadline(Connection& connection) {
     case Phase::kReading:
       StartAnswer(connection, ErrorAnswer(408));
       break;
+    case Phase::kQueued:
+      StartAnswer(connection, ErrorAnswer(503));
+      break;
     case Phase::kAnswering:
       if (connection.waits_for_room)
         DropWithReset(connection);
@@ -154,18 +166,6 @@ void Server::Loop::OnDeadline(Connection& connection) {
     case Phase::kLingering:
       Drop(connection);
       break;
-  }
-}
-
-void Server::Loop::Accept() {
-  while (auto accepted = listener_.Accept()) {
-    Connection& connection = connections_[next_id_];
-    connection.fd = accepted->fd;
-    connection.id = next_id_++;
-    connection.address = std::move(accepted->address);
-    Watch(connection.fd, connection.id, EPOLLIN, EPOLL_CTL_ADD);
-    SetDeadline(connection, now_.ms + options_.request_ms);
-    if (connections_.size() > options_.most_connections) StartAnswer(connection, ErrorAnswer(503));
   }
 }
 
@@ -209,6 +209,12 @@ bool Server::Loop::ReadEnd(Connection& connection) {
 }
 
 bool Server::Loop::Serve(Connection& connection) {
+  reading_.erase(connection.id);
+  if (bytes_left_ == 0 && !IsUrgent(connection.reader.request)) {
+    connection.phase = Phase::kQueued;
+    queued_.push_back(connection.id);
+    return true;
+  }
   const Request request = std::exchange(connection.reader.request, {});
   if (IsControl(mischief_, request, connection.address)) return Obey(connection, request);
   connection.mishap = BefallRequest(mischief_, request);
@@ -217,7 +223,11 @@ bool Server::Loop::Serve(Connection& connection) {
     SetDeadline(connection, kForever);
     return true;
   }
-  Answer answer = Handle(chat_, request, {connection.address, request.forwarded_for}, now_);
+  Answer answer =
+      Handle(chat_, request, OriginOf(chat_.options, connection.address, request), now_);
+  const std::size_t made =
+      answer.frame ? chat_.frames.open.at(*answer.frame).out.size() : answer.bytes.size();
+  bytes_left_ -= std::min(bytes_left_, made);
   if (!answer.frame) {
     connection.mishap = BefallAnswer(mischief_, connection.mishap);
     return StartAnswer(connection, std::move(answer.bytes));
@@ -229,6 +239,14 @@ bool Server::Loop::Serve(Connection& connection) {
   return true;
 }
 
+void Server::Loop::ServeQueued() {
+  while (bytes_left_ != 0 && !queued_.empty()) {
+    const auto found = connections_.find(queued_.front());
+    queued_.pop_front();
+    if (found != connections_.end() && found->second.phase == Phase::kQueued) Serve(found->second);
+  }
+}
+
 bool Server::Loop::Obey(Connection& connection, const Request& request) {
   if (!TakeControl(mischief_, request)) return StartAnswer(connection, ErrorAnswer(400));
   for (auto& [id, each] : connections_)
@@ -238,6 +256,7 @@ bool Server::Loop::Obey(Connection& connection, const Request& request) {
 }
 
 bool Server::Loop::StartAnswer(Connection& connection, std::string bytes) {
+  reading_.erase(connection.id);
   connection.phase = Phase::kAnswering;
   connection.out = std::move(bytes);
   connection.end = FrameEnd::kClose;
@@ -358,6 +377,9 @@ void Server::Loop::Drop(Connection& connection) {
   ForgetFrame(connection);
   SetDeadline(connection, kForever);
   close(connection.fd);
+  const auto from = from_.find(connection.address);
+  if (--from->second == 0) from_.erase(from);
+  reading_.erase(connection.id);
   const std::uint64_t id = connection.id;
   connections_.erase(id);
 }

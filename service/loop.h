@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <set>
 #include <string>
 #include <unordered_map>
@@ -38,10 +39,15 @@ class Server::Loop {
   void OnDeadline(Connection& connection);
 
   void Accept();
+  // Sees to it that there is room for a connection that has just come: the oldest request that is
+  // not whole yet goes first, of the same address if that has too many. False: there is none.
+  bool MakeRoomFor(const Connection& connection);
+  bool DropOldestReading(const std::string& address, std::uint64_t but);
   void OnReady(std::uint64_t id, std::uint32_t what);
   bool Read(Connection& connection);     // false: no more
   bool ReadEnd(Connection& connection);  // false: no more
   bool Serve(Connection& connection);    // false: no more
+  void ServeQueued();
   // A request that changes what goes wrong on purpose.
   bool Obey(Connection& connection, const Request& request);  // false: no more
 
@@ -71,6 +77,10 @@ class Server::Loop {
   std::unordered_map<std::uint64_t, Connection> connections_;
   std::unordered_map<FrameId, std::uint64_t> frames_;  // the connections of the frames
   std::set<std::pair<std::int64_t, std::uint64_t>> deadlines_;
+  std::unordered_map<std::string, std::size_t> from_;  // the connections of each address
+  std::set<std::uint64_t> reading_;                    // those in kReading, the oldest first
+  std::deque<std::uint64_t> queued_;                   // those in kQueued, and some that are gone
+  std::size_t bytes_left_ = 0;                         // to be made of answers in this turn
 };
 
 }  // namespace parlorwire::service

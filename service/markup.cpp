@@ -22,6 +22,10 @@ Text EscapeHtml(std::string_view text) {
   return escaped;
 }
 
+bool IsAddressOfPage(std::string_view text) {
+  return text.starts_with("http://") || text.starts_with("https://") || text.starts_with("ftp://");
+}
+
 Text Page(std::string_view title, std::string_view body) {
   return "<html>\n<head>\n<title>" + EscapeHtml(title) + "</title>\n</head>\n<body>\n" +
          Text(body) + "</body>\n</html>\n";

@@ -20,6 +20,9 @@ struct Visitor {
 // "&lt;", "&gt;", "&amp;" and "&quot;" for the characters that HTML needs itself.
 Text EscapeHtml(std::string_view text);
 
+// Whether a text begins as the address of a page elsewhere.
+bool IsAddressOfPage(std::string_view text);
+
 // A whole page.
 Text Page(std::string_view title, std::string_view body);
 

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "service/limits.h"
 #include "service/names.h"
 #include "service/presence.h"
 #include "text/cut.h"
@@ -14,10 +15,9 @@ namespace {
 
 // Longest time that a right can be taken for, in seconds.
 constexpr std::int64_t kLongestPeriod = 1'000'000;
-constexpr std::size_t kMostBans = 500;
 
-Text IsProtectedSentence() {
-  return "Этот ник под защитой"_w;
+Text TooMany() {
+  return "Слишком много"_w;
 }
 
 Text Because(const Speaker& speaker, const Text& reason) {
@@ -43,7 +43,8 @@ void KeepOut(const Speaker& speaker, const Text& mask, const Text& reason, std::
     until_ms = std::max(until_ms, ban.until_ms);
     return true;
   });
-  bans.push_back({mask, reason, speaker.account.nick, now.local, until_ms});
+  bans.push_back(
+      {mask, reason.substr(0, kLongestReasonKept), speaker.account.nick, now.local, until_ms});
   if (bans.size() > kMostBans) bans.erase(bans.begin());
 }
 
@@ -59,8 +60,9 @@ std::vector<Text> Others(const Speaker& speaker, Test is_meant) {
 
 Text KickAddress(Chat& chat, const Speaker& speaker, const Text& address, const Text& reason,
                  const Moment& now) {
-  const std::vector<Text> nicks =
-      Others(speaker, [&](const Member& member) { return member.address == address; });
+  const std::vector<Text> nicks = Others(speaker, [&](const Member& member) {
+    return member.address == address || member.via == address;
+  });
   if (nicks.empty()) return "На канале нет никого с адреса "_w + address;
   if (chat.options.kick_ms > 0)
     KeepOut(speaker, address, reason, now.ms + chat.options.kick_ms, now);
@@ -70,6 +72,10 @@ Text KickAddress(Chat& chat, const Speaker& speaker, const Text& address, const 
 }
 
 }  // namespace
+
+Text IsProtectedSentence() {
+  return "Этот ник под защитой"_w;
+}
 
 Text NoSuchNick(const Text& nick) {
   return "Нет такого ника на канале: "_w + nick;
@@ -89,13 +95,11 @@ Text Kick(Chat& chat, const Speaker& speaker, const Text& whom, const Text& reas
 
 Text Ban(Chat& chat, const Speaker& speaker, const Text& mask, const Text& reason,
          const Moment& now) {
-  if (mask.empty()) return "Укажите ник или адрес"_w;
+  if (mask.empty() || mask.size() > kLongestMask) return "Укажите ник или адрес"_w;
   const Member* named = FindMember(*speaker.channel, mask);
   if (named != nullptr && IsProtected(*named)) return IsProtectedSentence();
   KeepOut(speaker, mask, reason, kForever, now);
-  const auto is_meant = [&](const Member& member) {
-    return MaskMatches(mask, member.account->nick) || MaskMatches(mask, member.address);
-  };
+  const auto is_meant = [&](const Member& member) { return Means(mask, member); };
   for (const Text& nick : Others(speaker, is_meant))
     Expel(chat, speaker, nick, "заносится в бан-лист"_w, reason, FrameEnd::kClose, now);
   return mask + " в бан-листе"_w;
@@ -126,7 +130,10 @@ Text TakeRight(Chat& chat, const Speaker& speaker, Right right, const Text& nick
   const Text& name = target->account->nick;
   const std::int64_t until =
       seconds ? now.ms + std::min(*seconds, kLongestPeriod) * 1000 : kForever;
-  TakenFrom(channel, right)[NickKey(nick)] = {name, reason, speaker.account.nick, now.local, until};
+  auto& taken = TakenFrom(channel, right);
+  const Text key = NickKey(nick);
+  if (taken.size() >= kMostPenalties && !taken.contains(key)) return TooMany();
+  taken[key] = {name, reason.substr(0, kLongestReasonKept), speaker.account.nick, now.local, until};
   const Text words =
       right == Right::kVoice ? " лишается права голоса"_w : " переходит на строчные буквы"_w;
   BroadcastSystem(chat.frames, channel, name + words + Because(speaker, reason), now);
@@ -145,6 +152,7 @@ Text SetOperator(Chat& chat, const Speaker& speaker, bool on, const Text& nick, 
   Member* target = FindMember(channel, nick);
   if (target == nullptr) return NoSuchNick(nick);
   if (!on && IsProtected(*target)) return IsProtectedSentence();
+  if (on && channel.opers.size() >= kMostOperators) return TooMany();
   if (on)
     channel.opers.insert(NickKey(nick));
   else

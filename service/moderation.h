@@ -51,6 +51,9 @@ Text GiveRight(Chat& chat, const Speaker& speaker, Right right, const Text& nick
 // Makes an operator of somebody, or takes that back.
 Text SetOperator(Chat& chat, const Speaker& speaker, bool on, const Text& nick, const Moment& now);
 
+// The sentence about a nick against whom no operator may act.
+Text IsProtectedSentence();
+
 // The sentence about a nick that isn't there.
 Text NoSuchNick(const Text& nick);
 

@@ -4,14 +4,18 @@
 #include <cstddef>
 
 #include "service/ascii.h"
+#include "service/limits.h"
+#include "service/skeleton.h"
 #include "text/cut.h"
 #include "text/wildcard.h"
 
 namespace parlorwire::service {
 namespace {
 
-constexpr std::size_t kLongestNick = 30;
-constexpr std::size_t kLongestChannel = 60;
+// The soft hyphen and the code page's gap show nothing.
+bool IsSeen(char c) {
+  return IsPrintable(c) && c != '\xAD' && c != '\x98';
+}
 
 }  // namespace
 
@@ -27,20 +31,20 @@ bool IsPrintable(char c) {
 bool NickIsAllowed(std::string_view nick) {
   constexpr std::string_view kSpecial = " :|()[]'\"%+*?,/=#;\\";
   return !nick.empty() && nick.size() <= kLongestNick &&
-         std::all_of(nick.begin(), nick.end(), IsPrintable) &&
+         std::all_of(nick.begin(), nick.end(), IsSeen) && IsOfOneAlphabet(nick) &&
          nick.find_first_of(kSpecial) == std::string_view::npos;
 }
 
 bool ChannelIsAllowed(std::string_view name) {
   return !TrimView(name).empty() && name.size() <= kLongestChannel &&
-         std::all_of(name.begin(), name.end(), IsPrintable) &&
-         name.find(':') == std::string_view::npos;
+         std::all_of(name.begin(), name.end(), IsSeen) && name.find(':') == std::string_view::npos;
 }
 
 bool IsAddress(std::string_view text) {
   const auto groups = Split(text, ".");
   return groups.size() == 4 && std::all_of(groups.begin(), groups.end(), [](auto group) {
-           return ReadNumber(group, 3).has_value();
+           const auto number = ReadNumber(group, 3);
+           return number && *number <= 255;
          });
 }
 

@@ -15,13 +15,13 @@ Text NickKey(std::string_view nick);
 bool IsPrintable(char c);
 
 // 1 to 30 characters that may stand in a line and in an address without being taken for its
-// punctuation.
+// punctuation, and that are seen; the letters of one alphabet.
 bool NickIsAllowed(std::string_view nick);
 
-// 1 to 60 characters, not all blanks, no colon.
+// 1 to 60 characters that are seen, not all blanks, no colon.
 bool ChannelIsAllowed(std::string_view name);
 
-// Four groups of one to three digits.
+// Four numbers from 0 to 255, of one to three digits.
 bool IsAddress(std::string_view text);
 
 // Whether a mask names a nick or an address, in any case of letters. "*" stands for any run of

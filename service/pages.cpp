@@ -42,6 +42,10 @@ Text NoPersonalFramePage(std::string_view time) {
          Text(kWrongPassword) + "\n";
 }
 
+Text WaitPage() {
+  return Page(kWrongPasswordTitle, "<p>Слишком много неверных паролей. Подождите минуту.\n"_w);
+}
+
 Text RefusedPage() {
   return Page("authorization failed!", "<p>Вход с этим ником или с этого адреса невозможен.\n"_w);
 }
@@ -96,6 +100,16 @@ Text RulesPage() {
 
 Text NoSuchChannelPage(std::string_view name) {
   return Page("no channel", "<p>Нет такого канала: "_w + EscapeHtml(name) + "\n");
+}
+
+Text LockedChannelPage(std::string_view name) {
+  return Page("locked channel", "<p>Канал закрыт паролем: "_w + EscapeHtml(name) + "\n");
+}
+
+Text WayOutPage(std::string_view target) {
+  const Text shown = EscapeHtml(target);
+  return Page("link", "<p>Ссылка ведет за пределы чата:\n<p><a href=\""_w + shown +
+                          "\" rel=\"noreferrer noopener\">" + shown + "</a>\n");
 }
 
 }  // namespace parlorwire::service

@@ -18,6 +18,8 @@ Text WrongPasswordPage();
 // The same where a personal frame was asked for: a line as of a message that came at that time, so
 // that who reads frames alone can see it.
 Text NoPersonalFramePage(std::string_view time);
+// The same for who has to wait, since wrong passwords came before.
+Text WaitPage();
 // Title "authorization failed!".
 Text RefusedPage();
 // The frames of a channel for a browser.
@@ -31,5 +33,8 @@ Text GoodbyePage(std::string_view nick);
 Text ErrorPage(int status);
 Text RulesPage();
 Text NoSuchChannelPage(std::string_view name);
+Text LockedChannelPage(std::string_view name);
+// Names an address elsewhere, and leads there by a click.
+Text WayOutPage(std::string_view target);
 
 }  // namespace parlorwire::service

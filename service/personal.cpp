@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "service/accounts.h"
 #include "service/form.h"
 #include "service/markup.h"
 #include "service/names.h"
@@ -30,12 +31,8 @@ constexpr std::array<Smile, 22> kSmiles = {{
     {"rose", "rose_t"},   {"beer", "icon_beer"},
 }};
 
-bool IsLink(std::string_view word) {
-  return word.starts_with("http://") || word.starts_with("https://") || word.starts_with("ftp://");
-}
-
 Text WordHtml(std::string_view word) {
-  if (IsLink(word)) {
+  if (IsAddressOfPage(word)) {
     const Text escaped = EscapeHtml(word);
     return "<a href=\"/redirect?msgtext=" + escaped + "\" target=\"_blank\">" + escaped + "</a>";
   }
@@ -48,6 +45,13 @@ Text WordHtml(std::string_view word) {
   return EscapeHtml(word);
 }
 
+std::size_t BytesWaiting(const Account& account) {
+  std::size_t bytes = 0;
+  for (const PersonalMessage& message : account.personal)
+    bytes += message.other.size() + message.text.size();
+  return bytes;
+}
+
 void Deliver(Chat& chat, Account& account, PersonalMessage message, const Moment& now) {
   message.number = account.next_personal++;
   message.local = now.local;
@@ -58,7 +62,9 @@ void Deliver(Chat& chat, Account& account, PersonalMessage message, const Moment
   }
   if (!account.personal_frames.empty()) account.told_personal = message.number;
   account.personal.push_back(std::move(message));
-  if (account.personal.size() > kMessagesKept) account.personal.pop_front();
+  while (account.personal.size() > kMessagesKept ||
+         BytesWaiting(account) > chat.options.limits.personal_bytes)
+    account.personal.pop_front();
 }
 
 // Everybody who doesn't look at his personal messages is told on the channels that he reads.
@@ -128,9 +134,9 @@ Text SendPersonal(Chat& chat, Account& from, const Text& to, const Text& text, c
   std::replace_if(
       line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
   if (line.empty()) return "Пустое сообщение не отправлено"_w;
-  const auto found = chat.accounts.find(NickKey(to));
-  if (found == chat.accounts.end()) return "Нет такого ника: "_w + to;
-  Account& receiver = found->second;
+  Account* found = FindNick(chat, to);
+  if (found == nullptr) return "Нет такого ника: "_w + to.substr(0, kLongestNick);
+  Account& receiver = *found;
   Deliver(chat, receiver, {0, 0, true, from.nick, line}, now);
   Signal(chat, receiver, now);
   Deliver(chat, from, {0, 0, false, receiver.nick, line}, now);

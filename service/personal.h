@@ -12,6 +12,7 @@
 namespace parlorwire::service {
 
 inline constexpr std::string_view kPersonalPage = "/mframe_pm";
+inline constexpr std::string_view kPersonalPostPage = "/newmsg_pm";
 inline constexpr std::string_view kAcknowledgePage = "/pm_ack";
 
 // Opens a frame of personal messages, with those that wait. `head` goes out ahead of all, in the

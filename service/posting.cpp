@@ -21,7 +21,7 @@ Text OneLine(const Text& text) {
 
 bool WasPosted(Account& account, const Text& number, const Text& text) {
   if (number.empty()) return false;
-  const Text post = number + " " + text;
+  const Text post = number.substr(0, kLongestPostNumber) + " " + text;
   auto& posts = account.recent_posts;
   if (std::find(posts.begin(), posts.end(), post) != posts.end()) return true;
   posts.push_back(post);

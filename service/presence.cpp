@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "service/accounts.h"
 #include "service/names.h"
 #include "service/presentation.h"
 #include "text/cut.h"
@@ -12,8 +13,10 @@ namespace parlorwire::service {
 namespace {
 
 void SetOrigin(Member& member, const Origin& origin) {
+  member.via.clear();
   if (IsAddress(origin.forwarded)) {
     member.address = origin.forwarded;
+    member.via = origin.address;
     member.shown_address = origin.address + " (" + origin.forwarded + ")";
   } else {
     member.address = member.shown_address = origin.address;
@@ -48,13 +51,14 @@ void TidyUp(Chat& chat, Channel& channel) {
 
 Frame* Enter(Chat& chat, Account& account, const Text& name, const Text& password,
              const Origin& origin, const Moment& now, std::string_view head) {
-  if (!ChannelIsAllowed(name)) return nullptr;
+  if (!ChannelIsAllowed(name) || password.size() > kLongestPassword) return nullptr;
   const Text key = NickKey(name);
   const auto [found, is_new] = chat.channels.try_emplace(key);
   Channel& channel = found->second;
   if (is_new) {
     channel.name = name;
     channel.password = password;
+    channel.history_bytes = chat.options.limits.history_bytes;
   }
   Member* present = FindMember(channel, account.nick);
   if (channel.password != password && !channel.password.empty()) return nullptr;
@@ -62,6 +66,7 @@ Frame* Enter(Chat& chat, Account& account, const Text& name, const Text& passwor
 
   Frame& frame = OpenFrame(chat.frames, NickKey(account.nick));
   frame.channel = key;
+  frame.place = PlaceOf(origin);
   WriteWire(chat.frames, frame, head, now);
   Write(chat.frames, frame, FrameHead({account.style, account.reload}), now);
   Write(chat.frames, frame, HistoryOf(channel, account, now), now);
@@ -89,7 +94,10 @@ Frame* Enter(Chat& chat, Account& account, const Text& name, const Text& passwor
 void Settle(Chat& chat, Account& account, const Text& name, const Origin& origin, bool oper,
             bool announced, const Moment& now) {
   Channel& channel = chat.channels[NickKey(name)];
-  if (channel.name.empty()) channel.name = name;
+  if (channel.name.empty()) {
+    channel.name = name;
+    channel.history_bytes = chat.options.limits.history_bytes;
+  }
   if (FindMember(channel, account.nick) != nullptr || IsKeptOut(channel, account, origin, now))
     return;
   Member& member = AddMember(chat, channel, account);
@@ -126,16 +134,16 @@ void LogOff(Chat& chat, Account& account, const Moment& now) {
     if (const auto frame = chat.frames.open.find(id); frame != chat.frames.open.end())
       End(chat.frames, frame->second, FrameEnd::kClose);
   account.personal_frames.clear();
-  for (const auto& [channel, ticket] : account.tickets)
-    chat.ticket_owners.erase(ticket);
-  account.tickets.clear();
+  VoidTickets(chat, account);
 }
 
 void FrameIsGone(Chat& chat, FrameId id, const Moment& now) {
   const auto found = chat.frames.open.find(id);
   if (found == chat.frames.open.end()) return;
   Frame& frame = found->second;
-  chat.accounts.at(frame.account).personal_frames.erase(id);
+  Account& account = chat.accounts.at(frame.account);
+  account.personal_frames.erase(id);
+  account.used_ms = now.ms;
   if (Channel* channel = FindChannel(chat, frame.channel)) {
     for (Member& member : channel->members) {
       if (member.frame != &frame) continue;

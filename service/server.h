@@ -16,6 +16,10 @@ struct ServerOptions {
   std::string address = "127.0.0.1";  // IPv4, in digits
   std::uint16_t port = 0;             // 0 takes a free one
   std::size_t most_connections = 1000;
+  std::size_t connections_of_address = 500;  // but of a trusted proxy as many as it likes
+  // How much may be made of answers in one turn of the loop; what is asked for behind it waits for
+  // the next turn. What people say never waits.
+  std::size_t bytes_a_turn = 1024 * 1024;
   std::int64_t request_ms = 15000;  // how long a request may take to come in
   std::int64_t stall_ms = 30000;    // how long a reader may take nothing of what waits for him
   std::size_t most_waiting = 4 * 1024 * 1024;  // bytes that may wait for one reader

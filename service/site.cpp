@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "service/accounts.h"
 #include "service/ascii.h"
 #include "service/form.h"
 #include "service/lists.h"
@@ -37,7 +38,8 @@ std::string Header(int status, std::string_view type, std::string_view more = {}
 std::string Ended(int status, std::string_view type, std::string_view text,
                   std::string_view more = {}) {
   const Text wire = ToWire(text);
-  const std::string length = "Content-Length: " + std::to_string(wire.size()) + "\r\n";
+  const std::string length =
+      "Content-Length: " + std::to_string(wire.size()) + "\r\nX-Content-Type-Options: nosniff\r\n";
   return Header(status, type, length + std::string(more)) + wire;
 }
 
@@ -70,14 +72,16 @@ Answer ChannelPage(const Visit& visit) {
 
 Answer LogInAnswer(const Visit& visit) {
   Visitor visitor = visit.visitor;
-  const Login login =
-      LogIn(visit.chat, visitor.nick, visit.form["passwd"], visitor.channel, visit.origin);
+  const Login login = LogIn(visit.chat, visitor.nick, visit.form["passwd"], visitor.channel,
+                            visit.origin, visit.now);
   switch (login.result) {
     case LoginResult::kWelcome:
       visitor.ticket = login.ticket;
       return {HtmlAnswer(WelcomePage(visitor)), {}};
     case LoginResult::kWrongPassword:
       return {HtmlAnswer(WrongPasswordPage()), {}};
+    case LoginResult::kWait:
+      return {HtmlAnswer(WaitPage()), {}};
     case LoginResult::kRefused:
       return {HtmlAnswer(RefusedPage()), {}};
     case LoginResult::kFull:
@@ -94,6 +98,8 @@ Answer Root(const Visit& visit) {
 }
 
 Answer MessageFrame(const Visit& visit) {
+  if (!HasRoomForFrame(visit.chat, *visit.account, NickKey(visit.visitor.channel), visit.origin))
+    return {ErrorAnswer(503), {}};
   const Frame* frame = Enter(visit.chat, *visit.account, visit.visitor.channel,
                              visit.visitor.password, visit.origin, visit.now, Header(200, kHtml));
   if (frame == nullptr) return ChannelPage(visit);
@@ -111,8 +117,15 @@ Answer UsersAnswer(const Visit& visit) {
   return {HtmlAnswer(UserPage(*channel, *visit.account, visit.visitor)), {}};
 }
 
+Text TooOften() {
+  return "Слишком часто, сообщение не отправлено"_w;
+}
+
 Answer PostAnswer(const Visit& visit) {
   if (!visit.form.Has("msgtext")) return {HtmlAnswer(PostPage(visit.visitor, {})), {}};
+  const std::int64_t rate = visit.chat.options.limits.posts;
+  if (!Take(visit.account->posts, rate, visit.now.ms))
+    return {HtmlAnswer(PostPage(visit.visitor, TooOften())), {}};
   const Text sentence =
       Post(visit.chat, *visit.account, visit.visitor.channel, visit.form["msgtext"],
            ToneOfAction(visit.form["action"]), visit.form["reqnum"], visit.now);
@@ -141,17 +154,22 @@ std::string SafeHost(const std::string& host) {
   const bool is_safe = !host.empty() && std::all_of(host.begin(), host.end(), [](char c) {
     return IsAlphanumeric(c) || c == '.' || c == '-' || c == ':';
   });
-  return is_safe ? host : "localhost";
+  return is_safe && host.size() <= kLongestHost ? host : "localhost";
 }
 
 Answer PersonalFrame(const Visit& visit) {
-  const Frame& frame = EnterPersonal(visit.chat, *visit.account, visit.now, Header(200, kHtml),
-                                     SafeHost(visit.request.host));
+  if (!HasRoomForFrame(visit.chat, *visit.account, {}, visit.origin)) return {ErrorAnswer(503), {}};
+  Frame& frame = EnterPersonal(visit.chat, *visit.account, visit.now, Header(200, kHtml),
+                               SafeHost(visit.request.host));
+  frame.place = PlaceOf(visit.origin);
   return {{}, frame.id};
 }
 
 Answer PersonalPost(const Visit& visit) {
   if (!visit.form.Has("msgtext")) return {HtmlAnswer(PersonalPostPage(visit.visitor, {})), {}};
+  const std::int64_t rate = visit.chat.options.limits.personal;
+  if (!Take(visit.account->personal_posts, rate, visit.now.ms))
+    return {HtmlAnswer(PersonalPostPage(visit.visitor, TooOften())), {}};
   // One reading only: by another one the words might reach somebody else.
   const Text to = visit.request.method == "POST"
                       ? DecodeUnrecoded(EncodedValue(visit.request.body, "xtouser"))
@@ -168,10 +186,11 @@ Answer AcknowledgeAnswer(const Visit& visit) {
 }
 
 Answer OfChannel(const Visit& visit, Text (*page)(const Visit&, const Channel&)) {
-  const Channel* channel = FindChannel(visit.chat, visit.visitor.channel);
-  return {HtmlAnswer(channel == nullptr ? NoSuchChannelPage(visit.visitor.channel)
-                                        : page(visit, *channel)),
-          {}};
+  Channel* channel = FindChannel(visit.chat, visit.visitor.channel);
+  if (channel == nullptr) return {HtmlAnswer(NoSuchChannelPage(visit.visitor.channel)), {}};
+  if (!MayRead(*channel, visit.account->nick, visit.visitor.password))
+    return {HtmlAnswer(LockedChannelPage(channel->name)), {}};
+  return {HtmlAnswer(page(visit, *channel)), {}};
 }
 
 Answer BanList(const Visit& visit) {
@@ -200,16 +219,27 @@ Answer Whois(const Visit& visit) {
   return {HtmlAnswer(WhoisPage(visit.form["server"])), {}};
 }
 
-// Links of personal messages lead through here, so that no page elsewhere learns a ticket.
+// What a link of a personal message leads to. It stands behind the field's name as it is, with all
+// that an address may hold: only what begins otherwise is a field's value like others.
+Text TargetOf(const Visit& visit) {
+  constexpr std::string_view kField = "msgtext=";
+  const std::string_view form =
+      visit.request.method == "POST" ? visit.request.body : visit.request.query;
+  const std::string_view rest =
+      form.starts_with(kField) ? form.substr(kField.size()) : std::string_view();
+  return IsAddressOfPage(rest) ? Text(rest) : visit.form["msgtext"];
+}
+
+// Links of personal messages lead through here, so that no page elsewhere learns a ticket. The page
+// names where it leads, and only a click goes on: nobody can make the service's name lead elsewhere
+// unseen.
 Answer Redirect(const Visit& visit) {
-  const Text& target = visit.form["msgtext"];
-  const bool is_link = target.starts_with("http://") || target.starts_with("https://") ||
-                       target.starts_with("ftp://");
+  const Text target = TargetOf(visit);
   const bool is_clean = std::none_of(target.begin(), target.end(), [](char c) {
     return static_cast<unsigned char>(c) <= 0x20 || static_cast<unsigned char>(c) >= 0x7F;
   });
-  if (!is_link || !is_clean) return {ErrorAnswer(400), {}};
-  return {Ended(302, kHtml, {}, "Location: " + target + "\r\n"), {}};
+  if (!IsAddressOfPage(target) || !is_clean) return {ErrorAnswer(400), {}};
+  return {Ended(200, kHtml, WayOutPage(target), "Referrer-Policy: no-referrer\r\n"), {}};
 }
 
 struct Route {
@@ -227,7 +257,7 @@ constexpr std::array<Route, 16> kRoutes = {{
     {"/logoff", true, LogOffAnswer},
     {"/leave", true, LeaveAnswer},
     {kPersonalPage, true, PersonalFrame},
-    {"/newmsg_pm", true, PersonalPost},
+    {kPersonalPostPage, true, PersonalPost},
     {kAcknowledgePage, true, AcknowledgeAnswer},
     {"/banlist", true, BanList},
     {"/oplist", true, OperatorList},
@@ -243,6 +273,18 @@ std::string ErrorAnswer(int status) {
   return Ended(status, kHtml, ErrorPage(status));
 }
 
+bool IsTrusted(const ChatOptions& options, const std::string& address) {
+  return std::any_of(options.trusted_proxies.begin(), options.trusted_proxies.end(),
+                     [&](const Text& mask) { return MaskMatches(mask, address); });
+}
+
+Origin OriginOf(const ChatOptions& options, const std::string& peer, const Request& request) {
+  if (!IsTrusted(options, peer)) return {peer, {}};
+  // Each proxy on the way has put down its own peer last.
+  const Text last = Trim(request.forwarded_for.substr(request.forwarded_for.rfind(',') + 1));
+  return {peer, IsAddress(last) ? last : Text()};
+}
+
 Answer Handle(Chat& chat, const Request& request, const Origin& origin, const Moment& now) {
   const auto route = std::find_if(kRoutes.begin(), kRoutes.end(),
                                   [&](const Route& each) { return each.path == request.path; });
@@ -251,10 +293,15 @@ Answer Handle(Chat& chat, const Request& request, const Origin& origin, const Mo
   Visit visit{chat, request, origin, now, {}, {}, nullptr};
   visit.form = request.method == "POST" ? DecodeForm(request.body, FormBytes::kKoi)
                                         : DecodeForm(request.query, FormBytes::kKoiOrUtf8);
-  visit.visitor = {visit.form["username"], visit.form["ticket"], Trim(visit.form["channel"]),
-                   visit.form["chpwd"]};
+  // Cut behind the first character that is too many: what is refused is not kept or sent, either.
+  visit.visitor = {visit.form["username"].substr(0, kLongestNick + 1), visit.form["ticket"],
+                   Trim(visit.form["channel"]).substr(0, kLongestChannel + 1),
+                   visit.form["chpwd"].substr(0, kLongestPassword + 1)};
   visit.account = FindAccountOfVisit(chat, visit.form);
-  if (visit.account != nullptr) visit.visitor.nick = visit.account->nick;
+  if (visit.account != nullptr) {
+    visit.visitor.nick = visit.account->nick;
+    visit.account->used_ms = now.ms;
+  }
   if (route->needs_ticket && visit.account == nullptr)
     return {HtmlAnswer(route->path == kPersonalPage
                            ? NoPersonalFramePage(TimeText(now.local, now.local))

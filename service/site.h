@@ -17,7 +17,13 @@ struct Answer {
   std::optional<FrameId> frame;
 };
 
-// Does what a whole request asks for. The origin is where its connection comes from.
+// Where a request comes from: who a trusted proxy says that it asks for, else the peer alone.
+Origin OriginOf(const ChatOptions& options, const std::string& peer, const Request& request);
+
+// Whether an address is a proxy's whose word is taken.
+bool IsTrusted(const ChatOptions& options, const std::string& address);
+
+// Does what a whole request asks for.
 Answer Handle(Chat& chat, const Request& request, const Origin& origin, const Moment& now);
 
 // An answer that tells of a failure: a status from 400 on.

@@ -24,7 +24,7 @@ struct ChatFixture : testing::Test {
   Origin origin{"10.0.0.1", ""};
 
   Account& Known(const Text& nick, int style = kRobotStyle) {
-    const Login login = LogIn(chat, nick, "secret", "hall", origin);
+    const Login login = LogIn(chat, nick, "secret", "hall", origin, now);
     EXPECT_EQ(login.result, LoginResult::kWelcome);
     Account& account = *FindAccount(chat, nick, login.ticket);
     account.style = style;

@@ -62,6 +62,20 @@ TEST(CommandLine, TakesEveryOption) {
                                       "10.*,troll",
                                       "--admin",
                                       "root",
+                                      "--trusted-proxy=10.7.*",
+                                      "--max-accounts=13",
+                                      "--accounts-per-address=14",
+                                      "--account-idle=15",
+                                      "--frames-per-nick=16",
+                                      "--frames-per-address=17",
+                                      "--connections-per-address=18",
+                                      "--history-kilobytes=19",
+                                      "--personal-kilobytes=20",
+                                      "--turn-kilobytes=21",
+                                      "--login-rate=22",
+                                      "--post-rate=23",
+                                      "--personal-rate=24",
+                                      "--guess-wait=25",
                                       "--seed",
                                       "3",
                                       "--form-b",
@@ -85,6 +99,20 @@ TEST(CommandLine, TakesEveryOption) {
   EXPECT_EQ(options.most_connections, 12U);
   EXPECT_EQ(options.chat.banned, (std::vector<Text>{"10.*", "troll"}));
   EXPECT_EQ(options.chat.admins, std::vector<Text>{"root"});
+  EXPECT_EQ(options.chat.trusted_proxies, std::vector<Text>{"10.7.*"});
+  EXPECT_EQ(options.chat.most_accounts, 13U);
+  EXPECT_EQ(options.chat.limits.accounts_of_address, 14U);
+  EXPECT_EQ(options.chat.limits.account_idle_ms, 15 * 3600 * 1000);
+  EXPECT_EQ(options.chat.limits.frames_of_account, 16U);
+  EXPECT_EQ(options.chat.limits.frames_of_address, 17U);
+  EXPECT_EQ(options.connections_of_address, 18U);
+  EXPECT_EQ(options.chat.limits.history_bytes, 19U * 1024);
+  EXPECT_EQ(options.chat.limits.personal_bytes, 20U * 1024);
+  EXPECT_EQ(options.bytes_a_turn, 21U * 1024);
+  EXPECT_EQ(options.chat.limits.logins, 22);
+  EXPECT_EQ(options.chat.limits.posts, 23);
+  EXPECT_EQ(options.chat.limits.personal, 24);
+  EXPECT_EQ(options.chat.limits.longest_guess_wait_ms, 25000);
   EXPECT_EQ(options.seed, 3U);
   EXPECT_TRUE(options.chat.form_b);
   EXPECT_EQ(options.misbehaviour.kind, MisbehaviourKind::kCut);
@@ -99,6 +127,7 @@ TEST(CommandLine, SaysWhatIsWrong) {
   EXPECT_EQ(Bad({"--port", "-1"}), "bad value for --port: -1");
   EXPECT_EQ(Bad({"--keepalive", "0"}), "bad value for --keepalive: 0");
   EXPECT_EQ(Bad({"--history", "201"}), "bad value for --history: 201");
+  EXPECT_EQ(Bad({"--turn-kilobytes", "0"}), "bad value for --turn-kilobytes: 0");
   EXPECT_EQ(Bad({"--form-b=1"}), "--form-b takes no value");
   EXPECT_EQ(Bad({"--channels", "a:b"}), "bad value for --channels: a:b");
   EXPECT_EQ(Bad({"--misbehave", "wild"}), "bad value for --misbehave: wild");
@@ -107,12 +136,43 @@ TEST(CommandLine, SaysWhatIsWrong) {
 TEST(CommandLine, HelpNamesEveryOption) {
   const auto line = ReadCommandLine(std::vector<const char*>{"--help"});
   EXPECT_TRUE(std::get<CommandLine>(line).help);
-  for (const char* option : {"--port",        "--address",   "--quiet",      "--no-inhabitants",
-                             "--visits",      "--talk",      "--talk-lines", "--talk-frames",
-                             "--talk-length", "--patient",   "--keepalive",  "--history",
-                             "--grace",       "--kick-time", "--max-frames", "--max-connections",
-                             "--channels",    "--ban",       "--admin",      "--seed",
-                             "--form-b",      "--misbehave", "--help"})
+  for (const char* option : {"--port",
+                             "--address",
+                             "--quiet",
+                             "--no-inhabitants",
+                             "--visits",
+                             "--talk",
+                             "--talk-lines",
+                             "--talk-frames",
+                             "--talk-length",
+                             "--patient",
+                             "--keepalive",
+                             "--history",
+                             "--grace",
+                             "--kick-time",
+                             "--max-frames",
+                             "--max-connections",
+                             "--channels",
+                             "--ban",
+                             "--admin",
+                             "--seed",
+                             "--form-b",
+                             "--misbehave",
+                             "--help",
+                             "--trusted-proxy",
+                             "--max-accounts",
+                             "--accounts-per-address",
+                             "--account-idle",
+                             "--frames-per-nick",
+                             "--frames-per-address",
+                             "--connections-per-address",
+                             "--history-kilobytes",
+                             "--personal-kilobytes",
+                             "--turn-kilobytes",
+                             "--login-rate",
+                             "--post-rate",
+                             "--personal-rate",
+                             "--guess-wait"})
     EXPECT_TRUE(Contains(HelpText(), option)) << option;
 }
 

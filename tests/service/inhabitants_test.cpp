@@ -60,7 +60,7 @@ TEST_F(InhabitantsTest, TheFirstWhoComesIsStillTheOperator) {
 
 TEST_F(InhabitantsTest, NobodyLogsInAsOne) {
   MoveIn(chat, options, now);
-  EXPECT_EQ(LogIn(chat, "nordwind", "x", "hall", origin).result, LoginResult::kRefused);
+  EXPECT_EQ(LogIn(chat, "nordwind", "x", "hall", origin, now).result, LoginResult::kRefused);
 }
 
 TEST_F(InhabitantsTest, GreetANewcomerSoonAndOnce) {

@@ -63,8 +63,13 @@ TEST_F(LoopTest, ServesThreeHundredFramesAtOnce) {
 TEST_F(LoopTest, TooManyConnectionsAreTurnedAway) {
   options.most_connections = 2;
   Start();
+  const Text alice = LogIn("alice");
   Peer one(server->port());
   Peer two(server->port());
+  for (Peer* frame : {&one, &two}) {
+    frame->Send(PostRequest("/mframe_pm", alice));
+    frame->ReadOnce();
+  }
   EXPECT_TRUE(Ask("GET /rulez.html HTTP/1.0\r\n\r\n").starts_with("HTTP/1.0 503"));
 }
 

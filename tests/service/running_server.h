@@ -28,8 +28,13 @@ inline constexpr std::string_view kFrameHeader =
 // A blocking socket whose reads wait for at most 10 s.
 class Peer {
  public:
-  explicit Peer(std::uint16_t port, int receive_buffer = 0) {
+  // The last byte of the address that it comes from is 127.0.0.`source`.
+  explicit Peer(std::uint16_t port, int receive_buffer = 0, std::uint8_t source = 1) {
     fd_ = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in here{};
+    here.sin_family = AF_INET;
+    here.sin_addr.s_addr = htonl(INADDR_LOOPBACK - 1 + source);
+    EXPECT_EQ(bind(fd_, reinterpret_cast<const sockaddr*>(&here), sizeof here), 0);
     if (receive_buffer != 0)
       setsockopt(fd_, SOL_SOCKET, SO_RCVBUF, &receive_buffer, sizeof receive_buffer);
     sockaddr_in address{};

@@ -163,7 +163,7 @@ TEST_F(SiteTest, LogoffAnswersAndEndsTheTicket) {
 }
 
 TEST_F(SiteTest, PersonalPagesTakeANickThatIsNotRecoded) {
-  const Login login = LogIn(chat, "Ёжик"_w, "x", "hall", origin);
+  const Login login = LogIn(chat, "Ёжик"_w, "x", "hall", origin, now);
   Known("Кот"_w);
   Request request;
   request.method = "POST";
@@ -286,11 +286,29 @@ TEST_F(SiteTest, UnknownPagesAndMethods) {
 }
 
 TEST_F(SiteTest, RedirectsLeadOnlyToCleanAddresses) {
-  EXPECT_TRUE(Contains(Get("/redirect", "msgtext=http://a.b/c"), "HTTP/1.0 302 Found\r\n"));
-  EXPECT_TRUE(Contains(Get("/redirect", "msgtext=http://a.b/c"), "Location: http://a.b/c\r\n"));
-  for (const char* target : {"javascript:x", "http://a%0D%0AX:y", "//a.b", ""})
+  for (const char* target :
+       {"javascript:x", "http%3A//a%0D%0AX:y", "http://a b", "http%3A//a%20b", "//a.b", ""})
     EXPECT_TRUE(Get("/redirect", std::string("msgtext=") + target).starts_with("HTTP/1.0 400"))
         << target;
+}
+
+TEST_F(SiteTest, ALinkLeadsOverAPageThatNamesAllOfIt) {
+  const Text answer = Get("/redirect", "msgtext=http://a.b/?x=1&y=%20+2;z");
+  EXPECT_TRUE(answer.starts_with("HTTP/1.0 200 OK\r\n"));
+  EXPECT_FALSE(Contains(answer, "Location:"));
+  EXPECT_TRUE(Contains(answer, "\r\nReferrer-Policy: no-referrer\r\n"));
+  EXPECT_TRUE(Contains(answer,
+                       "<a href=\"http://a.b/?x=1&amp;y=%20+2;z\" rel=\"noreferrer noopener\">"
+                       "http://a.b/?x=1&amp;y=%20+2;z</a>"));
+  EXPECT_TRUE(Contains(Get("/redirect", "msgtext=http%3A%2F%2Fa.b%2F%3Fx%3D1%26y"),
+                       ">http://a.b/?x=1&amp;y</a>"));
+  EXPECT_TRUE(Contains(Get("/redirect", "msgtext=http://a/\"><b>"),
+                       "href=\"http://a/&quot;&gt;&lt;b&gt;\""));
+}
+
+TEST_F(SiteTest, NoPageIsTakenForAnythingElse) {
+  for (const char* path : {"/", "/rulez.html", "/nowhere", "/chl", "/redirect"})
+    EXPECT_TRUE(Contains(Get(path, ""), "\r\nX-Content-Type-Options: nosniff\r\n")) << path;
 }
 
 TEST_F(SiteTest, ContentLengthCountsTheBytesOfTheWire) {
