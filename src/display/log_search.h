@@ -38,8 +38,8 @@ struct LogProgress {
 
 // Tells each line that holds what is wanted: those of the newest day first, its channels by name,
 // the lines of a log from its beginning. Between blocks of 256 KiB and behind each log it tells how
-// far it is; it ends at such a moment if it is asked to stop. What is written meanwhile may be found
-// or not. A line above 256 KiB counts as several.
+// far it is; it ends at such a moment if it is asked to stop. What is written meanwhile may be
+// found or not. A line above 256 KiB counts as several.
 void SearchLogs(const DayLogs& logs, const LogQuery& query, const std::stop_token& stop,
                 const std::function<void(LogHit)>& found,
                 const std::function<void(const LogProgress&)>& progress);

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "text/text.h"
@@ -33,12 +34,15 @@ class DayLogs {
   class Reader {
    public:
     virtual ~Reader() = default;
-    // The next bytes, Windows-1251, as many as fit; fewer than fit only at the end. 0 at the end, and
-    // where reading fails.
+    // The next bytes, Windows-1251, as many as fit; fewer than fit only at the end. 0 at the end,
+    // and where reading fails.
     virtual std::size_t Read(std::span<char> bytes) = 0;
   };
 
   virtual ~DayLogs() = default;
+
+  // The folder in which they lie, as the system names it. It need not exist.
+  virtual std::string Folder() const = 0;
 
   // All there are, in no order. A folder that can't be read has none.
   virtual std::vector<DayLog> List() const = 0;

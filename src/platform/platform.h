@@ -6,6 +6,7 @@
 
 #include "platform/clipboard.h"
 #include "platform/clock.h"
+#include "platform/day_logs.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/random.h"
@@ -18,6 +19,7 @@ namespace parlorwire {
 struct Platform {
   Files& files;
   const Files& program_files;  // beside the installed program; never written to
+  const DayLogs& day_logs;
   Clock& clock;
   Random& random;
   Clipboard& clipboard;

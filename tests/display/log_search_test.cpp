@@ -4,8 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <random>
+
+#include "support/memory_logs.h"
 
 namespace parlorwire {
 namespace {
@@ -14,46 +15,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr std::size_t kBlock = 256 * 1024;
-
-// Logs in memory, which give at most `most` bytes at a time if asked for more.
-class MemoryLogs : public DayLogs {
- public:
-  class MemoryReader : public Reader {
-   public:
-    MemoryReader(const Text& content, std::int64_t& read) : content_(content), read_(read) {}
-
-    std::size_t Read(std::span<char> bytes) override {
-      const std::size_t size = std::min(bytes.size(), content_.size() - at_);
-      std::copy_n(content_.begin() + static_cast<std::ptrdiff_t>(at_), size, bytes.begin());
-      at_ += size;
-      read_ += static_cast<std::int64_t>(size);
-      return size;
-    }
-
-   private:
-    const Text& content_;
-    std::int64_t& read_;
-    std::size_t at_ = 0;
-  };
-
-  std::vector<DayLog> List() const override {
-    std::vector<DayLog> all = unreadable;
-    for (const auto& [name, content] : contents)
-      all.push_back({name.second, name.first});
-    std::reverse(all.begin(), all.end());  // in no order
-    return all;
-  }
-
-  std::unique_ptr<Reader> Open(const DayLog& log) const override {
-    const auto found = contents.find({log.day, log.channel});
-    if (found == contents.end()) return nullptr;
-    return std::make_unique<MemoryReader>(found->second, read);
-  }
-
-  std::map<std::pair<LogDay, Text>, Text> contents;
-  std::vector<DayLog> unreadable;
-  mutable std::int64_t read = 0;
-};
 
 class LogSearchTest : public testing::Test {
  protected:

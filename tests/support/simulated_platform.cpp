@@ -253,6 +253,7 @@ bool SimulatedDesktop::AskYesNo(const Text& text, BoxIcon icon, BoxAnswer presel
 Platform SimulatedPlatform::Ports(Files& chosen_files, Desktop& chosen_desktop) {
   return {chosen_files,
           program_files,
+          day_logs,
           time,
           random,
           clipboard,

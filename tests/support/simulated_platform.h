@@ -13,6 +13,7 @@
 
 #include "platform/platform.h"
 #include "session/client.h"
+#include "support/memory_logs.h"
 
 namespace parlorwire {
 
@@ -211,6 +212,7 @@ class SimulatedPlatform {
   SimulatedTime time;
   SimulatedFiles files;
   SimulatedFiles program_files;
+  MemoryLogs day_logs;
   SimulatedRandom random;
   SimulatedClipboard clipboard;
   SimulatedDesktop desktop;

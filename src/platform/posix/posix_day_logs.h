@@ -14,6 +14,7 @@ class PosixDayLogs : public DayLogs {
   // The folder "Logs", as an absolute path. It need not exist.
   explicit PosixDayLogs(std::filesystem::path folder);
 
+  std::string Folder() const override { return folder_.native(); }
   std::vector<DayLog> List() const override;
   std::unique_ptr<Reader> Open(const DayLog& log) const override;
 

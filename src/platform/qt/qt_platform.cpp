@@ -18,18 +18,20 @@ std::filesystem::path NativePath(const QString& path) {
 
 }  // namespace
 
-QtPlatform::QtPlatform(std::filesystem::path application_folder)
-    : files(std::move(application_folder),
+QtPlatform::QtPlatform(const std::filesystem::path& application_folder)
+    : files(application_folder,
             [this](std::function<void()> action) {
               QMetaObject::invokeMethod(&context, std::move(action), Qt::QueuedConnection);
             }),
-      program_files(ProgramFolder(NativePath(QCoreApplication::applicationDirPath()))) {
+      program_files(ProgramFolder(NativePath(QCoreApplication::applicationDirPath()))),
+      day_logs(application_folder / "Logs") {
   files.RemoveLeftovers();
 }
 
 Platform QtPlatform::Ports(Desktop& desktop) {
   return {files,
           program_files,
+          day_logs,
           clock,
           random,
           clipboard,

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "platform/platform.h"
+#include "platform/posix/posix_day_logs.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/system_random.h"
 #include "platform/qt/qt_clipboard.h"
@@ -16,13 +17,14 @@ namespace parlorwire {
 // killed programs left in the application folder.
 struct QtPlatform {
   // `application_folder` is what DesktopApplicationFolder gives, or any other that is to be used.
-  explicit QtPlatform(std::filesystem::path application_folder);
+  explicit QtPlatform(const std::filesystem::path& application_folder);
 
   Platform Ports(Desktop& desktop);
 
   QObject context;  // of what is called when an event is over
   PosixFiles files;
   PosixFiles program_files;
+  PosixDayLogs day_logs;
   QtClock clock;
   SystemRandom random;
   QtClipboard clipboard;

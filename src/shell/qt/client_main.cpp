@@ -15,6 +15,7 @@
 #include "pane/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
 #include "session/event_entry.h"
+#include "session/fault_trap.h"
 #include "session/leaving.h"
 #include "shell/client_main_layout.h"
 #include "shell/login_dialog.h"
@@ -27,6 +28,7 @@
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/ground.h"
 #include "shell/qt/link_label.h"
+#include "shell/qt/log_search_form.h"
 #include "shell/qt/main_menu.h"
 #include "shell/qt/main_shortcuts.h"
 #include "shell/qt/menu_smiles_show.h"
@@ -125,6 +127,11 @@ void client_main::FillMenu() {
     bot_autokick_->ShowList();
   };
   menu_->channel_modif = [this] { DisableKickChannels_form(client_, this).exec(); };
+  menu_->search_logs = [this] { ShowLogSearch(); };
+  menu_->log_folder = [this] {
+    PassOverFault([&] { client_.platform.files.MakeFolder("Logs"); });
+    OpenFolder(client_.platform.day_logs.Folder());
+  };
 }
 
 void client_main::WireShared() {
@@ -306,6 +313,7 @@ void client_main::ShowLanguage(UiLanguage language) {
   menu_->SetLanguage(language);
   if (bot_autokick_) bot_autokick_->ShowLanguage();
   if (search_form_) search_form_->SetLanguage(language);
+  if (log_search_form_) log_search_form_->SetLanguage(language);
   pers_windows_->SetLanguage(language);
   smiles_menu_->ShowTitle();
   if (MenuSmilesShow_) MenuSmilesShow_->ShowTitle();
@@ -339,6 +347,11 @@ void client_main::FindOn(SearchDirection direction) {
     controls.tab(desktop_.ActiveTab()).Rich->GiveSelection();
     FindNext(client_, direction);
   });
+}
+
+void client_main::ShowLogSearch() {
+  if (!log_search_form_) log_search_form_ = std::make_unique<log_search_form>(client_, this);
+  log_search_form_->ComeUp();
 }
 
 void client_main::PlaceControls() {

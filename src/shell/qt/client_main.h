@@ -27,6 +27,7 @@ class SmilesMenu;
 class UsersList;
 class bot_autokick;
 class connection_form;
+class log_search_form;
 class search_form;
 class zastavka;
 
@@ -54,6 +55,9 @@ class client_main : public QMainWindow {
   // Ctrl+F; and F3 and Shift+F3, which open the dialog if there is nothing to search for.
   void ShowSearchDialog();
   void FindOn(SearchDirection direction);
+
+  // Ctrl+Shift+F.
+  void ShowLogSearch();
 
   // ---- for the port ----
   void ShowActiveSlot();
@@ -91,6 +95,7 @@ class client_main : public QMainWindow {
   std::unique_ptr<connection_form> connection_form_;
   std::unique_ptr<bot_autokick> bot_autokick_;
   std::unique_ptr<search_form> search_form_;
+  std::unique_ptr<log_search_form> log_search_form_;
   std::unique_ptr<MenuSmilesShow> MenuSmilesShow_;
   std::unique_ptr<zastavka> zastavka_;
   QTranslator toolkit_russian_;

@@ -42,6 +42,12 @@ void KeepCaptions(QObject* item, const BothLanguages& text) {
 MainMenu::MainMenu(Client& client, QMainWindow* window, std::function<void()> leave)
     : QObject(window), client_(client), window_(window) {
   QMenu* file = Menu(nullptr, {"menu_file", {W<"&Файл">, "&File"}});
+  // The key itself is a shortcut of the window, in both layouts.
+  Item(file,
+       {"search_logs", {W<"Поиск в &логах...\tCtrl+Shift+F">, "Search the &logs...\tCtrl+Shift+F"}},
+       [this] { search_logs(); });
+  Item(file, {"log_folder", {W<"&Папка логов">, "&Folder of the logs"}}, [this] { log_folder(); });
+  file->addSeparator();
   Item(file, {"exit", {W<"В&ыход">, "E&xit"}}, std::move(leave));
   QMenu* settings = Menu(nullptr, {"menu_settings", {W<"&Настройки">, "&Settings"}});
   BuildLanguage(Menu(settings, {"menu_language", {W<"&Язык">, "&Language"}}));

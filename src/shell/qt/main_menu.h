@@ -28,9 +28,11 @@ class MainMenu : public QObject {
   // The check marks, from the client.
   void ShowChecks();
 
-  // The windows behind two items.
+  // The windows behind some items.
   std::function<void()> akick_modify;
   std::function<void()> channel_modif;
+  std::function<void()> search_logs;
+  std::function<void()> log_folder;
 
  private:
   struct Caption;

@@ -66,6 +66,9 @@ void MakeMainShortcuts(client_main& window, Client& client,
   shortcut({QKeySequence(Qt::Key_F7)}, "HotkeyPoll", [&client] { LogInAnew(client); });
   shortcut({QKeySequence(Qt::Key_F8)}, "HotkeyPoll", [&client] { LogOff(client); });
   shortcut(Control(Qt::Key_F), "HotkeyPoll", [&client] { client.hooks.ShowSearchDialog(); });
+  shortcut({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | RussianKey(Qt::Key_F))},
+           "search_logs", [&window] { window.ShowLogSearch(); });
   shortcut({QKeySequence(Qt::Key_F3)}, "HotkeyPoll",
            [&window] { window.FindOn(SearchDirection::kDown); });
   shortcut({QKeySequence(Qt::SHIFT | Qt::Key_F3)}, "HotkeyPoll",

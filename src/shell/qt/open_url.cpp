@@ -1,6 +1,7 @@
 #include "shell/qt/open_url.h"
 
 #include <QDesktopServices>
+#include <QFile>
 #include <QUrl>
 
 #include "platform/qt/text_conversion.h"
@@ -18,6 +19,10 @@ void OpenUrl(const Text& url) {
       scheme != QLatin1String("ftp"))
     return;
   QDesktopServices::openUrl(page);
+}
+
+void OpenFolder(const std::string& path) {
+  QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(path.c_str())));
 }
 
 }  // namespace parlorwire
