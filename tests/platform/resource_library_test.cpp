@@ -24,7 +24,7 @@ class ResourceLibraryTest : public testing::TestWithParam<ResourceForm> {
     return ResourceLibrary::Read(changed);
   }
 
-  ResourceFile file{GetParam(), {}};
+  ResourceFile file{.form = GetParam()};
 };
 
 INSTANTIATE_TEST_SUITE_P(Forms, ResourceLibraryTest,
@@ -147,6 +147,24 @@ TEST_P(ResourceLibraryTest, WithoutADirectoryOfResourcesItHasNone) {
   const auto outside = ReadChanged(file.Directories() + 16, LittleEndianBytes(0x9000000, 4));
   ASSERT_TRUE(outside);
   EXPECT_EQ(outside->String(101), "");
+}
+
+TEST_P(ResourceLibraryTest, ADirectoryAtNothingIsNoneAlsoWhereASectionBegins) {
+  file.String(101, u"1");
+  file.address = 0;
+  EXPECT_EQ(String(101), "");
+  file.address = 4;
+  EXPECT_EQ(String(101), Wide(u"1"));
+}
+
+// Types, and then numbers, lead to directories and nothing else.
+TEST_P(ResourceLibraryTest, AnEntryThatLeadsToNoDirectoryIsEmpty) {
+  file.Bitmap(102, "12345678");
+  for (const std::size_t entry : {std::size_t{16}, std::size_t{40}}) {
+    const std::size_t mark = ResourceFile::kResources + entry + 7;
+    ASSERT_EQ(file.Bytes()[mark], '\x80') << entry;
+    EXPECT_EQ(ReadChanged(mark, Text(1, '\0'))->Bitmap(102), "") << entry;
+  }
 }
 
 TEST_P(ResourceLibraryTest, ASectionOutsideTheFileIsRefused) {

@@ -95,7 +95,7 @@ Text ResourceFile::Bytes() const {
   for (const auto& [key, data] : resources) {
     PutAt(section, leaves[leaf++] + 4, LittleEndianBytes(free, 4));
     PutAt(section, free,
-          LittleEndianBytes(kAddress + data_at, 4) + LittleEndianBytes(data.size(), 4) +
+          LittleEndianBytes(address + data_at, 4) + LittleEndianBytes(data.size(), 4) +
               Text(8, '\0'));
     PutAt(section, data_at, data);
     free += 16;
@@ -111,10 +111,10 @@ Text ResourceFile::Bytes() const {
   PutAt(file, OptionalHeader(), LittleEndianBytes(form == ResourceForm::k32 ? 0x10B : 0x20B, 2));
   PutAt(file, Directories() - 4, LittleEndianBytes(16, 4));
   PutAt(file, Directories() + 16,
-        LittleEndianBytes(kAddress, 4) + LittleEndianBytes(section.size(), 4));
+        LittleEndianBytes(address, 4) + LittleEndianBytes(section.size(), 4));
   PutAt(file, SectionHeader(),
         Text(".rsrc\0\0\0", 8) + LittleEndianBytes(section.size(), 4) +
-            LittleEndianBytes(kAddress, 4) + LittleEndianBytes(section.size(), 4) +
+            LittleEndianBytes(address, 4) + LittleEndianBytes(section.size(), 4) +
             LittleEndianBytes(kResources, 4));
   PutAt(file, kResources, section);
   return file;

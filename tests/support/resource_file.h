@@ -18,8 +18,9 @@ enum class ResourceForm { k32, k64 };
 // A library without code.
 struct ResourceFile {
   ResourceForm form = ResourceForm::k64;
+  std::uint32_t address = 0x1000;  // where the section stands in the image
   // By type (2 bitmap, 6 block of strings), number and language.
-  std::map<std::tuple<std::uint32_t, std::uint32_t, std::uint32_t>, Text> resources;
+  std::map<std::tuple<std::uint32_t, std::uint32_t, std::uint32_t>, Text> resources = {};
 
   void Bitmap(std::uint32_t id, const Text& dib, std::uint32_t language = 0);
   // The other strings of its block are empty unless they are set, too.
@@ -28,9 +29,8 @@ struct ResourceFile {
   Text Bytes() const;
 
   // Offsets in Bytes().
-  static constexpr std::size_t kHeader = 0x80;       // "PE"
-  static constexpr std::size_t kResources = 0x200;   // the first directory; its section begins here
-  static constexpr std::uint32_t kAddress = 0x1000;  // where the section stands in the image
+  static constexpr std::size_t kHeader = 0x80;      // "PE"
+  static constexpr std::size_t kResources = 0x200;  // the first directory; its section begins here
   std::size_t OptionalHeader() const { return kHeader + 24; }
   std::size_t Directories() const;    // of the optional header
   std::size_t SectionHeader() const;  // the only one
