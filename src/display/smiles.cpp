@@ -35,11 +35,14 @@ struct SmileCode {
 
 std::vector<SmileCode> FindSmileCodes(AppState& app, std::string_view text) {
   std::vector<SmileCode> codes;
-  for (std::size_t at = text.find('*'); at != text.npos; at = text.find('*', at + 1)) {
+  std::size_t at = text.find('*');
+  if (at == text.npos) return codes;
+  app.smile_names.Take(app.SmileTable);
+  for (; at != text.npos; at = text.find('*', at + 1)) {
     if (at > 0 && text[at - 1] != ' ') continue;
     const std::string_view rest = text.substr(at + 1);
     const std::string_view word = rest.substr(0, rest.find(' '));
-    if (const SmileName* name = app.smile_names.Find(app.SmileTable, word))
+    if (const SmileName* name = app.smile_names.Find(word))
       codes.push_back({at, word.size() + 1, name});
   }
   return codes;

@@ -21,9 +21,9 @@ void MarkWord(RichTextBox& pane, const MarkedWord& found, PanePosition base) {
 }
 
 // The smile that a word stands for; null if it is none.
-const SmileName* SmileBetweenStars(AppState& app, std::string_view word) {
+const SmileName* SmileBetweenStars(const AppState& app, std::string_view word) {
   if (word.size() < 3 || word.front() != '*' || word.back() != '*') return nullptr;
-  return app.smile_names.Find(app.SmileTable, word.substr(1, word.size() - 2));
+  return app.smile_names.Find(word.substr(1, word.size() - 2));
 }
 
 const std::shared_ptr<const PanePicture>& PersPicture(PersonalWindow& window, std::string_view code,
@@ -64,6 +64,7 @@ void PersWriteLinks(PersonalWindow& window, std::string_view text, PanePosition 
 void PersPasteSmiles(Client& client, PersonalWindow& window, std::string_view text,
                      PanePosition base) {
   RichTextBox& pane = window.Rich;
+  client.app.smile_names.Take(client.app.SmileTable);
   PanePosition start = base;  // of the word, in the pane
   for (const std::string_view word : Split(text, " ")) {
     PanePosition length = Len(word);

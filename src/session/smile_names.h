@@ -12,17 +12,18 @@
 namespace parlorwire {
 
 struct SmileName {
-  int line = 0;   // of the table, 1-based
-  int order = 0;  // among all names, in the order of the table
+  int line = 0;  // of the table, 1-based
   // As it stands in panes, made when it is first needed. The code is "*" and the name.
   mutable std::shared_ptr<const PanePicture> picture;
 };
 
 class SmileNames {
  public:
-  // The name that is exactly `word`, null if there is none. `table` is SmileTable; the names are
-  // made of it when it is another than at the last call. Of two equal names the first counts.
-  const SmileName* Find(std::string_view table, std::string_view word);
+  // The names are those of `table` from now on, which is SmileTable; nothing is done if it is the
+  // same as before. Of two equal names the first counts.
+  void Take(std::string_view table);
+  // The name that is exactly `word`, null if there is none.
+  const SmileName* Find(std::string_view word) const;
 
  private:
   struct Hash {
