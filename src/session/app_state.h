@@ -124,8 +124,9 @@ struct AppState {
   Text ChatHostByName = "localhost";
   Text ChatHostByAddress = "127.0.0.1";
 
-  Text WhoisHost;    // the gateway that tells whose an address is; "" for the chat service itself
-  Text LetografUrl;  // a page of a statistics site; "" for none
+  Text WhoisHost;  // the gateway that tells whose an address is; "" for the chat service itself
+  bool HoldWhileReading = true;  // a pane that is read back stays where it is
+  Text LetografUrl;              // a page of a statistics site; "" for none
 
   Text ProxyAuthBasic;  // base64 of proxy login, ":" and proxy password; renewed by every connect
   ProxyControls sett_conn;

@@ -72,7 +72,8 @@ struct Hooks {
   Hook<void(int tab)> PopUpMenuCopy;
   // shell/qt/nick_menu_popup: menu_copy_users comes up
   Hook<void()> PopUpMenuCopyUsers;
-  // shell/qt/users_list: the list of users has been drawn anew
+  // shell/qt/users_list: the list of users is about to be emptied and drawn anew; it has been
+  Hook<void(int tab)> UsersListToBeDrawn;
   Hook<void(int tab)> UsersListDrawn;
   // shell/qt/bot_autokick: a nick was put on the list of kicks for a channel, or for "All"
   Hook<void(const Text& nick, const Text& channel)> AutoKickAdded;

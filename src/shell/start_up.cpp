@@ -133,6 +133,9 @@ WindowPlace LoadStep(Client& client, const WindowMeasures& measures) {
   ReadBot(client);
   ReadDelays(client);
   ReadUseDNS(client);
+  PassOverFault([&] {
+    client.app.HoldWhileReading = ToBoolean(ReadIni(client, "Main", "HoldWhileReading"));
+  });
   client.app.DisableKickChannels = ReadIni(client, "DisableKickChannels", "channels");
   for (int slot = 0; slot < kTabCount; ++slot)
     client.platform.desktop.SetTabVisible(slot, false);

@@ -89,6 +89,7 @@ bool ReadFrame(Client& client, Text answer, int tab) {
   Text page = DecodeKoi(Mid(answer, InStr(answer, "\n\n") + 3));
   const UserFrameForm form = page.starts_with("<tr>") ? UserFrameForm::kB : UserFrameForm::kA;
 
+  client.hooks.UsersListToBeDrawn(tab);
   session.Rich_Users.Text("");
   SelectUsersPaneEnd(client, 0, 0, tab);
   session.Rich_Users.ReplaceSel(kBlankLines);

@@ -130,6 +130,18 @@ TEST_F(StartUp, TheReconnectDelayHasThirtyTwoBits) {
   }
 }
 
+TEST_F(StartUp, APaneIsHeldForItsReaderUnlessTheFileSaysNo) {
+  Load();
+  EXPECT_TRUE(app.HoldWhileReading);
+  Settings("Main", "HoldWhileReading=False");
+  Load();
+  EXPECT_FALSE(app.HoldWhileReading);
+  Settings("Main", "HoldWhileReading=maybe");
+  app.HoldWhileReading = true;
+  Load();
+  EXPECT_TRUE(app.HoldWhileReading);
+}
+
 TEST_F(StartUp, WithoutUseDNSOrWithAnyTextTheHostIsTheOneByName) {
   for (const char* value : {"", "True", "true", "1", "-1", "yes", "garbage", "99999"}) {
     Settings("Main", Text("UseDNS=") + value);

@@ -268,6 +268,14 @@ void PaneArrangement::Show(PanePosition position) {
   stale_ = true;
 }
 
+void PaneArrangement::PutAtTop(PanePosition position, int pixels) {
+  const Fragment fragment = finder_.At(position);
+  const auto layout = LayoutOf(fragment);
+  const auto& row = layout->RowNumber(RowOf(*layout, static_cast<int>(position - fragment.start)));
+  Hold(Edge::kTop, fragment, *layout, row.top + std::clamp(pixels, 0, row.height - 1));
+  stale_ = true;
+}
+
 // ---- the scroll bar ----
 
 double PaneArrangement::UnitsAt(std::int64_t line, PanePosition position) const {

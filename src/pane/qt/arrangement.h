@@ -56,6 +56,8 @@ class PaneArrangement {
   void ScrollToUnit(int unit);
   // Brings the character into the view, at its nearest edge.
   void Show(PanePosition position);
+  // The row that holds the character lies at the upper edge, `pixels` of it beyond.
+  void PutAtTop(PanePosition position, int pixels);
 
   // Where the line that goes furthest to the right ends, of those seen; as long as that line stands
   // in the pane, those that are not in the view any more count too.

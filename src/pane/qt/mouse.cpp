@@ -37,10 +37,15 @@ bool RichTextView::viewportEvent(QEvent* event) {
 
 // ---- selecting ----
 
+void RichTextView::SelectByMouse(ReaderSelection selection) {
+  ShowSelection(selection);
+  emit selecting();
+}
+
 void RichTextView::mousePressEvent(QMouseEvent* event) {
   const MouseSelection::Place place = PlaceOf(event->position().toPoint());
   if (event->button() == Qt::LeftButton) {
-    if (const auto selected = mouse_.Press(*event, place, selection_)) ShowSelection(*selected);
+    if (const auto selected = mouse_.Press(*event, place, selection_)) SelectByMouse(*selected);
   } else if (event->button() == Qt::RightButton && !Selected().empty()) {
     GiveSelection();
   }
@@ -49,7 +54,7 @@ void RichTextView::mousePressEvent(QMouseEvent* event) {
 
 void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  ShowSelection(mouse_.PressAgain(*event, PlaceOf(event->position().toPoint())));
+  SelectByMouse(mouse_.PressAgain(*event, PlaceOf(event->position().toPoint())));
 }
 
 void RichTextView::mouseMoveEvent(QMouseEvent* event) {
@@ -65,7 +70,7 @@ void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) {
     if (mouse_.Pressing()) {
       const PanePosition clicked = BorderFromPos(mouse_.point());
-      ShowSelection({clicked, clicked});
+      SelectByMouse({clicked, clicked});
     }
     if (mouse_.Release()) FinishSelecting();
   }
@@ -82,7 +87,7 @@ void RichTextView::timerEvent(QTimerEvent* event) {
   const QPoint step = MouseSelection::ScrollStep(point - Within(point));
   if (step.y() != 0) ScrollBy(step.y());
   if (step.x() != 0) ScrollSideways(step.x());
-  ShowSelection(mouse_.DraggedTo(BorderFromPos(Within(point))));
+  SelectByMouse(mouse_.DraggedTo(BorderFromPos(Within(point))));
 }
 
 // The nearest point of the view; to a side only if the text goes on there.
@@ -106,7 +111,7 @@ MouseSelection::Place RichTextView::PlaceOf(QPoint point) const {
 void RichTextView::DragTo(QPoint point) {
   const QPoint within = Within(point);
   mouse_.Drag(point, point - within, this);
-  ShowSelection(mouse_.DraggedTo(BorderFromPos(within)));
+  SelectByMouse(mouse_.DraggedTo(BorderFromPos(within)));
 }
 
 // Takes the selected text elsewhere; here it stays.

@@ -15,6 +15,8 @@
 namespace parlorwire {
 namespace {
 
+constexpr QRgb kFocusColour = 0xFF5A9BD5;
+
 // The part of the fragment that is selected, its line break included.
 SelectedStretch SelectedIn(const Fragment& fragment, PaneRange selected) {
   const PanePosition breaks = fragment.next > fragment.start + fragment.length ? 1 : 0;
@@ -48,8 +50,11 @@ void RichTextView::Settle() {
   settle_posted_ = false;
   if (!redraw_ || !isVisible()) return;
   since_settled_.start();
-  if (show_caret_) Reveal(selection_.range().start);
-  show_caret_ = false;
+  if (show_caret_) {
+    show_caret_ = false;
+    Reveal(selection_.range().start);
+    emit scrolled();
+  }
   painted_.Update(*viewport(), arrangement_.Seen(), box_.BackColor());
   UpdateScrollBar(BarUpdate::kIfSeen);
   UpdateSidewaysBar();
@@ -124,14 +129,31 @@ void RichTextView::hideEvent(QHideEvent* event) {
   QAbstractScrollArea::hideEvent(event);
 }
 
+void RichTextView::ShowFocusAtEdge() {
+  edge_ = true;
+  setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+  setLineWidth(kEdge);
+}
+
+void RichTextView::FocusChanged() {
+  Restyle(selection_.range());
+  if (edge_) update(QRegion(rect()) - contentsRect());
+}
+
+void RichTextView::PaintEdge() {
+  QPainter painter(this);
+  painter.setClipRegion(QRegion(rect()) - contentsRect());
+  painter.fillRect(rect(), hasFocus() ? QColor(kFocusColour) : ToQColor(box_.BackColor()));
+}
+
 void RichTextView::focusInEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusInEvent(event);
-  Restyle(selection_.range());
+  FocusChanged();
 }
 
 void RichTextView::focusOutEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusOutEvent(event);
-  Restyle(selection_.range());
+  FocusChanged();
 }
 
 }  // namespace parlorwire

@@ -53,6 +53,11 @@ bool RichTextView::event(QEvent* event) {
         return true;
       }
       break;
+    case QEvent::Paint: {
+      const bool handled = QAbstractScrollArea::event(event);
+      if (edge_) PaintEdge();
+      return handled;
+    }
     case QEvent::ScrollPrepare:
       PrepareTouch(static_cast<QScrollPrepareEvent*>(event));
       return true;
@@ -77,6 +82,7 @@ void RichTextView::TextChanged(const TextChange& change) {
   else
     announcer_.Drop();
   NoteWriting();
+  if (box_.Length() == 0) emit scrolled();
 }
 
 void RichTextView::FormatChanged(PanePosition start, PanePosition end) {

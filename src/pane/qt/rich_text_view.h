@@ -2,7 +2,7 @@
 //
 // Only what is seen is laid out; the rest of the pane costs nothing, however long it is. Changes of
 // the pane are gathered: all that come within one turn of the event loop are one repaint, of what
-// looks different; and what is written while lines stream in is shown at most 20 times a second:
+// looks different; and what is written while lines stream in is shown at most 15 times a second:
 // the first line behind a pause at once, as all that the reader does. A hidden view does nothing
 // but note that something changed. There is no timer except for these: until the next such repaint,
 // while the mouse drags a selection beyond an edge, and while a finger's push runs out.
@@ -52,6 +52,10 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   // context menu policy: a window with a menu of its own sets another policy.
   void SetRussian(bool russian) { russian_ = russian; }
 
+  // Instead of a frame the view has an edge that says whether it has the focus; without, it looks
+  // as the pane's ground.
+  void ShowFocusAtEdge();
+
   // What the reader has selected.
   PaneRange Selected() const { return selection_.range(); }
   PanePosition Caret() const { return selection_.caret; }
@@ -69,6 +73,15 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void ScrollToEnd();
   // Brings the character into the view.
   void ShowPosition(PanePosition position);
+
+  // The first character in view, and how much of its row is beyond the upper edge.
+  struct Top {
+    PanePosition position = 0;
+    int pixels = 0;
+  };
+  Top TopOfView() const;
+  // The same for another text, as the program puts it.
+  void PutAtTop(const Top& top);
 
   // Where the character is painted, in the view's pixels; empty if it is not in the view.
   QRect CharacterRect(PanePosition position) const;
@@ -102,6 +115,10 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   void mousePressedAt(parlorwire::PanePosition position, Qt::MouseButton button);
   void mouseReleasedAt(parlorwire::PanePosition position, Qt::MouseButton button);
   void mouseLeft();
+  // The reader has scrolled, or was led to what the program selected for him, or all text is gone.
+  void scrolled();
+  // The mouse has changed what the reader selects.
+  void selecting();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -126,13 +143,16 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
 
  private:
   static constexpr int kMargin = 3;  // pixels beside the text
-  static constexpr int kFrame = 50;  // ms from one repaint of what is written to the next
+  static constexpr int kEdge = 2;    // pixels around a view that shows its focus so
+  static constexpr int kFrame = 66;  // ms from one repaint of what is written to the next
 
   // ---- what is seen ----
   void NoteChange();
   void NoteWriting();
   void Settle();
   void Restyle(PaneRange range);
+  void FocusChanged();
+  void PaintEdge();
   void ResizeText();
   enum class BarUpdate { kIfSeen, kExact };
   void UpdateScrollBar(BarUpdate update);
@@ -153,6 +173,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   MouseSelection::Place PlaceOf(QPoint point) const;
   QPoint Within(QPoint point) const;
   void ShowSelection(ReaderSelection selection);
+  void SelectByMouse(ReaderSelection selection);
   void DragTo(QPoint point);
   void DragOut();
   void FinishSelecting();
@@ -170,6 +191,7 @@ class RichTextView : public QAbstractScrollArea, public PaneView {
   QBasicTimer frame_;  // until what was written is settled
   QElapsedTimer since_settled_;
   bool redraw_ = true;
+  bool edge_ = false;
   bool updating_bar_ = false;
   PaintRecord painted_;
 

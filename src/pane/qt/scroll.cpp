@@ -96,6 +96,7 @@ void RichTextView::scrollContentsBy(int dx, int) {
     arrangement_.ScrollToUnit(static_cast<int>(share * (info.max - info.page)));
   }
   NoteChange();
+  emit scrolled();
 }
 
 // The wheel scrolls by true pixels over the bar, too.
@@ -142,6 +143,7 @@ void RichTextView::ScrollBy(int pixels) {
   arrangement_.ScrollBy(pixels);
   UpdateScrollBar(BarUpdate::kExact);
   NoteChange();
+  emit scrolled();
 }
 
 void RichTextView::ScrollSideways(int pixels) {
@@ -157,17 +159,32 @@ void RichTextView::ScrollToStart() {
   show_caret_ = false;
   arrangement_.ScrollToStart();
   NoteChange();
+  emit scrolled();
 }
 
 void RichTextView::ScrollToEnd() {
   show_caret_ = false;
   arrangement_.ScrollToEnd();
   NoteChange();
+  emit scrolled();
 }
 
 void RichTextView::ShowPosition(PanePosition position) {
   Reveal(std::clamp(position, PanePosition{0}, box_.Length()));
   NoteChange();
+  emit scrolled();
+}
+
+RichTextView::Top RichTextView::TopOfView() const {
+  const PlacedFragment& first = arrangement_.Seen().front();
+  const auto& row = first.layout->RowNumber(RowAt(*first.layout, -first.top));
+  return {first.fragment.start + row.start, -first.top - row.top};
+}
+
+void RichTextView::PutAtTop(const Top& top) {
+  show_caret_ = false;
+  arrangement_.PutAtTop(std::clamp(top.position, PanePosition{0}, box_.Length()), top.pixels);
+  NoteWriting();
 }
 
 void RichTextView::Reveal(PanePosition position) {

@@ -38,12 +38,16 @@
 #include "shell/qt/open_url.h"
 #include "shell/qt/pers_windows.h"
 #include "shell/qt/qt_desktop.h"
+#include "shell/qt/reading_hold.h"
 #include "shell/qt/search_form.h"
 #include "shell/qt/smiles_menu.h"
 #include "shell/qt/ss_tab.h"
 #include "shell/qt/text_input.h"
+#include "shell/qt/tone_box.h"
 #include "shell/qt/twips.h"
+#include "shell/qt/typing_forward.h"
 #include "shell/qt/users_list.h"
+#include "shell/qt/window_room.h"
 #include "shell/qt/zastavka.h"
 #include "shell/shut_down.h"
 #include "shell/start_up.h"
@@ -80,6 +84,10 @@ client_main::client_main(Client& client, QtDesktop& desktop)
   nick_menus_ = new NickMenuPopup(client, this);
   caret_rest_ = new CaretRest(this);
   pers_windows_ = new PersWindows(client, *caret_rest_, this);
+  room_ = new WindowRoom(this);
+  typing_forward_ =
+      new TypingForward(this, [this] { return controls.tab(desktop_.ActiveTab()).msg; });
+  typing_forward_->Watch(controls.SayUseOp);
   OrderMainControls(controls);
   ShowSlot(controls, -1);
   desktop_.Attach(this);
@@ -102,6 +110,7 @@ client_main::~client_main() {
   client_.hooks.ShowLoginDialog = std::function<void(int)>();
   client_.hooks.ShowSearchDialog = std::function<void()>();
   client_.hooks.PopUpMenuCopy = std::function<void(int)>();
+  client_.hooks.UsersListToBeDrawn = std::function<void(int)>();
   client_.hooks.UsersListDrawn = std::function<void(int)>();
   client_.hooks.ShowTextInput = std::function<void(const Text&, const Text&)>();
 }
@@ -115,6 +124,9 @@ void client_main::FillHooks() {
   };
   client_.hooks.PopUpMenuCopy = [this](int tab) {
     message_panes_[static_cast<std::size_t>(tab)]->ShowMenuCopy();
+  };
+  client_.hooks.UsersListToBeDrawn = [this](int tab) {
+    users_lists_[static_cast<std::size_t>(tab)]->ToBeDrawn();
   };
   client_.hooks.UsersListDrawn = [this](int tab) {
     users_lists_[static_cast<std::size_t>(tab)]->Drawn();
@@ -245,6 +257,17 @@ void client_main::WireTab(int slot) {
   const auto index = static_cast<std::size_t>(slot);
   message_panes_[index] = new MessagePane(client_, tab.Rich, slot, *nick_menus_);
   users_lists_[index] = new UsersList(client_, tab.Rich_Users, slot, *nick_menus_);
+  WireReading(slot);
+}
+
+// What helps who reads, and then types without a look where the focus is.
+void client_main::WireReading(int slot) {
+  const TabControls& tab = controls.tab(slot);
+  new ReadingHold(client_.app, tab.Rich, tab.StopScroll);
+  tab.intonacia->Chosen = [this, slot] { desktop_.FocusMsg(slot); };
+  for (QWidget* control : std::initializer_list<QWidget*>{tab.Rich, tab.Rich_Users, tab.Rich_Server,
+                                                          tab.StopScroll, tab.intonacia})
+    typing_forward_->Watch(control);
 }
 
 void client_main::Load() {
@@ -264,13 +287,14 @@ void client_main::Load() {
   for (int slot = 0; slot < kTabCount; ++slot)
     PaintFrame(controls.tab(slot), client_.tab(slot).Rich.BackColor());
 
-  // What the file says holds, also on a screen that is smaller; only what no window can have is
-  // cut.
+  // What the file says is taken as it is, and then fitted to the screens that there are. What no
+  // window can have is cut first.
   constexpr int kLargest = 8000;
   constexpr int kFarthest = 32000;
   resize(ClampedPixels(place.Width, 1, kLargest), ClampedPixels(place.Height, 1, kLargest));
   move(ClampedPixels(place.Left, -kFarthest, kFarthest),
        ClampedPixels(place.Top, -kFarthest, kFarthest));
+  room_->Fit();
   QTimer::singleShot(kSplashWithoutFocus, this, [this] { EndSplash(); });
 }
 

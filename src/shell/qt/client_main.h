@@ -24,7 +24,9 @@ class MenuSmilesShow;
 class PersWindows;
 class QtDesktop;
 class SmilesMenu;
+class TypingForward;
 class UsersList;
+class WindowRoom;
 class bot_autokick;
 class connection_form;
 class log_search_form;
@@ -76,6 +78,7 @@ class client_main : public QMainWindow {
   void WireLinks();
   void WireTab(int slot);
   void WireSmiles();
+  void WireReading(int slot);
   void FillHooks();
   void ShowLoginDialog();
   void FillMenu();
@@ -88,6 +91,8 @@ class client_main : public QMainWindow {
   MainMenu* menu_;
   NickMenuPopup* nick_menus_;
   CaretRest* caret_rest_;
+  WindowRoom* room_;
+  TypingForward* typing_forward_;
   SmilesMenu* smiles_menu_;
   PersWindows* pers_windows_;
   std::array<MessagePane*, kTabCount> message_panes_{};

@@ -5,14 +5,6 @@
 
 namespace parlorwire {
 
-QPalette PaletteOn(const QPalette& palette, unsigned ground) {
-  QPalette look = palette;
-  look.setColor(QPalette::Window, QColor(ground));
-  for (const auto role : {QPalette::WindowText, QPalette::ButtonText})
-    look.setColor(QPalette::Disabled, role, QColor(0x6E746A));
-  return look;
-}
-
 void NameControl(QWidget* control, const QString& system_name) {
   control->setObjectName(system_name);
   control->setAccessibleDescription(system_name);

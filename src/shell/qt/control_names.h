@@ -2,9 +2,10 @@
 // the windows share.
 #pragma once
 
-#include <QPalette>
 #include <QString>
 #include <QWidget>
+
+#include "shell/qt/ground_palette.h"
 
 namespace parlorwire {
 
@@ -12,10 +13,6 @@ namespace parlorwire {
 inline constexpr unsigned kMainBackColor = 0xE9EBE7;  // 0xRRGGBB
 inline constexpr unsigned kDialogBackColor = 0xC0C6BB;
 inline constexpr unsigned kLinkColor = 0x003C74;
-
-// The palette of a window on this ground, 0xRRGGBB: the captions of disabled controls stay
-// readable.
-QPalette PaletteOn(const QPalette& palette, unsigned ground);
 
 // `system_name` becomes the control's objectName and its accessible description.
 void NameControl(QWidget* control, const QString& system_name);

@@ -29,6 +29,11 @@ QMenu* NewMenuCopy(Client& client, RichTextView* view, const CopyMenu& shown) {
   return menu;
 }
 
+void AddSelectAll(Client& client, QMenu* menu, RichTextView* view) {
+  AddMenuItem(client, menu, "select_all", {W<"Выделить все">, "Select all"},
+              [view] { view->SelectAll(); });
+}
+
 QAction* AddMenuItem(Client& client, QMenu* menu, const char* name, const BothLanguages& words,
                      std::function<void()> action) {
   QAction* item = menu->addAction(ToQString(InLanguage(client, words)));

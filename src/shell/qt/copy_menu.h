@@ -17,6 +17,9 @@ class RichTextView;
 // It belongs to the view, and goes when it is closed.
 QMenu* NewMenuCopy(Client& client, RichTextView* view, const CopyMenu& shown);
 
+// Behind the other items.
+void AddSelectAll(Client& client, QMenu* menu, RichTextView* view);
+
 QAction* AddMenuItem(Client& client, QMenu* menu, const char* name, const BothLanguages& words,
                      std::function<void()> action);
 

@@ -56,7 +56,7 @@ QSize LinkLabel::sizeHint() const {
 void LinkLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   QColor ink(kLinkColor);
-  if (!isEnabled()) ink = QColor(0x8A8E88);
+  if (!isEnabled()) ink = QColor(0x757A72);
   if (isEnabled() && (Hovered() || isDown())) ink = QColor(0x0A6CC8);
   if (red_) ink = Qt::red;
   painter.setPen(ink);

@@ -1,7 +1,6 @@
 #include "shell/qt/main_controls.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QFrame>
 #include <QLabel>
 #include <QStatusBar>
@@ -19,6 +18,7 @@
 #include "shell/qt/msg_box.h"
 #include "shell/qt/smile_pixmap.h"
 #include "shell/qt/ss_tab.h"
+#include "shell/qt/tone_box.h"
 #include "shell/version.h"
 
 namespace parlorwire {

@@ -71,10 +71,13 @@ void MainLayout::PlaceAll() {
 
 SlotPlaces MainLayout::PlacesOf(int slot) {
   Text& kept = client_.tab(slot).TabSplitPercent;
+  Split& split = splits_[static_cast<std::size_t>(slot)];
+  if (kept != split.kept) split.wanted = kept;  // the user has moved it, or the file says so
   double wanted = kDesignedSplitPercent;
-  PassOverFault([&] { wanted = ToDouble(kept); });
+  PassOverFault([&] { wanted = ToDouble(split.wanted); });
   const SlotPlaces places = PlaceSlot(shared_, wanted, slot_places(slot));
-  if (places.split_percent != wanted) kept = NumberText(places.split_percent);
+  kept = places.split_percent != wanted ? NumberText(places.split_percent) : split.wanted;
+  split.kept = kept;
   return places;
 }
 

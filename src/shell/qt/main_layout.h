@@ -41,6 +41,13 @@ class MainLayout {
   SharedPlaces shared_;
   std::array<SlotPlaces, kTabCount> slots_;
 
+  // Where a splitter was put, and where the window's size has moved it to.
+  struct Split {
+    Text wanted;
+    Text kept;
+  };
+  std::array<Split, kTabCount> splits_;
+
   // Of the drag that goes on:
   Text split_before_;
   QWidget* focus_before_ = nullptr;  // what had the focus and was hidden

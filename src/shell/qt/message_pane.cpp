@@ -78,6 +78,7 @@ void MessagePane::ShowMenuCopy() {
   AddMenuItem(client_, menu, "text_perecodirovka", {W<"Перекодировать">, "Recode"}, [this] {
     Recode();
   })->setEnabled(shown.Copies);
+  AddSelectAll(client_, menu, view_);
   menu->popup(place_.value_or(QCursor::pos()));
   if (place_) menu->setActiveAction(menu->actions().first());
 }

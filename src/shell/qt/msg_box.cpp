@@ -56,7 +56,8 @@ MsgBox::MsgBox(QWidget* parent) : QLineEdit(parent) {
     line.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
     line.replace(QLatin1Char('\n'), QLatin1Char(' '));
     line.replace(QLatin1Char('\r'), QLatin1Char(' '));
-    setText(line);
+    undo();  // so that what is taken back next is the paste itself
+    Replace(line);
   });
 }
 
@@ -118,6 +119,12 @@ void MsgBox::contextMenuEvent(QContextMenuEvent* event) {
     menu->addMenu(further);
   }
   menu->popup(event->globalPos());
+}
+
+void MsgBox::Replace(const QString& replacement) {
+  if (replacement == text()) return end(false);
+  selectAll();
+  insert(replacement);
 }
 
 void MsgBox::InsertBehindCaret(const QString& text) {

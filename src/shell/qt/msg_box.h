@@ -29,6 +29,10 @@ class MsgBox : public QLineEdit {
   // A menu that stands in the context menu, too.
   std::function<QMenu*()> FurtherMenu;
 
+  // Puts another text in the place of all that stands there, the caret behind it, so that it can be
+  // taken back with Ctrl+Z.
+  void Replace(const QString& text);
+
   // Puts a text at the caret, ahead of what is selected; the caret stays ahead of it. A locked box
   // takes nothing.
   void InsertBehindCaret(const QString& text);

@@ -11,7 +11,7 @@ RichTextView* NewPaneWidget(RichTextBox& pane, QWidget* parent) {
   auto* layout = new QVBoxLayout(holder);
   layout->setContentsMargins(0, 0, 0, 0);
   auto* view = new RichTextView(pane, holder);
-  view->setFrameShape(QFrame::NoFrame);
+  view->ShowFocusAtEdge();
   layout->addWidget(view);
   return view;
 }

@@ -226,7 +226,7 @@ void pers_frm::Focus(PersonalField field) {
 }
 
 void pers_frm::ShowFields() {
-  msg_->setText(ToQString(record_->msg));
+  msg_->Replace(ToQString(record_->msg));
   const QString nick = ToQString(record_->send_nick);
   if (send_nick_->text() != nick) send_nick_->setText(nick);
 }

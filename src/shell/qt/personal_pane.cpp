@@ -72,6 +72,7 @@ void PersonalPane::Act(MouseButton button) {
 
 void PersonalPane::ShowMenuCopy(const CopyMenu& shown) {
   QMenu* menu = NewMenuCopy(client_, view_, shown);
+  AddSelectAll(client_, menu, view_);
   menu->popup(place_.value_or(QCursor::pos()));
   if (place_) menu->setActiveAction(menu->actions().first());
 }

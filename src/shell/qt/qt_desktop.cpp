@@ -3,7 +3,6 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
 
 #include "platform/qt/text_conversion.h"
@@ -14,6 +13,7 @@
 #include "shell/qt/message_box.h"
 #include "shell/qt/msg_box.h"
 #include "shell/qt/ss_tab.h"
+#include "shell/qt/tone_box.h"
 
 namespace parlorwire {
 namespace {
@@ -121,7 +121,7 @@ Text QtDesktop::MsgText(int tab) const {
 }
 
 void QtDesktop::SetMsgText(int tab, const Text& text) {
-  if (window_) window_->controls.tab(tab).msg->setText(ToQString(text));
+  if (window_) window_->controls.tab(tab).msg->Replace(ToQString(text));
 }
 
 void QtDesktop::FocusMsg(int tab) {

@@ -1,7 +1,6 @@
 #include "shell/qt/tab_controls.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QFrame>
 #include <QLabel>
 #include <QRect>
@@ -17,6 +16,7 @@
 #include "shell/qt/link_label.h"
 #include "shell/qt/msg_box.h"
 #include "shell/qt/pane_widget.h"
+#include "shell/qt/tone_box.h"
 #include "shell/qt/twips.h"
 #include "shell/start_up.h"
 #include "users/posting.h"
@@ -27,8 +27,8 @@ namespace {
 constexpr int kUsersNumTop = 600;  // twips, in frame_button_update
 constexpr int kUsersNumLeft = 100;
 
-QComboBox* NewIntonacia(QWidget* ground) {
-  auto* box = new QComboBox(ground);
+ToneBox* NewIntonacia(QWidget* ground) {
+  auto* box = new ToneBox(ground);
   for (const Tone& tone : kTones)
     box->addItem(ToQString(tone.label));
   box->setFont(LabelFont());
@@ -63,6 +63,7 @@ TabControls NewTabControls(QWidget* ground, TabSession& tab, int slot) {
   c.Rich_Users = NewPaneWidget(tab.Rich_Users, ground);
   c.Rich_Server = NewPaneWidget(tab.Rich_Server, ground);
   c.Rich_Server->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  c.Rich_Server->setLineWidth(1);  // of its one row nothing is to be lost
   // The program selects the answer to colour it; nobody is to see that.
   tab.Rich_Server.HideSelection(true);
   c.StopScroll = new QCheckBox(ground);

@@ -2,7 +2,6 @@
 #pragma once
 
 class QCheckBox;
-class QComboBox;
 class QFrame;
 class QLabel;
 class QWidget;
@@ -17,6 +16,7 @@ class LineRazdel;
 class LinkLabel;
 class MsgBox;
 class RichTextView;
+class ToneBox;
 struct SharedPlaces;
 struct SlotPlaces;
 struct TabSession;
@@ -32,7 +32,7 @@ struct TabControls {
   QLabel* users_num = nullptr;
   QCheckBox* StopScroll = nullptr;
   LinkLabel* pers = nullptr;
-  QComboBox* intonacia = nullptr;
+  ToneBox* intonacia = nullptr;
   MsgBox* msg = nullptr;
   GraphicButton* button_say = nullptr;
   GraphicButton* button_clear = nullptr;

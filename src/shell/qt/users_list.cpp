@@ -70,7 +70,18 @@ void UsersList::WireMouse() {
           [this] { OnEvent(client_, "Rich_Users_MouseLeave", [&] { MouseLeave(client_); }); });
 }
 
+void UsersList::ToBeDrawn() {
+  const RichTextBox& list = view_->box();
+  if (!NextListedUser(list, 0, ListDirection::kDown)) return;  // it is empty, and about to be full
+  const RichTextView::Top top = view_->TopOfView();
+  place_ = PlaceInList(list, top.position);
+  place_pixels_ = top.pixels;
+}
+
 void UsersList::Drawn() {
+  if (const auto line = FindListPlace(view_->box(), place_))
+    view_->PutAtTop({*line, place_pixels_});
+  place_.clear();
   const bool rests = QGuiApplication::mouseButtons() == Qt::NoButton;
   if (rests && view_->viewport()->underMouse()) {
     const QPoint mouse = view_->viewport()->mapFromGlobal(QCursor::pos());

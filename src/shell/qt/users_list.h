@@ -6,6 +6,7 @@
 
 #include "display/pane_mouse.h"
 #include "text/text.h"
+#include "users/list_place.h"
 #include "users/list_walk.h"
 
 class QKeyEvent;
@@ -27,8 +28,10 @@ class UsersList : public QObject {
   UsersList(Client& client, RichTextView* view, int slot, NickMenuPopup& menus);
 
   // The list has been drawn anew: who walks through it finds the nick where he was selected again,
-  // and who is under a resting mouse is tinted.
+  // who is under a resting mouse is tinted, and the first line in view is the same as before.
   void Drawn();
+  // It is about to be emptied for that.
+  void ToBeDrawn();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -44,7 +47,9 @@ class UsersList : public QObject {
   RichTextView* view_;
   int slot_;
   NickMenuPopup& menus_;
-  Text reached_;  // the nick of the last step; "" when the caret was put elsewhere since
+  ListPlace place_;       // where the reader stood ahead of the redrawing
+  int place_pixels_ = 0;  // of the first line there, beyond the upper edge
+  Text reached_;          // the nick of the last step; "" when the caret was put elsewhere since
 };
 
 }  // namespace parlorwire

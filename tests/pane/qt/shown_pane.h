@@ -39,7 +39,7 @@ struct ShownPane {
   // The view puts off what is written in a stream, the toolkit a repaint by some milliseconds; a
   // busy machine may skip any one wait.
   static void Settle() {
-    for (int round = 0; round < 4; ++round)
+    for (int round = 0; round < 5; ++round)
       QTest::qWait(16);
   }
 

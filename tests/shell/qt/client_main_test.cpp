@@ -73,11 +73,6 @@ class ClientMainTest : public QObject {
     QCOMPARE(windows.window->pos(), QPoint(30, 20));
   }
 
-  void ASizeBeyondTheScreenIsTakenAsItIs() {
-    Windows windows("[Main]\r\nHeight=18000\r\nWidth=30000\r\n");
-    QCOMPARE(windows.window->size(), QSize(2000, 1200));
-  }
-
   void TheTabsHaveTheirColour() {
     Windows windows;
     for (int tab = 0; tab < kTabCount; ++tab)

@@ -182,6 +182,7 @@ class MainLayoutTest : public QObject {
 
   void LinksLeaveTheControlsAtTheLeftAloneInANarrowWindow() {
     Windows windows;
+    windows.window->setMinimumSize(0, 0);
     Resize(windows, QSize(400, 400));
     const int add_tab = PlaceOf(windows, "AddTab").right();
     QVERIFY(PlaceOf(windows, "Label1_1").left() > add_tab);
@@ -217,6 +218,7 @@ class MainLayoutTest : public QObject {
     Resize(windows, QSize(900, 500));
     const QRect rich = PlaceOf(windows, "Rich_0");
     const QRect msg = PlaceOf(windows, "msg_0");
+    windows.window->setMinimumSize(0, 0);  // some desktops do not keep to it
     Resize(windows, QSize(900, 130));
     QCOMPARE(PlaceOf(windows, "Rich_0"), rich);
     QCOMPARE(PlaceOf(windows, "msg_0"), msg);
@@ -228,6 +230,7 @@ class MainLayoutTest : public QObject {
   void ASmallWindowIsNoTrouble() {
     Windows windows;
     ShowEmptyTabs(windows, 1);
+    windows.window->setMinimumSize(0, 0);
     windows.window->resize(60, 60);
     QTest::qWait(20);
     Resize(windows, QSize(900, 500));
@@ -244,6 +247,24 @@ class MainLayoutTest : public QObject {
     QCOMPARE(PlaceOf(windows, "Rich_0").width(), Pixels(165 + 2000) - Pixels(165));
     QVERIFY(qAbs(std::stod(windows.tab(0).TabSplitPercent) - 2000 * 100.0 / w) < 0.0001);
     QVERIFY(qAbs(std::stod(windows.tab(7).TabSplitPercent) - (w - 2000) * 100.0 / w) < 0.0001);
+  }
+
+  void InAWideWindowTheSplitterIsWhereItWas() {
+    Windows windows;
+    ShowEmptyTabs(windows, 1);
+    Resize(windows, QSize(1200, 500));
+    windows.tab(0).TabSplitPercent = "84";
+    windows.tab(3).TabSplitPercent = "60";
+    Resize(windows, QSize(1190, 500));
+    Resize(windows, QSize(600, 500));
+    QVERIFY(std::stod(windows.tab(0).TabSplitPercent) < 80);
+    QCOMPARE(windows.tab(3).TabSplitPercent, Text("60"));
+    Resize(windows, QSize(1200, 500));
+    QCOMPARE(windows.tab(0).TabSplitPercent, Text("84"));
+    Resize(windows, QSize(600, 500));
+    windows.tab(0).TabSplitPercent = "50";
+    Resize(windows, QSize(1200, 500));
+    QCOMPARE(windows.tab(0).TabSplitPercent, Text("50"));
   }
 
   void LinesOfTheUserListNeverWrap() {

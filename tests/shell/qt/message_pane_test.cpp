@@ -73,6 +73,9 @@ struct PaneWindow : Windows {
                                     : item->text() + (item->isEnabled() ? "" : " (grey)"));
     return items;
   }
+  static QStringList CopyItems() {
+    return {Utf8("Копировать"), Utf8("Перекодировать"), Utf8("Выделить все")};
+  }
   void Choose(const char* item) {
     QMenu* menu = Menu();
     QVERIFY(menu != nullptr);
@@ -237,15 +240,16 @@ class MessagePaneTest : public QObject {
   void ALinkHasItsItemsAheadOfTheCopyItem() {
     PaneWindow windows;
     windows.Click("www.a.ru", Qt::RightButton);
-    QCOMPARE(PaneWindow::Items(),
-             QStringList({Utf8("Открыть"), Utf8("Копировать ссылку"), "-",
-                          Utf8("Копировать (grey)"), Utf8("Перекодировать (grey)")}));
+    QCOMPARE(
+        PaneWindow::Items(),
+        QStringList({Utf8("Открыть"), Utf8("Копировать ссылку"), "-", Utf8("Копировать (grey)"),
+                     Utf8("Перекодировать (grey)"), Utf8("Выделить все")}));
     windows.Choose("link_copy");
     QCOMPARE(windows.outside.clipboard.text, Text("www.a.ru"));
     QVERIFY(opened_.isEmpty());
     windows.SelectText("see www.a.ru now");
     windows.Click("www.a.ru", Qt::RightButton);
-    QCOMPARE(PaneWindow::Items().mid(3), QStringList({Utf8("Копировать"), Utf8("Перекодировать")}));
+    QCOMPARE(PaneWindow::Items().mid(3), PaneWindow::CopyItems());
     windows.Choose("link_open");
     QCOMPARE(opened_, QStringList("http://www.a.ru"));
   }
@@ -272,9 +276,18 @@ class MessagePaneTest : public QObject {
     QVERIFY(PaneWindow::Menu() == nullptr);
     windows.Click("see", Qt::RightButton);
     QCOMPARE(PaneWindow::Menu()->objectName(), QString("menu_copy"));
-    QCOMPARE(PaneWindow::Items(), QStringList({Utf8("Копировать"), Utf8("Перекодировать")}));
+    QCOMPARE(PaneWindow::Items(), PaneWindow::CopyItems());
     windows.Choose("text_copy");
     QCOMPARE(QApplication::clipboard()->text(), QString("see"));
+  }
+
+  void MenuCopySelectsAll() {
+    PaneWindow windows;
+    windows.SelectText("see");
+    windows.Click("see", Qt::RightButton);
+    windows.Choose("select_all");
+    QCOMPARE(windows.view->Selected(), (PaneRange{0, windows.view->box().Length()}));
+    QCOMPARE(windows.view->box().SelLength(), windows.view->box().Length());
   }
 
   void TheSelectionIsTheReadersAlsoBehindNewLines() {
@@ -317,7 +330,7 @@ class MessagePaneTest : public QObject {
     PaneWindow windows("[Main]\r\nLanguage=English\r\n");
     windows.SelectText("see");
     windows.Click("see", Qt::RightButton);
-    QCOMPARE(PaneWindow::Items(), QStringList({"Copy", "Recode"}));
+    QCOMPARE(PaneWindow::Items(), QStringList({"Copy", "Recode", "Select all"}));
     PaneWindow::Menu()->close();
     windows.Click("www.a.ru", Qt::RightButton);
     QCOMPARE(PaneWindow::Items().first(), QString("Open"));

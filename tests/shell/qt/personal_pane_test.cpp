@@ -89,7 +89,8 @@ class PersonalPaneTest : public QObject {
     PersonalPaneWindow windows;
     windows.Click("www.a.ru", Qt::RightButton);
     QCOMPARE(PersonalDesktop::Items(), QStringList({Utf8("Открыть"), Utf8("Копировать ссылку"), "-",
-                                                    Utf8("Копировать (grey)")}));
+                                                    Utf8("Копировать (grey)"),
+                                                    Utf8("Выделить все")}));
     windows.Choose("link_copy");
     QCOMPARE(windows.outside.clipboard.text, Text("www.a.ru"));
     windows.Click("www.a.ru", Qt::RightButton);
@@ -101,7 +102,7 @@ class PersonalPaneTest : public QObject {
     PersonalPaneWindow windows("[Main]\r\nLanguage=English\r\n");
     windows.SelectText("see");
     windows.Click("see", Qt::RightButton);
-    QCOMPARE(PersonalDesktop::Items(), QStringList("Copy"));
+    QCOMPARE(PersonalDesktop::Items(), QStringList({"Copy", "Select all"}));
     windows.Choose("text_copy");
     QCOMPARE(QApplication::clipboard()->text(), QString("see"));
     windows.Rich()->setFocus();

@@ -103,6 +103,37 @@ class UsersListWindowTest : public QObject {
   Q_OBJECT
 
  private slots:
+  // ---- a list that is drawn anew ----
+
+  void TheReadersPlaceIsKeptByNick() {
+    ListWindow windows;
+    const auto user = [](int number) { return "user" + std::to_string(100 + number) + "|[][]''"; };
+    std::vector<Text> list;
+    for (int i = 0; i < 100; ++i)
+      list.push_back(user(i));
+    windows.Draw(list);
+    const auto top = [&] {
+      const RichTextBox& box = windows.view->box();
+      const PaneLine line = box.LineByIndex(box.LineAt(windows.view->TopOfView().position));
+      return box.TextBetween(line.start, line.start + 7);
+    };
+    windows.view->PutAtTop({windows.At("user140"), 5});
+    QCOMPARE(top(), Text("user140"));
+    list.insert(list.begin(), "newcomer|[][]''");
+    windows.Draw(list);
+    QCOMPARE(top(), Text("user140"));
+    QCOMPARE(windows.view->TopOfView().pixels, 5);
+    // He and the next one leave.
+    list.erase(list.begin() + 41, list.begin() + 43);
+    windows.Draw(list);
+    QCOMPARE(top(), Text("user142"));
+    windows.view->ScrollToStart();
+    QTest::qWait(30);
+    list.insert(list.begin(), "another|[][]''");
+    windows.Draw(list);
+    QVERIFY(windows.view->TopOfView().position <= windows.At("another"));
+  }
+
   // ---- the mouse ----
 
   void TheNickUnderTheMouseIsTintedUntilTheMouseIsGone() {

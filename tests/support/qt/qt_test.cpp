@@ -23,6 +23,10 @@ QtTestFile::QtTestFile(const char* file, QtTestMain main) {
 }  // namespace parlorwire
 
 int main(int argc, char** argv) {
+  // A screen that is large enough for every window of a test.
+  if (qgetenv("QT_QPA_PLATFORM") == "offscreen")
+    qputenv("QT_QPA_PLATFORM",
+            "offscreen:configfile=" QT_TESTCASE_SOURCEDIR "/support/qt/screen.json");
   const auto& files = parlorwire::Files();
   const auto file = files.find(argc > 1 ? argv[1] : "");
   if (file == files.end()) {
