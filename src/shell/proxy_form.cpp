@@ -14,7 +14,23 @@ constexpr std::string_view kSection = "ProxySettings";
 constexpr BothLanguages kDoWithoutProxy{
     W<"Некоторые поля остались незаполненными. Отключить прокси-сервер?">, "Some fields are ..."};
 
+constexpr BothLanguages kWrongPort{W<"Порт - число от 1 до 65535">,
+                                   "The port is a number from 1 to 65535"};
+constexpr std::size_t kLongestPort = 5;
+constexpr int kHighestPort = 65535;
+
 }  // namespace
+
+bool ProxyPortIsWrong(const ProxyControls& controls) {
+  const std::string_view port = TrimView(controls.proxy_port);
+  if (!controls.use_proxy || port.empty()) return false;
+  int number = 0;
+  for (const char digit : port) {
+    if (digit < '0' || digit > '9' || port.size() > kLongestPort) return true;
+    number = number * 10 + (digit - '0');
+  }
+  return number < 1 || number > kHighestPort;
+}
 
 ProxyFormState StateOfProxyForm(const ProxyControls& controls) {
   ProxyFormState state;
@@ -44,6 +60,10 @@ bool ApplyProxyForm(Client& client) {
     const Text question = InLanguage(client, kDoWithoutProxy);
     if (!client.platform.desktop.AskYesNo(question, BoxIcon::kExclamation)) return false;
     controls.use_proxy = false;
+  }
+  if (ProxyPortIsWrong(controls)) {
+    client.platform.desktop.MessageBox(InLanguage(client, kWrongPort), BoxIcon::kExclamation);
+    return false;
   }
   const ProxyControls applied = controls;
   WriteIni(client, kSection, "Use_proxy", applied.use_proxy ? "1" : "0");

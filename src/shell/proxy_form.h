@@ -30,9 +30,13 @@ bool use_proxy_Click(Client& client, bool on);
 void autentification_Click(Client& client, bool on);
 
 // The button `button_apply`. If an address or a port is wanted and missing, the user is asked
-// whether to do without the proxy. True: the settings are saved and the controls forgotten; the
-// window closes. False: `proxy_addr` gets the focus.
+// whether to do without the proxy; a port that is none is refused. True: the settings are saved and
+// the controls forgotten; the window closes. False: `proxy_addr` gets the focus, or the wrong port.
 bool ApplyProxyForm(Client& client);
+
+// Whether a proxy is wanted at a port that is no number from 1 to 65535. A missing one is another
+// matter.
+bool ProxyPortIsWrong(const ProxyControls& controls);
 
 // The button `button_cancel`, or any other way to close the window: the controls are forgotten.
 void CancelProxyForm(Client& client);

@@ -110,6 +110,30 @@ TEST_F(ProxyForm, WithTheProxyOffNothingIsAsked) {
   EXPECT_TRUE(platform.desktop.boxes.empty());
 }
 
+TEST_F(ProxyForm, APortThatIsNoneIsRefused) {
+  for (const char* port : {"0", "65536", "99999", "100000", "4294967297", "00000000080", "8o8"}) {
+    Fill(true, "proxy.example", port);
+    EXPECT_TRUE(ProxyPortIsWrong(ProxyDialog(client))) << port;
+    EXPECT_FALSE(ApplyProxyForm(client)) << port;
+    ASSERT_EQ(platform.desktop.boxes.size(), 1U) << port;
+    EXPECT_EQ(platform.desktop.boxes[0], (SimulatedDesktop::Box{"Порт - число от 1 до 65535"_w,
+                                                                BoxIcon::kExclamation, false}));
+    EXPECT_EQ(file(), "");
+    platform.desktop.boxes.clear();
+  }
+  for (const char* port : {"1", " 80 ", "65535"}) {
+    Fill(true, "proxy.example", port);
+    EXPECT_TRUE(ApplyProxyForm(client)) << port;
+  }
+  EXPECT_TRUE(platform.desktop.boxes.empty());
+}
+
+TEST_F(ProxyForm, WithTheProxyOffThePortIsWhatItIs) {
+  Fill(false, "proxy.example", "99999");
+  EXPECT_FALSE(ProxyPortIsWrong(ProxyDialog(client)));
+  EXPECT_TRUE(ApplyProxyForm(client));
+}
+
 TEST_F(ProxyForm, CancelForgetsWhatWasTyped) {
   file() = "[ProxySettings]\r\nProxy_address=saved\r\n";
   Fill(true, "typed", "1");

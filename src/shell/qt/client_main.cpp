@@ -22,6 +22,7 @@
 #include "shell/page_links.h"
 #include "shell/qt/bot_autokick.h"
 #include "shell/qt/caret_rest.h"
+#include "shell/qt/command_menus.h"
 #include "shell/qt/connection_form.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/disable_kick_channels_form.h"
@@ -94,6 +95,7 @@ client_main::client_main(Client& client, QtDesktop& desktop)
   Timer5_.setSingleShot(true);
   Timer5_.setInterval(kTimer5Interval);
   connect(&Timer5_, &QTimer::timeout, this, [this] { desktop_.FocusMsg(desktop_.ActiveTab()); });
+  new CommandMenus(client_, *this, [this] { Timer5_.start(); });
   MakeMainShortcuts(*this, client_, [this] { Timer5_.start(); });
   qApp->installEventFilter(this);
   FillHooks();

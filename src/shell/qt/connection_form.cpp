@@ -14,6 +14,7 @@
 #include "platform/qt/text_conversion.h"
 #include "session/client.h"
 #include "shell/qt/control_names.h"
+#include "shell/qt/dialog_frame.h"
 #include "shell/qt/first_line.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/link_label.h"
@@ -50,6 +51,7 @@ connection_form::connection_form(Client& client, QWidget* owner)
 
 void connection_form::Build() {
   setPalette(PaletteOn(palette(), kDialogBackColor));
+  FrameAsDialog(this);
   setAutoFillBackground(true);
 
   login_ = new QComboBox(this);
@@ -145,6 +147,7 @@ void connection_form::Build() {
   connect(save_pass_, &QCheckBox::clicked, this, [this](bool on) { save_pass_Click(dialog_, on); });
   pass_->Enter = [this] { room_->setFocus(); };
   room_->Enter = [this] { Connect(); };
+  channel_pwd_input_->Enter = [this] { Connect(); };
   connect(button_connect_, &QAbstractButton::clicked, this, [this] { Connect(); });
   connect(button_getAccount_, &QAbstractButton::clicked, this,
           [this] { OnEvent(client_, "button_getAccount", [&] { button_getAccount(client_); }); });
@@ -190,6 +193,7 @@ void connection_form::ShowLoginDialog() {
   raise();
   activateWindow();
   login_->setFocus();
+  login_->lineEdit()->selectAll();
 }
 
 void connection_form::ShowControls() {

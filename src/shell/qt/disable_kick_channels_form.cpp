@@ -12,6 +12,7 @@
 #include "session/client.h"
 #include "session/event_entry.h"
 #include "shell/qt/control_names.h"
+#include "shell/qt/dialog_frame.h"
 #include "shell/qt/twips.h"
 
 namespace parlorwire {
@@ -37,6 +38,7 @@ DisableKickChannels_form::DisableKickChannels_form(Client& client, QWidget* owne
   setWindowTitle(ToQString(InLanguage(client_, {W<"Каналы автокика">, "Auto-kick channels"})));
   SayControl(this, windowTitle());
   setPalette(PaletteOn(palette(), kMainBackColor));
+  FrameAsDialog(this);
   setFont(LabelFont());
 
   const auto button = [this](const char* name, const BothLanguages& words) {

@@ -32,12 +32,12 @@ constexpr const char* kRussian = "russian";  // properties of an item: its capti
 constexpr const char* kEnglish = "english";
 constexpr const char* kMeaning = "meaning";  // of a caption that is Russian in both languages
 
+}  // namespace
+
 void KeepCaptions(QObject* item, const BothLanguages& text) {
   item->setProperty(kRussian, ToQString(text.russian));
   item->setProperty(kEnglish, ToQString(text.english));
 }
-
-}  // namespace
 
 MainMenu::MainMenu(Client& client, QMainWindow* window, std::function<void()> leave)
     : QObject(window), client_(client), window_(window) {

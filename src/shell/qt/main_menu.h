@@ -14,7 +14,12 @@ class QMenu;
 
 namespace parlorwire {
 
+struct BothLanguages;
 struct Client;
+
+// The captions of an item of the window's menus, or of a menu's own item, in both languages:
+// MainMenu shows the one of the language.
+void KeepCaptions(QObject* item, const BothLanguages& text);
 
 // The items bear the names of their commands. They work on the client; `leave` ends the program.
 // The items of `menu_bot` are brought up to date whenever it opens.

@@ -21,14 +21,14 @@ QList<QKeySequence> Control(Qt::Key letter) {
   return {QKeySequence(Qt::CTRL | letter), QKeySequence(Qt::CTRL | RussianKey(letter))};
 }
 
+}  // namespace
+
 void CopyPane(const client_main& window, const Client& client) {
   const RichTextBox* pane = PaneToCopy(client);
   for (const TabControls& tab : window.controls.tabs)
     for (RichTextView* view : {tab.Rich, tab.Rich_Users})
       if (&view->box() == pane) view->Copy();
 }
-
-}  // namespace
 
 void MakeMainShortcuts(client_main& window, Client& client,
                        const std::function<void()>& focus_tab) {

@@ -18,6 +18,7 @@
 #include "session/client.h"
 #include "session/event_entry.h"
 #include "shell/qt/control_names.h"
+#include "shell/qt/dialog_frame.h"
 #include "shell/qt/graphic_button.h"
 
 namespace parlorwire {
@@ -36,6 +37,7 @@ search_form::search_form(Client& client, QWidget* owner,
   NameControl(this, QStringLiteral("search_form"));
   setWindowTitle(ToQString(kSearchTitle.russian));
   setPalette(PaletteOn(palette(), kDialogBackColor));
+  FrameAsDialog(this);
   setFont(LabelFont());
   Build();
   Wire();

@@ -13,12 +13,14 @@
 #include "session/client.h"
 #include "session/proxy_dialog.h"
 #include "shell/qt/control_names.h"
+#include "shell/qt/dialog_frame.h"
 #include "shell/qt/text_field.h"
 
 namespace parlorwire {
 
 sett_conn::sett_conn(Client& client, QWidget* owner) : QDialog(owner), client_(client) {
   NameControl(this, "sett_conn");
+  FrameAsDialog(this);
   Build();
   SetTexts();
   const ProxyControls& controls = ProxyDialog(client_);
@@ -85,8 +87,9 @@ void sett_conn::Build() {
   l_proxy_pass_ = label(proxy_pass_);
   button_apply_ = new QPushButton(this);
   button_cancel_ = new QPushButton(this);
-  button_apply_->setAutoDefault(false);
-  button_cancel_->setAutoDefault(false);
+  button_apply_->setDefault(true);
+  for (TextField* field : {proxy_addr_, proxy_port_, proxy_login_, proxy_pass_})
+    field->Enter = [this] { Apply(); };
 
   NameControl(frame_, "frame");
   NameControl(use_proxy_, "use_proxy");
@@ -161,6 +164,10 @@ void sett_conn::ShowState() {
   autentification_->setEnabled(state.autentification_enabled);
   proxy_login_->SetLocked(state.proxy_login_locked);
   proxy_pass_->SetLocked(state.proxy_pass_locked);
+  l_proxy_addr_->setEnabled(!state.proxy_addr_locked);
+  l_proxy_port_->setEnabled(!state.proxy_port_locked);
+  l_proxy_login_->setEnabled(!state.proxy_login_locked);
+  l_proxy_pass_->setEnabled(!state.proxy_pass_locked);
 }
 
 void sett_conn::Apply() {
@@ -169,7 +176,7 @@ void sett_conn::Apply() {
       accept();
     } else {
       ShowState();
-      proxy_addr_->setFocus();
+      (ProxyPortIsWrong(ProxyDialog(client_)) ? proxy_port_ : proxy_addr_)->setFocus();
     }
   });
 }

@@ -13,6 +13,7 @@
 #include "session/client.h"
 #include "session/event_entry.h"
 #include "shell/qt/control_names.h"
+#include "shell/qt/dialog_frame.h"
 
 namespace parlorwire {
 namespace {
@@ -32,6 +33,7 @@ text_input::text_input(Client& client, const QString& prompt, const QString& tit
   setWindowTitle(title);
   SayControl(this, title);
   setPalette(PaletteOn(palette(), kDialogBackColor));
+  FrameAsDialog(this);
   setFont(LabelFont());
 
   const bool english = client_.app.Language == UiLanguage::kEnglish;

@@ -54,6 +54,29 @@ class ConnectionFormTest : public QObject {
     QCOMPARE(QApplication::focusWidget(), static_cast<QWidget*>(dialog.login()));
   }
 
+  void TheLoginIsSelectedWithTheCaretAtItsEnd() {
+    Dialog dialog(kTwoLogins);
+    QCOMPARE(dialog.login()->lineEdit()->selectedText(), QString("Bob"));
+    QCOMPARE(dialog.login()->lineEdit()->cursorPosition(), 3);
+  }
+
+  void EnterInThePasswordOfTheChannelConnects() {
+    Dialog dialog(kTwoLogins);
+    dialog.Field("channel_pwd_input")->setFocus();
+    Type(dialog.Field("channel_pwd_input"), "key");
+    QTest::keyClick(dialog.Field("channel_pwd_input"), Qt::Key_Return);
+    QVERIFY(!dialog.form->isVisible());
+    QVERIFY(dialog.windows.tab(0).Connecting);
+    QCOMPARE(dialog.windows.tab(0).ChannelPassword, parlorwire::Text("key"));
+  }
+
+  void ItsFrameHasNoButtonsToMinimizeOrMaximize() {
+    Dialog dialog(kTwoLogins);
+    QVERIFY(!(dialog.form->windowFlags() & Qt::WindowMinMaxButtonsHint));
+    QVERIFY(dialog.form->windowFlags() & Qt::WindowCloseButtonHint);
+    QVERIFY(dialog.form->isWindow());
+  }
+
   void IsNotModal() {
     Dialog dialog(kTwoLogins);
     QVERIFY(!dialog.form->isModal());

@@ -88,9 +88,9 @@ class PersonalPaneTest : public QObject {
   void ALinkHasItsItemsAheadOfTheCopyItem() {
     PersonalPaneWindow windows;
     windows.Click("www.a.ru", Qt::RightButton);
-    QCOMPARE(PersonalDesktop::Items(), QStringList({Utf8("Открыть"), Utf8("Копировать ссылку"), "-",
-                                                    Utf8("Копировать (grey)"),
-                                                    Utf8("Выделить все")}));
+    QCOMPARE(PersonalDesktop::Items(),
+             QStringList({Utf8("Открыть"), Utf8("Копировать ссылку"), "-",
+                          Utf8("Копировать (grey)"), Utf8("Выделить все")}));
     windows.Choose("link_copy");
     QCOMPARE(windows.outside.clipboard.text, Text("www.a.ru"));
     windows.Click("www.a.ru", Qt::RightButton);

@@ -93,6 +93,60 @@ class SettConnTest : public QObject {
     }
   }
 
+  void EnterIsApply_data() {
+    QTest::addColumn<QString>("control");
+    for (const char* control : {"proxy_addr", "proxy_port", "proxy_login", "proxy_pass",
+                                "use_proxy", "autentification", "button_apply"})
+      QTest::newRow(control) << control;
+  }
+  void EnterIsApply() {
+    QFETCH(const QString, control);
+    SettConnWindow dialog(kFull);
+    dialog.Field("proxy_addr")->setText("other.example");
+    QWidget* focus = dialog.windows.Find(qPrintable(control));
+    focus->setFocus();
+    QTest::keyClick(focus, Qt::Key_Return);
+    QVERIFY(!dialog.form.isVisible());
+    QVERIFY(dialog.windows.Config().find("Proxy_address=other.example") != Text::npos);
+  }
+
+  void EnterOnCancelIsCancel() {
+    SettConnWindow dialog(kFull);
+    dialog.Field("proxy_addr")->setText("other.example");
+    QWidget* cancel = dialog.windows.Find("button_cancel");
+    cancel->setFocus();
+    QTest::keyClick(cancel, Qt::Key_Return);
+    QVERIFY(!dialog.form.isVisible());
+    QVERIFY(dialog.windows.Config().find("other.example") == Text::npos);
+  }
+
+  void AWrongPortIsToldAndGetsTheFocus() {
+    SettConnWindow dialog(kFull);
+    dialog.Field("proxy_port")->setText("70000");
+    const SeenBox box =
+        EnterInBox([&] { QTest::keyClick(dialog.Field("proxy_addr"), Qt::Key_Return); });
+    QCOMPARE(box.text, Utf8("Порт - число от 1 до 65535"));
+    QVERIFY(dialog.form.isVisible());
+    QVERIFY(dialog.Field("proxy_port")->hasFocus());
+  }
+
+  void CaptionsOfLockedFieldsLookDisabled() {
+    SettConnWindow dialog("[ProxySettings]\r\nUse_proxy=1\r\n");
+    QVERIFY(dialog.windows.Find("l_proxy_addr")->isEnabled());
+    QVERIFY(!dialog.windows.Find("l_proxy_login")->isEnabled());
+    dialog.Click("autentification");
+    QVERIFY(dialog.windows.Find("l_proxy_pass")->isEnabled());
+    dialog.Click("use_proxy");
+    for (const char* label : {"l_proxy_addr", "l_proxy_port", "l_proxy_login", "l_proxy_pass"})
+      QVERIFY(!dialog.windows.Find(label)->isEnabled());
+  }
+
+  void ItsFrameHasNoButtonsToMinimizeOrMaximize() {
+    SettConnWindow dialog(kFull);
+    QVERIFY(!(dialog.form.windowFlags() & Qt::WindowMinMaxButtonsHint));
+    QVERIFY(dialog.form.windowFlags() & Qt::WindowCloseButtonHint);
+  }
+
   void HasTheGroundOfTheDialogs() {
     SettConnWindow dialog(kFull);
     QCOMPARE(dialog.form.grab().toImage().pixelColor(2, 2), QColor(192, 198, 187));
