@@ -16,7 +16,7 @@
 namespace parlorwire {
 namespace {
 
-constexpr QSize kFirstSize{760, 520};      // pixels
+constexpr QSize kDaySize{760, 520};        // pixels
 constexpr std::size_t kBlock = 64 * 1024;  // bytes that are shown in one turn of the event loop
 constexpr std::int64_t kLinesBehind = 8;   // that are in view below the line of the hit
 constexpr std::int64_t kBytesBehind = 8 * 1024;
@@ -58,7 +58,7 @@ log_day_form::log_day_form(const Client& client, LogHit hit, QWidget* owner)
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(0, 0, 0, 0);
   whole->addWidget(HolderOf(Rich_));
-  resize(kFirstSize);
+  resize(kDaySize);
   reading_ = std::make_unique<BackgroundWork>(
       [this, &logs = client.platform.day_logs, log = hit_.log](const std::stop_token& stop,
                                                                const BackgroundWork::Tell& tell) {

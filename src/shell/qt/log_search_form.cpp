@@ -31,7 +31,7 @@
 namespace parlorwire {
 namespace {
 
-constexpr QSize kFirstSize{760, 480};  // pixels
+constexpr QSize kLogSearchSize{760, 480};  // pixels
 constexpr std::size_t kMostHits = 10'000;
 constexpr std::chrono::milliseconds kNewsPeriod{50};
 
@@ -153,7 +153,7 @@ void log_search_form::Build() {
   whole->addLayout(top);
   whole->addWidget(log_hits_, 1);
   whole->addWidget(log_state_);
-  resize(kFirstSize);
+  resize(kLogSearchSize);
 }
 
 void log_search_form::Wire() {

@@ -35,7 +35,7 @@
 namespace parlorwire {
 namespace {
 
-constexpr QSize kFirstSize{620, 420};  // pixels
+constexpr QSize kPersonalSize{620, 420};  // pixels
 
 QFont InputFont() {
   return {QStringLiteral("verdana"), 9};
@@ -119,7 +119,7 @@ void pers_frm::Build() {
   whole->addWidget(HolderOf(Rich_), 1);
   whole->addLayout(first);
   whole->addLayout(second);
-  resize(kFirstSize);
+  resize(kPersonalSize);
 }
 
 void pers_frm::Wire() {

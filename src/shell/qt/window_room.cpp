@@ -14,7 +14,7 @@ namespace parlorwire {
 namespace {
 
 constexpr QSize kLeastSize{520, 360};  // below it controls lie over each other
-constexpr int kTitleHeight = 30;       // pixels, of a window that the desktop has not framed yet
+constexpr int kUnframedTitle = 30;     // pixels, of a window that the desktop has not framed yet
 
 std::vector<QRect> RoomsOfScreens() {
   std::vector<QRect> rooms;
@@ -70,9 +70,9 @@ void WindowRoom::Fit() {
   // A window has no frame yet while it is hidden.
   QRect frame = window_->frameGeometry();
   const QSize inner = window_->size();
-  if (frame.size() == inner) frame.setHeight(frame.height() + kTitleHeight);
+  if (frame.size() == inner) frame.setHeight(frame.height() + kUnframedTitle);
   const QSize edges = frame.size() - inner;
-  const int title = std::max(window_->geometry().top() - frame.top(), kTitleHeight);
+  const int title = std::max(window_->geometry().top() - frame.top(), kUnframedTitle);
 
   std::vector<Place> rooms;
   for (const QRect& room : rooms_())
