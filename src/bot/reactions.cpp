@@ -6,6 +6,7 @@
 
 #include "bot/join_highlight.h"
 #include "display/rank_colour.h"
+#include "pane/search.h"
 #include "session/client.h"
 #include "session/fault_trap.h"
 #include "text/cut.h"
@@ -13,6 +14,8 @@
 
 namespace parlorwire {
 namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
 
 // What a line says of a nick, in lower case and without the address in brackets behind it. With two
 // brackets at the end, what stands ahead of the last two groups.
@@ -40,7 +43,7 @@ struct Reaction {
   // One of the statements that may fault. After a fault, which is logged, the next one runs.
   template <class Statement>
   void GoOn(Statement&& statement) const {
-    GoOnAfterFault(client, ". Function: ClientAction. Dump: " + line, statement);
+    GoOnAfterFault(client, ". Function: ClientAction. Dump: " + DumpText(line), statement);
   }
 };
 
@@ -102,13 +105,12 @@ void RemoveUser(Client& client, std::string_view nick, int tab) {
   TabSession& session = client.tab(tab);
   Desktop& desktop = client.platform.desktop;
   RichTextBox& list = session.Rich_Users;
-  const Text shown = list.Text();
-  const Position hit = InStrNoCase(shown, nick);
-  if (hit == 0) return;
-  const Position line_end = InStr(hit, shown, "\r\n");
-  if (line_end == 0) return;  // not a user but the note behind the list
+  const auto hit = FindForwards(list, nick, 0, LetterCase::kIgnored);
+  if (!hit) return;
+  const auto line_end = FindForwards(list, kLineEnd, *hit, LetterCase::kCounts);
+  if (!line_end) return;  // not a user but the note behind the list
   list.HideSelection(true);
-  list.ExSetSel(hit - 1, line_end + 1);
+  list.ExSetSel(*hit, *line_end + Len(kLineEnd));
   list.ReplaceSel("");
 
   const Text caption = desktop.UsersNumCaption(tab);

@@ -1,5 +1,7 @@
 #include "session/error_log.h"
 
+#include <string>
+
 #include "session/client.h"
 #include "session/fault_trap.h"
 
@@ -10,6 +12,13 @@ constexpr const char* kErrorLog = "error.log";
 constexpr std::int64_t kSizeLimit = 51000;  // above 50 whole thousands
 
 }  // namespace
+
+Text DumpText(std::string_view dumped) {
+  Text dump(dumped.substr(0, kLargestDump));
+  if (dumped.size() > kLargestDump)
+    dump += "... (" + std::to_string(dumped.size()) + " bytes in all)";
+  return dump;
+}
 
 void WriteErrorLog(Client& client, const Text& text) {
   const LocalTime now = client.platform.clock.Now();

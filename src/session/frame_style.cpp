@@ -83,7 +83,7 @@ void RepairStyleOnNewChannel(Client& client, int tab) {
 }
 
 void LogUnknownAnswer(Client& client, const Text& dump) {
-  WriteErrorLog(client, "Error: Unknown style or server ansver. Debug info:\r\n" + dump);
+  WriteErrorLog(client, "Error: Unknown style or server ansver. Debug info:\r\n" + DumpText(dump));
 }
 
 void RepairFrameOfChannel(Client& client, const Text& data, int tab) {
