@@ -89,7 +89,7 @@ struct Operator {
     }
     SayBotFunction(client, 0);
     session.JoinLines.clear();
-    session.BotQueue.assign(1, Text());
+    session.BotQueue.clear();
   }
   Platform Ports() { return rest.Ports(files); }
 

@@ -1,8 +1,8 @@
 #include "display/text_out.h"
 
 #include "display/chat_log.h"
-#include "display/framed_notice.h"
 #include "display/links.h"
+#include "display/mention_notice.h"
 #include "display/message_colours.h"
 #include "display/pane_output.h"
 #include "display/rank_colour.h"
@@ -190,10 +190,7 @@ void NotifyOfMention(const Line& line) {
         "", whole + "\r\n\r\n" + "Ник: "_w + login + "\r\n" + "Канал: "_w + channel, kInfoBalloon);
     line.client.hooks.SetTrayBlink(kTrayMention);
   }
-  const int shown_tab = desktop.ActiveTab();
-  const TabSession& shown = line.client.tab(shown_tab);
-  if (line.tab != shown_tab && desktop.IsActiveWindow() && shown.Connected && !shown.IsChannelList)
-    MentionBox(line.client, ">>" + whole, login, channel, shown_tab, line.start);
+  TellMention(line.client, ">>" + whole, line.tab, line.start);
 }
 
 void WriteLine(Line& line, std::string_view time, std::string_view text) {

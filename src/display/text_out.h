@@ -12,7 +12,7 @@ struct Client;
 
 // Writes a line behind all that the tab's Rich holds, and logs it. `time` has its brackets and may
 // be empty; `nick` has its colon and is empty for a system line. A fault is logged and ends the
-// line; the pane then is not painted until the next line has been written.
+// line, which does not scroll then; the pane is painted all the same.
 void TextOut(Client& client, std::string_view time, std::string_view nick, std::string_view text,
              LineKind kind, int tab);
 

@@ -9,6 +9,7 @@
 #include "personal/pers_queue.h"
 #include "personal/pers_status.h"
 #include "personal/personal_window.h"
+#include "session/answer_deadline.h"
 #include "session/client.h"
 #include "session/event_entry.h"
 #include "session/exchange.h"
@@ -39,6 +40,9 @@ void WirePersWindow(Client& client, PersonalWindow& window) {
   window.W3->events = {event("W3_Connect", W3_Connect), nullptr, event("W3_Close", W3_Close),
                        event("W3_Error", w3_error)};
   window.Timer1->Tick = event("Timer1_Timer", pers_frm_Timer1_Timer);
+  const auto always = [] { return true; };
+  WatchAnswers(*window.W2, *window.PostTimer, always);
+  WatchAnswers(*window.W3, *window.LinkTimer, always);
 }
 
 void StopBlinkingOfLogin(Client& client, int tab) {
@@ -74,7 +78,8 @@ PersonalWindow& NewPersWindow(Client& client, int tab) {
   window.send_nick = app.PersTargetNick;
   for (auto* socket : {&window.W1, &window.W2, &window.W3})
     *socket = client.platform.NewWinsock();
-  window.Timer1 = client.platform.NewTimer();
+  for (auto* timer : {&window.Timer1, &window.PostTimer, &window.LinkTimer})
+    *timer = client.platform.NewTimer();
   window.Timer1->Interval(kComeUpDelay);
   WirePersWindow(client, window);
   return window;

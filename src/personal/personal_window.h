@@ -51,6 +51,7 @@ struct PersonalWindow {
 
   // ---- the frame ----
   Text PersLineCarry;        // its last line, incomplete
+  bool PersLineCut = false;  // the rest of that line is dropped, up to its end
   bool PersGotData = false;  // its first data has arrived
 
   // ---- the links of the messages, each to be requested once ----
@@ -83,10 +84,11 @@ struct PersonalWindow {
   // The smiles that stand in Rich, by their codes.
   std::map<Text, std::shared_ptr<const PanePicture>> Smiles;
 
-  std::unique_ptr<Winsock> W1;    // the frame
-  std::unique_ptr<Winsock> W2;    // the post
-  std::unique_ptr<Winsock> W3;    // the requests for links
-  std::unique_ptr<Timer> Timer1;  // 2 ms: the window comes up
+  std::unique_ptr<Winsock> W1;                  // the frame
+  std::unique_ptr<Winsock> W2;                  // the post
+  std::unique_ptr<Winsock> W3;                  // the requests for links
+  std::unique_ptr<Timer> Timer1;                // 2 ms: the window comes up
+  std::unique_ptr<Timer> PostTimer, LinkTimer;  // kAnswerDeadline, for W2 and W3
 
   PersonalWindowHooks hooks;
 };

@@ -1,6 +1,8 @@
 // The port to the calendar and the clock on the wall.
 #pragma once
 
+#include <cstdint>
+
 #include "text/text.h"
 
 namespace parlorwire {
@@ -19,6 +21,9 @@ class Clock {
  public:
   virtual ~Clock() = default;
   virtual LocalTime Now() const = 0;
+
+  // The time since some moment, in ms. Goes on evenly, whatever the clock on the wall is set to.
+  virtual std::int64_t Milliseconds() const = 0;
 };
 
 // "dd.MM.yyyy"

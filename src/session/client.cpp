@@ -21,6 +21,10 @@ Client::Client(const Platform& ports) : platform(ports) {
       *timer = platform.NewTimer();
     tab.Timer1->Interval(kConnectAgain);
     tab.Timer2->Interval(kPersBlink);
+    tab.MentionSecond->Interval(1000);
+    // A channel with much coming and going is no attack; its list is fetched once a second.
+    tab.Fetches.SoonAfter = kFirstWait;
+    tab.Fetches.LongestWait = kFirstWait;
   }
 }
 

@@ -66,7 +66,7 @@ void ReportServerError(Client& client, int tab) {
     const Text first_line(ElementAt(Split(session.LoginAnswer, "\n"), 0));
     StatusOut(client, first_line, StatusMode::kFailed, tab);
   });
-  WriteErrorLog(client, "Server error. Debug info:\r\n" + session.LoginAnswer);
+  WriteErrorLog(client, "Server error. Debug info:\r\n" + DumpText(session.LoginAnswer));
   session.CloseHandled = true;
   session.Connecting = false;
   ShowTabCaption(client, tab, InLanguage(client, {W<"Отключено">, "Disconnected"}));
@@ -105,9 +105,7 @@ void ReadLoginAnswer(Client& client, int tab) {
   ConnectAfresh(client, *session.Winsock1);
 }
 
-}  // namespace
-
-void ConnectToChat(Client& client, int tab) {
+void BeginSession(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   Desktop& desktop = client.platform.desktop;
   const ProxyControls& proxy = ProxyDialog(client);
@@ -144,14 +142,43 @@ void ConnectToChat(Client& client, int tab) {
                  [&] { session.Timer6->Interval(client.app.ActionDelayValue); });
   session.Timer3->Enabled(false);
   session.Timer1->Enabled(false);
+  for (Backoff* backoff : {&session.Fetches, &session.FlagRepairs, &session.BotRepairs})
+    StartAfresh(*backoff);
 
   ConnectToService(client, *session.Winsock1);
+}
+
+void ReconnectNow(Client& client, int tab) {
+  NoteConnect(client.tab(tab).Reconnects, client.platform.clock);
+  BeginSession(client, tab);
+}
+
+// Watches the frame from its connect on, not from its first chunk.
+void StartWatchdog(Client& client, std::string_view procedure, int tab) {
+  TabSession& session = client.tab(tab);
+  session.WatchdogTicks = 0;
+  session.Timer3->Enabled(false);
+  GoOnAfterFault(client, procedure,
+                 [&] { session.Timer3->Interval(client.app.ReconnectDelayValue); });
+  session.Timer3->Enabled(true);
+}
+
+}  // namespace
+
+void ConnectToChat(Client& client, int tab) {
+  StartAfresh(client.tab(tab).Reconnects);
+  BeginSession(client, tab);
+}
+
+void ReconnectToChat(Client& client, int tab) {
+  if (ConnectsNow(client.tab(tab).Reconnects, client.platform.clock)) BeginSession(client, tab);
 }
 
 void Winsock1_Connect(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   if (session.Authorized) {
     SendRequest(client, *session.Winsock1, FrameUrl(session));
+    StartWatchdog(client, ". Function: Winsock1_Connect", tab);
     return;
   }
   StatusOk(client, tab);
@@ -172,11 +199,7 @@ void Winsock1_DataArrival(Client& client, int tab, std::size_t bytes_total) {
   const Text decoded = DecodeKoi(session.Winsock1->GetData());
   session.Connecting = false;
   TakeAnswer(session.ChannelListPage, decoded);
-  session.WatchdogTicks = 0;
-  session.Timer3->Enabled(false);
-  GoOnAfterFault(client, ". Function: Winsock1_DataArrival",
-                 [&] { session.Timer3->Interval(client.app.ReconnectDelayValue); });
-  session.Timer3->Enabled(true);  // the reader may switch it off again
+  StartWatchdog(client, ". Function: Winsock1_DataArrival", tab);  // the reader may switch it off
   const std::uint32_t session_number = session.SessionNumber;
   CacheMessages(client, decoded, tab);
   // Once armed it has nothing more to do; and the lines of a session that has gone arm no other.
@@ -222,14 +245,19 @@ void Winsock1_Error(Client& client, int tab, int number, const Text& description
     russian = "связь прервана в связи с превышением времени ожидания либо другой ошибкой"_w;
   StatusOut(client, InLanguage(client, {russian, reason}), StatusMode::kFailed, tab);
   if (number == kSocketTimedOut)
-    ConnectToChat(client, tab);
+    ReconnectToChat(client, tab);
   else if (session.EverConnected)
     session.Timer1->Enabled(true);
 }
 
 void Timer1_Timer(Client& client, int tab) {
   client.tab(tab).Timer1->Enabled(false);
-  ConnectToChat(client, tab);
+  ReconnectNow(client, tab);
+}
+
+void Reconnects_Wait(Client& client, int tab) {
+  client.tab(tab).Reconnects.Wait->Enabled(false);
+  if (!EndsByWish(client, tab)) ReconnectNow(client, tab);
 }
 
 }  // namespace parlorwire

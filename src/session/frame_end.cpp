@@ -36,6 +36,15 @@ void EndChannelList(Client& client, int tab) {
 
 }  // namespace
 
+bool EndsByWish(Client& client, int tab) {
+  const TabSession& session = client.tab(tab);
+  if (session.LogoffPending || session.LeavePending || session.TabClosing) return true;
+  if (!NickLoggedOff(client, tab)) return false;
+  StatusOut(client, "Вы вышли из чата"_w, tab);
+  StopPersonalNotice(client, tab);
+  return true;
+}
+
 void EndFrame(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   Desktop& desktop = client.platform.desktop;
@@ -67,17 +76,12 @@ void EndFrame(Client& client, int tab) {
     ConnectToChat(client, tab);
     return;
   }
-  if (session.LogoffPending || session.LeavePending || session.TabClosing) return;
-  if (NickLoggedOff(client, tab)) {
-    StatusOut(client, "Вы вышли из чата"_w, tab);
-    StopPersonalNotice(client, tab);
-    return;
-  }
+  if (EndsByWish(client, tab)) return;
   if (session.FixingFlagR) {
     StatusOk(client, tab);
     session.FixingFlagR = false;
   }
-  ConnectToChat(client, tab);
+  ReconnectToChat(client, tab);
 }
 
 void Timer3_Timer(Client& client, int tab) {
@@ -89,7 +93,7 @@ void Timer3_Timer(Client& client, int tab) {
       client,
       InLanguage(client, {W<"Чат не отвечает, реконнект">, "Chat did not responding, reconnect"}),
       tab);
-  ConnectToChat(client, tab);
+  ReconnectToChat(client, tab);
 }
 
 void Timer6_Timer(Client& client, int tab) {

@@ -9,6 +9,10 @@ struct Client;
 // the client did or saw before.
 void EndFrame(Client& client, int tab);
 
+// Whether the user's wish keeps a tab without a frame from being connected again: he leaves, logs
+// off or closes the tab, or has logged the nick off in another one, which is told.
+bool EndsByWish(Client& client, int tab);
+
 // The tick of Timer3, which runs only in silence: after two of them the tab connects again.
 void Timer3_Timer(Client& client, int tab);
 

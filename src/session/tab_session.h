@@ -4,12 +4,14 @@
 
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <vector>
 
 #include "pane/rich_text_box.h"
 #include "platform/timer.h"
 #include "platform/winsock.h"
+#include "session/backoff.h"
 #include "session/user_records.h"
 #include "text/text.h"
 
@@ -39,11 +41,13 @@ struct ConnectionState {
 
   Text LoginAnswer;      // raw bytes of the login answer
   Text LineCarry;        // decoded tail of the frame without a line end yet
+  bool LineCut = false;  // the rest of that line is dropped, up to its end
   Text ChannelListPage;  // decoded frame text; emptied at each pass that reads lines
   std::uint8_t WatchdogTicks = 0;
 
-  Text JoinLines;                      // nicks that joined since the last user frame, CR LF between
-  std::vector<Text> BotQueue{Text()};  // element 0 stays empty
+  Text JoinLines;             // nicks that joined since the last user frame, CR LF between
+  std::deque<Text> BotQueue;  // the commands that are not said yet; the first is under way
+  bool BotQueueFull = false;  // error.log has been told that there was no room for one
 };
 
 struct TabSession : ConnectionState {
@@ -74,6 +78,17 @@ struct TabSession : ConnectionState {
   std::array<Text, 3> HistoryLines;  // 0 newest
   std::uint8_t HistoryPos = 0;       // the entry that Up shows next
   Text HistoryState = "none";        // "none", "up", "down" or "upoverflow"
+
+  // ---- connects of the client's own accord ----
+  Backoff Reconnects;   // of the session
+  Backoff Fetches;      // of the user frame, because of a line of the frame
+  Backoff FlagRepairs;  // of the user frame, because the own record lacks the flag -t
+  Backoff BotRepairs;   // of Winsock4, for a command that repairs style or flags
+
+  // ---- mentions that are told in another tab ----
+  int MentionsThisSecond = 0;
+  int MentionsHeld = 0;               // those among them that were not told
+  PanePosition FirstMentionHeld = 0;  // where the first of these begins in Rich
 
   // ---- bot ----
   // The highlights of nicks that have just joined, by slot; slot 0 is never used. The lists of all
@@ -110,13 +125,18 @@ struct TabSession : ConnectionState {
   }
 
   // ---- timers ----
-  std::unique_ptr<Timer> Timer1;   // connects again
-  std::unique_ptr<Timer> Timer2;   // pers blinks
-  std::unique_ptr<Timer> Timer3;   // ReconnectDelayValue: the watchdog
-  std::unique_ptr<Timer> Timer6;   // ActionDelayValue: sets ActionsArmed
-  std::unique_ptr<Timer> Timer26;  // ActionDelayValue: sets LinesArmed
-  std::array<std::unique_ptr<Timer>*, 5> Timers() {
-    return {&Timer1, &Timer2, &Timer3, &Timer6, &Timer26};
+  std::unique_ptr<Timer> Timer1;         // connects again
+  std::unique_ptr<Timer> Timer2;         // pers blinks
+  std::unique_ptr<Timer> Timer3;         // ReconnectDelayValue: the watchdog
+  std::unique_ptr<Timer> Timer6;         // ActionDelayValue: sets ActionsArmed
+  std::unique_ptr<Timer> Timer26;        // ActionDelayValue: sets LinesArmed
+  std::unique_ptr<Timer> MentionSecond;  // 1000 ms from the first mention: tells of those held
+  std::array<std::unique_ptr<Timer>, 5> AnswerTimers;  // kAnswerDeadline, in the order of Sockets
+  std::array<std::unique_ptr<Timer>*, 15> Timers() {
+    return {&Timer1,          &Timer2,          &Timer3,          &Timer6,
+            &Timer26,         &Reconnects.Wait, &Fetches.Wait,    &FlagRepairs.Wait,
+            &BotRepairs.Wait, &MentionSecond,   &AnswerTimers[0], &AnswerTimers[1],
+            &AnswerTimers[2], &AnswerTimers[3], &AnswerTimers[4]};
   }
   // Timer7 (tab 0) to Timer16 (tab 9): an element for each slot of a highlight, made when it is
   // first needed.

@@ -6,8 +6,10 @@
 #include "bot/join_report.h"
 #include "bot/reactions.h"
 #include "display/chat_log.h"
+#include "display/mention_notice.h"
 #include "display/parse_chat_line.h"
 #include "personal/pers_frm.h"
+#include "session/answer_deadline.h"
 #include "session/client.h"
 #include "session/connect.h"
 #include "session/event_entry.h"
@@ -27,7 +29,7 @@ void FillHooks(Client& client) {
   hooks.LogChatLine = [&client](const Text& piece, const Text& channel) {
     LogChatLine(client, piece, channel);
   };
-  hooks.UpdateUsersFrame = [&client](int tab) { UpdateUsersFrame(client, tab); };
+  hooks.UpdateUsersFrame = [&client](int tab) { FetchUsersInTime(client, tab); };
   hooks.ShowNickMenu = [&client](int tab, const Text& nick) { ShowNickMenu(client, tab, nick); };
   hooks.SayBot = [&client](const Text& text, int tab) { SayBot(client, text, tab); };
   hooks.ClientAction = [&client](const Text& line, int tab) { ClientAction(client, line, tab); };
@@ -80,6 +82,18 @@ void WireEvents(Client& client, int tab) {
   session.Timer3->Tick = event("Timer3_Timer", Timer3_Timer);
   session.Timer6->Tick = event("Timer6_Timer", Timer6_Timer);
   session.Timer26->Tick = event("Timer26_Timer", Timer26_Timer);
+  session.Reconnects.Wait->Tick = event("Reconnects_Wait", Reconnects_Wait);
+  session.Fetches.Wait->Tick = event("Fetches_Wait", Fetches_Wait);
+  session.FlagRepairs.Wait->Tick = event("FlagRepairs_Wait", FlagRepairs_Wait);
+  session.BotRepairs.Wait->Tick = event("BotRepairs_Wait", BotRepairs_Wait);
+  session.MentionSecond->Tick = event("MentionSecond_Timer", MentionSecond_Timer);
+
+  // All answers are finite but the frame of a channel, which the watchdog watches.
+  const auto sockets = session.Sockets();
+  for (std::size_t i = 0; i < sockets.size(); ++i)
+    WatchAnswers(**sockets[i], *session.AnswerTimers[i], [&session, is_first = i == 0] {
+      return !is_first || !session.Authorized || session.IsChannelList;
+    });
 }
 
 }  // namespace

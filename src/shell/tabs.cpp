@@ -29,6 +29,9 @@ void CloseWaiting(Desktop& desktop, Winsock& socket) {
 void Silence(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   session.Timer1->Enabled(false);
+  for (Backoff* backoff :
+       {&session.Reconnects, &session.Fetches, &session.FlagRepairs, &session.BotRepairs})
+    backoff->Wait->Enabled(false);
   StopPersonalNotice(client, tab);
   for (auto* socket : session.Sockets())
     (*socket)->Close();

@@ -45,7 +45,24 @@ void CutScript(Client& client, Text& page, int tab) {
   NoticePersonalMessage(client, tab);
 }
 
-void SeeOwnRecord(Client& client, const UserRecord& user, int tab) {
+void StartFetch(Client& client, int tab) {
+  TabSession& session = client.tab(tab);
+  session.Fetches.Wait->Enabled(false);
+  session.FlagRepairs.Wait->Enabled(false);
+  client.platform.desktop.SetUsersNumCaption(tab, "");
+  const SocketState state = session.Winsock3->State();
+  if (state == SocketState::kClosing || state == SocketState::kClosed)
+    AppendNote(client, {W<" Обновление фрейма...">, " Updating..."}, tab);
+  ConnectAfresh(client, *session.Winsock3);
+}
+
+// The own record lacks the flag -t: it is asked for, and then looked at anew.
+void RepairFlag(Client& client, int tab) {
+  client.hooks.SayBot("/mo -t", tab);
+  if (ConnectsNow(client.tab(tab).FlagRepairs, client.platform.clock)) StartFetch(client, tab);
+}
+
+void SeeOwnRecord(Client& client, const UserRecord& user, bool& repaired, int tab) {
   TabSession& session = client.tab(tab);
   if (!EqualsNoCase(user.nick, session.Login)) return;
   if (HasOperatorFlag(user.flags)) {
@@ -53,10 +70,9 @@ void SeeOwnRecord(Client& client, const UserRecord& user, int tab) {
     session.IsOperator = true;
     if (desktop.ActiveTab() == tab) desktop.SetSayUseOp(desktop.SayUseOpChecked(), true);
   }
-  if (!Contains(user.flags, "-t")) {
-    client.hooks.SayBot("/mo -t", tab);
-    UpdateUsersFrame(client, tab);
-  }
+  if (repaired || Contains(user.flags, "-t")) return;
+  repaired = true;
+  RepairFlag(client, tab);
 }
 
 void ReadUsers(Client& client, std::string_view page, UserFrameForm form, int tab) {
@@ -64,11 +80,12 @@ void ReadUsers(Client& client, std::string_view page, UserFrameForm form, int ta
   session.UsersText.Clear();
   int users = 0;
   int operators = 0;
+  bool repaired = false;  // once for a frame, however often it names the user
   for (const std::string_view piece : Split(page, "\n")) {
     const std::string_view line = TrimView(piece);
     if (line == "<tr>" || line.empty()) continue;
     const UserRecord user = CutUserLine(DecodeEntitiesNoCase(line), form);
-    SeeOwnRecord(client, user, tab);
+    SeeOwnRecord(client, user, repaired, tab);
     UsersOut(client, user, tab);
     session.UsersText.Append(user.nick, user.IP, user.flags, user.status);
     ++users;
@@ -112,12 +129,23 @@ void ActOnNewList(Client& client, int tab) {
 }  // namespace
 
 void UpdateUsersFrame(Client& client, int tab) {
-  TabSession& session = client.tab(tab);
-  client.platform.desktop.SetUsersNumCaption(tab, "");
-  const SocketState state = session.Winsock3->State();
-  if (state == SocketState::kClosing || state == SocketState::kClosed)
-    AppendNote(client, {W<" Обновление фрейма...">, " Updating..."}, tab);
-  ConnectAfresh(client, *session.Winsock3);
+  StartAfresh(client.tab(tab).Fetches);
+  StartAfresh(client.tab(tab).FlagRepairs);
+  StartFetch(client, tab);
+}
+
+void FetchUsersInTime(Client& client, int tab) {
+  if (ConnectsNow(client.tab(tab).Fetches, client.platform.clock)) StartFetch(client, tab);
+}
+
+void Fetches_Wait(Client& client, int tab) {
+  NoteConnect(client.tab(tab).Fetches, client.platform.clock);
+  StartFetch(client, tab);
+}
+
+void FlagRepairs_Wait(Client& client, int tab) {
+  NoteConnect(client.tab(tab).FlagRepairs, client.platform.clock);
+  StartFetch(client, tab);
 }
 
 void Winsock3_Connect(Client& client, int tab) {
@@ -143,7 +171,7 @@ void Winsock3_Close(Client& client, int tab) {
   } catch (const Fault& fault) {
     LogFault(client, fault,
              listed ? ". Function: SayBotFunction."
-                    : ". Function: Winsock3_Close. Debug info:\r\n!" + answer + "!");
+                    : ". Function: Winsock3_Close. Debug info:\r\n!" + DumpText(answer) + "!");
     AppendNote(client, {W<" Ошибка при обновлениии фрейма">, " Error updating"}, tab);
   }
 }

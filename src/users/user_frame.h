@@ -8,8 +8,17 @@ namespace parlorwire {
 
 struct Client;
 
-// Starts a fetch, giving up one that runs. The pane gets a note, unless a connection is under way.
+// Starts a fetch for the user, giving up one that runs. The pane gets a note, unless a connection
+// is under way.
 void UpdateUsersFrame(Client& client, int tab);
+
+// The same of the client's own accord, because a session has begun or a line of the frame wants it:
+// at once, or when the tab's `Fetches` allow it.
+void FetchUsersInTime(Client& client, int tab);
+
+// The ticks of `Fetches` and `FlagRepairs`.
+void Fetches_Wait(Client& client, int tab);
+void FlagRepairs_Wait(Client& client, int tab);
 
 // The events of Winsock3. There is none for an error: a fetch that fails leaves its note standing.
 void Winsock3_Connect(Client& client, int tab);

@@ -9,7 +9,7 @@
 namespace parlorwire {
 namespace {
 
-using Queue = std::vector<Text>;
+using Queue = std::deque<Text>;
 
 struct BotQueueTest : testing::Test {
   BotQueueTest() {
@@ -55,7 +55,7 @@ TEST_F(BotQueueTest, TheCommandIsEscapedOnceAndGoesOutTwiceEqual) {
   SayBot(client, "/mo +R 5%"_w, 0);
   socket().Accept();
   EXPECT_EQ(Said(), "&msgtext=/mo %2BR 5%25&msgtext0=/mo %2BR 5%25");
-  EXPECT_EQ(session.BotQueue, (Queue{"", "/mo +R 5%"}));
+  EXPECT_EQ(session.BotQueue, (Queue{"/mo +R 5%"}));
 }
 
 TEST_F(BotQueueTest, TheSessionsOwnFieldsGrowWithEachPost) {
@@ -77,16 +77,16 @@ TEST_F(BotQueueTest, TwoCommandsInARowGoOutOneAfterTheOther) {
   SayBot(client, "one", 0);
   SayBot(client, "two", 0);
   EXPECT_EQ(socket().connects, 1);
-  EXPECT_EQ(session.BotQueue, (Queue{"", "one", "two"}));
+  EXPECT_EQ(session.BotQueue, (Queue{"one", "two"}));
   socket().Accept();
   EXPECT_EQ(Said(), "&msgtext=one&msgtext0=one");
   socket().PeerCloses();
-  EXPECT_EQ(session.BotQueue, (Queue{"", "", "two"}));
+  EXPECT_EQ(session.BotQueue, (Queue{"two"}));
   EXPECT_EQ(socket().connects, 2);
   socket().Accept();
   EXPECT_EQ(Said(), "&msgtext=two&msgtext0=two");
   socket().PeerCloses();
-  EXPECT_EQ(session.BotQueue, Queue{""});
+  EXPECT_EQ(session.BotQueue, Queue{});
   EXPECT_EQ(socket().connects, 2);
 }
 
@@ -108,11 +108,14 @@ TEST_F(BotQueueTest, NothingIsKeptOfTheAnswers) {
   EXPECT_EQ(socket().GetData().size(), 0U);
 }
 
-TEST_F(BotQueueTest, AnEmptyElementIsSkipped) {
-  session.BotQueue = {"", "", "", "three"};
-  SayBot(client, "four", 0);
+TEST_F(BotQueueTest, AnEmptyCommandIsPassedOverWhileOthersWait) {
+  SayBot(client, "", 0);
+  SayBot(client, "one", 0);
+  SayBot(client, "", 0);
   socket().Accept();
-  EXPECT_EQ(Said(), "&msgtext=three&msgtext0=three");
+  EXPECT_EQ(Said(), "&msgtext=one&msgtext0=one");
+  socket().PeerCloses();
+  EXPECT_EQ(socket().connects, 1);
 }
 
 TEST_F(BotQueueTest, AnEmptyCommandIsSentAsOneAndForgotten) {
@@ -120,7 +123,7 @@ TEST_F(BotQueueTest, AnEmptyCommandIsSentAsOneAndForgotten) {
   socket().Accept();
   EXPECT_EQ(Said(), "&msgtext=&msgtext0=");
   socket().PeerCloses();
-  EXPECT_EQ(session.BotQueue, Queue{""});
+  EXPECT_EQ(session.BotQueue, Queue{});
   EXPECT_EQ(socket().connects, 1);
 }
 
@@ -134,7 +137,7 @@ TEST_F(BotQueueTest, BehindTheStyleFixTheSessionIsStartedAnew) {
   EXPECT_TRUE(session.Rich.Text().starts_with("status... Ok.\r\n")) << ToUtf8(session.Rich.Text());
   EXPECT_TRUE(session.Connecting);
   EXPECT_EQ(Simulated(session.Winsock1).connects, 1);
-  EXPECT_EQ(session.BotQueue, Queue{""});
+  EXPECT_EQ(session.BotQueue, Queue{});
   EXPECT_EQ(socket().State(), SocketState::kClosed);
   EXPECT_EQ(socket().connects, 1);
 }
@@ -144,7 +147,7 @@ TEST_F(BotQueueTest, TheStyleFixDropsWhatWaitsBehindIt) {
   SayBot(client, "two", 0);
   socket().Accept();
   socket().PeerCloses();
-  EXPECT_EQ(session.BotQueue, Queue{""});
+  EXPECT_EQ(session.BotQueue, Queue{});
   EXPECT_EQ(socket().connects, 1);
 }
 
@@ -154,7 +157,7 @@ TEST_F(BotQueueTest, ACommandAheadOfTheStyleFixGoesFirst) {
   socket().Accept();
   socket().PeerCloses();
   EXPECT_FALSE(session.Connecting);
-  EXPECT_EQ(session.BotQueue, (Queue{"", "", "/set s 9"}));
+  EXPECT_EQ(session.BotQueue, (Queue{"/set s 9"}));
   socket().Accept();
   socket().PeerCloses();
   EXPECT_TRUE(session.Connecting);
@@ -173,7 +176,7 @@ TEST_F(BotQueueTest, ATimeOutTriesAgain) {
   SayBot(client, "one", 0);
   socket().Fail(10060);
   EXPECT_EQ(socket().connects, 2);
-  EXPECT_EQ(session.BotQueue, (Queue{"", "one"}));
+  EXPECT_EQ(session.BotQueue, (Queue{"one"}));
   socket().Accept();
   EXPECT_EQ(Said(), "&msgtext=one&msgtext0=one");
 }
@@ -184,7 +187,7 @@ TEST_F(BotQueueTest, AnyOtherErrorDropsTheQueueWithoutAWord) {
     SayBot(client, "two", 0);
     const int connects = socket().connects;
     socket().Fail(number);
-    EXPECT_EQ(session.BotQueue, Queue{""});
+    EXPECT_EQ(session.BotQueue, Queue{});
     EXPECT_EQ(socket().connects, connects);
   }
   EXPECT_EQ(session.Rich.Length(), 0);
@@ -203,8 +206,8 @@ TEST_F(BotQueueTest, ACommandSaidAfterAnErrorConnectsAgain) {
 TEST_F(BotQueueTest, TabsHaveQueuesOfTheirOwn) {
   SayBot(client, "one", 0);
   SayBot(client, "two", 1);
-  EXPECT_EQ(session.BotQueue, (Queue{"", "one"}));
-  EXPECT_EQ(client.tab(1).BotQueue, (Queue{"", "two"}));
+  EXPECT_EQ(session.BotQueue, (Queue{"one"}));
+  EXPECT_EQ(client.tab(1).BotQueue, (Queue{"two"}));
   EXPECT_EQ(Simulated(client.tab(1).Winsock4).connects, 1);
 }
 

@@ -49,6 +49,7 @@ INSTANTIATE_TEST_SUITE_P(All, EveryStyle, testing::Values(0, 1, 2, 4, 9));
 TEST(ConversationTest, AStyleThatIsChangedWhileReadingIsRepaired) {
   Evening evening;
   Guest& alice = evening.Come("alice", "hall");
+  evening.Pass(kSoonAfter);
   evening.Say(alice, "/set s 4");
   EXPECT_TRUE(alice.tab().Connected);
   evening.Say(alice, "hello");
@@ -72,6 +73,7 @@ TEST(ConversationTest, FlagRIsTakenBackWhileReading) {
   Evening evening;
   Guest& alice = evening.Come("alice", "hall");
   Guest& bob = evening.Come("bob", "hall");
+  evening.Pass(kSoonAfter);
   evening.Say(alice, "/mo +R bob");
   evening.Say(alice, "hello");
   EXPECT_TRUE(Has(bob.Pane(), "Обнаружен недопустимый флаг +R. Установка -R..."_w));
@@ -146,6 +148,8 @@ TEST(ConversationTest, AFullServiceIsTriedAgain) {
   EXPECT_TRUE(Has(alice.Pane(), "HTTP/1.0 503 Service Unavailable"));
   evening.chat.options.most_frames = 100;
   evening.Pass(5100);
+  EXPECT_TRUE(Has(alice.Pane(), "Установка стиля s9... Ok."_w));
+  evening.Pass(kFirstWait);  // the second time in a row that it connects by itself
   EXPECT_TRUE(alice.tab().Connected);
 }
 
@@ -153,6 +157,7 @@ TEST(ConversationTest, AKickedNickLandsOnTheListOfChannels) {
   Evening evening;
   Guest& alice = evening.Come("alice", "hall");
   Guest& bob = evening.Come("bob", "hall");
+  evening.Pass(kSoonAfter);
   evening.Say(alice, "/k bob enough");
   EXPECT_TRUE(Has(alice.Pane(), "bob удален с канала (alice: enough)"_w));
   EXPECT_TRUE(Has(alice.Pane(), "bob покидает нас (10.0.0.2)"_w));
@@ -167,6 +172,7 @@ TEST(ConversationTest, ABannedNewNickGetsItsStyleOnAChannelOfItsOwn) {
   evening.Say(alice, "/mo +b bob");
   Guest& bob = evening.Come("bob", "hall");
   EXPECT_TRUE(Has(bob.Pane(), "Внимание! Доступ на канал hall"_w)) << bob.Pane();
+  evening.Pass(kFirstWait);
   EXPECT_TRUE(bob.tab().Connected);
   EXPECT_NE(bob.tab().Channel, "hall");
   EXPECT_EQ(evening.chat.accounts.at("bob").style, 9);

@@ -384,7 +384,7 @@ std::string RoughEvening::WrongState(int index) {
   if (session.ActionsArmed && session.Timer6->Enabled()) return "Timer6 beyond its tick";
   if (session.LinesArmed == session.Timer26->Enabled()) return "LinesArmed and Timer26";
   if (!session.Timer2->Enabled() && session.PersRed) return "pers red without a blink";
-  if (session.BotQueue.empty() || !session.BotQueue[0].empty()) return "queue";
+  if (session.BotQueue.size() > 1000) return "queue";
   return {};
 }
 

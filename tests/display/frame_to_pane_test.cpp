@@ -40,7 +40,7 @@ const Text& Lines() {
 struct Outcome {
   std::vector<std::string> runs;
   std::map<Text, Text> files;
-  std::vector<Text> queue;
+  std::deque<Text> queue;
   Text request;
 
   bool operator==(const Outcome&) const = default;
@@ -80,7 +80,7 @@ TEST(FrameToPane, WhatTheLinesLeave) {
             "[16:46:02] alice: http://spam.example\r\r\n"
             " no clock\r\r\n"
             ">[16:46:04] bob: hi me\r\r\n");
-  EXPECT_EQ(outcome.queue, (std::vector<Text>{"", "/k alice spam detected"}));
+  EXPECT_EQ(outcome.queue, (std::deque<Text>{"/k alice spam detected"}));
   EXPECT_TRUE(outcome.request.ends_with("&msgtext0=/k alice spam detected"));
   EXPECT_TRUE(
       outcome.files.at("error.log")

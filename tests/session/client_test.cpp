@@ -13,7 +13,7 @@ TEST(Client, HasTenSlotsWithTheirDefaults) {
   for (int i = 0; i < kTabCount; ++i) {
     const TabSession& tab = client.tab(i);
     EXPECT_FALSE(tab.Connecting || tab.Authorized || tab.Connected || tab.EverConnected);
-    EXPECT_EQ(tab.BotQueue, std::vector<Text>{""});
+    EXPECT_TRUE(tab.BotQueue.empty());
     EXPECT_EQ(tab.HistoryState, "none");
     EXPECT_EQ(tab.Winsock5->State(), SocketState::kClosed);
     EXPECT_FALSE(tab.Timer26->Enabled());

@@ -407,6 +407,7 @@ TEST_F(Connect, ANegativeWatchdogPeriodIsLoggedAndTheLinesAreRead) {
   chat.EnterChannel();
   EXPECT_TRUE(chat.tab().Connected);
   EXPECT_EQ(chat.ErrorLog(),
+            "[21.11.2026 12:00:00] Error 380 Invalid property value. Function: Winsock1_Connect\r\n"
             "[21.11.2026 12:00:00] Error 380 Invalid property value. Function: "
             "Winsock1_DataArrival\r\n");
 }
@@ -421,7 +422,7 @@ TEST_F(Connect, ResetsWhatItNamesAndLeavesTheRest) {
         &tab.LogoffPending, &tab.LeavePending, &tab.TabClosing, &tab.IsOperator, &tab.ActionsArmed,
         &tab.LinesArmed, &tab.ReservedFlag})
     *flag = true;
-  tab.BotQueue = {"", "/k bob"};
+  tab.BotQueue = {"/k bob"};
   tab.WatchdogTicks = 1;
   tab.Rich.Text("old");
   tab.Rich_Users.Text("bob");
@@ -448,7 +449,7 @@ TEST_F(Connect, ResetsWhatItNamesAndLeavesTheRest) {
   EXPECT_TRUE(tab.EverConnected);
   EXPECT_TRUE(tab.EjectSeen);
   EXPECT_TRUE(tab.FixingFlagR);
-  EXPECT_EQ(tab.BotQueue, std::vector<Text>{""});
+  EXPECT_TRUE(tab.BotQueue.empty());
   EXPECT_EQ(tab.WatchdogTicks, 0);
   EXPECT_EQ(chat.Pane(), "old[12:00:00] Подключение к чату...\r\n"_w);
   EXPECT_EQ(tab.Rich_Users.Text() + tab.Rich_Server.Text() + shown().users_num, "");

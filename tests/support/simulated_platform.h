@@ -30,7 +30,7 @@ class SimulatedTime : public Clock {
   // Sets the calendar to another moment without a tick.
   void SetNow(const LocalTime& time);
 
-  std::int64_t milliseconds() const { return now_; }
+  std::int64_t Milliseconds() const override { return now_; }
   std::uint64_t ticks() const { return ticks_; }
 
   std::unique_ptr<Timer> NewTimer();

@@ -16,4 +16,9 @@ LocalTime QtClock::Now() const {
   return now_;
 }
 
+std::int64_t QtClock::Milliseconds() const {
+  using std::chrono::steady_clock, std::chrono::milliseconds;
+  return std::chrono::floor<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
 }  // namespace parlorwire

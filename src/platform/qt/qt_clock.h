@@ -11,6 +11,7 @@ namespace parlorwire {
 class QtClock : public Clock {
  public:
   LocalTime Now() const override;
+  std::int64_t Milliseconds() const override;
 
  private:
   mutable std::chrono::sys_seconds second_ = std::chrono::sys_seconds::min();

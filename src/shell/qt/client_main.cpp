@@ -56,6 +56,7 @@
 #include "users/input_history.h"
 #include "users/posting.h"
 #include "users/recode_layout.h"
+#include "users/user_frame.h"
 
 namespace parlorwire {
 namespace {
@@ -245,7 +246,7 @@ void client_main::WireTab(int slot) {
     desktop_.FocusMsg(slot);
   });
   connect(tab.button_update, &QAbstractButton::clicked, this, [this, slot] {
-    OnEvent(client_, "button_update", [&] { client_.hooks.UpdateUsersFrame(slot); });
+    OnEvent(client_, "button_update", [&] { UpdateUsersFrame(client_, slot); });
   });
   tab.pers->SetAction(
       [this, slot] { OnEvent(client_, "pers_Click", [&] { client_.hooks.pers(slot); }); });

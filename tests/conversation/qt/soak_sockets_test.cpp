@@ -241,8 +241,7 @@ class SoakSocketsTest : public QObject {
         QVERIFY(tab.Timer3->Enabled() && !tab.Timer1->Enabled());
         QVERIFY(!tab.Connecting && !tab.IgnoreStream);
         // A command whose answer stalls holds up those behind it until the tab connects again.
-        if (tab.Winsock4->State() != SocketState::kConnected)
-          QCOMPARE(tab.BotQueue, std::vector<Text>{Text()});
+        if (tab.Winsock4->State() != SocketState::kConnected) QVERIFY(tab.BotQueue.empty());
       }
     }
   }
