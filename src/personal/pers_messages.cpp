@@ -12,6 +12,7 @@
 #include "session/client.h"
 #include "session/error_log.h"
 #include "session/http_answer.h"
+#include "session/line_carry.h"
 #include "session/writer_selection.h"
 #include "text/cut.h"
 #include "text/entities.h"
@@ -96,8 +97,9 @@ void ShowLines(Client& client, PersonalWindow& window, std::string_view lines, i
 
 void ReadChunk(Client& client, PersonalWindow& window, Text data, int& number) {
   Text& carry = window.PersLineCarry;
+  DropRestOfCutLine(data, window.PersLineCut);
   if (!Contains(data, "\n") && !Contains(carry, "\n")) {
-    carry += data;
+    CarryOn(client, carry, window.PersLineCut, data);
     return;
   }
   data.insert(0, carry);
@@ -107,7 +109,7 @@ void ReadChunk(Client& client, PersonalWindow& window, Text data, int& number) {
     return;
   }
   const std::size_t rest = data.rfind('\n') + 1;
-  carry = data.substr(rest);
+  CarryOn(client, carry, window.PersLineCut, std::string_view(data).substr(rest));
   ShowLines(client, window, std::string_view(data).substr(0, rest), number);
 }
 

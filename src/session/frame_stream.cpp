@@ -6,6 +6,7 @@
 #include "session/fault_trap.h"
 #include "session/frame_style.h"
 #include "session/http_answer.h"
+#include "session/line_carry.h"
 #include "session/personal_notice.h"
 #include "session/status.h"
 #include "text/cut.h"
@@ -55,7 +56,7 @@ void ReadLines(Client& client, std::string_view data, int tab) {
   const std::uint32_t session_number = session.SessionNumber;
   session.ChannelListPage.clear();
   const std::size_t rest = data.rfind('\n') + 1;
-  session.LineCarry = data.substr(rest);
+  CarryOn(client, session.LineCarry, session.LineCut, data.substr(rest));
   for (std::string_view left = data.substr(0, rest); !left.empty();) {
     const std::size_t line_end = left.find('\n');
     AfterPiece after = AfterPiece::kReadOn;
@@ -76,8 +77,9 @@ void CacheMessages(Client& client, const Text& chunk, int tab) {
     session.EjectSeen = true;
     return;
   }
+  DropRestOfCutLine(data, session.LineCut);
   if (!Contains(data, "\n") || data == "\n") {
-    session.LineCarry += data;
+    CarryOn(client, session.LineCarry, session.LineCut, data);
     return;
   }
   if (!session.LineCarry.empty()) {
