@@ -16,7 +16,8 @@ struct Client;
 // - A piece that ends in a line feed goes over the last byte of the file, that is, over that blank.
 //   In an empty file there is no such byte, and the piece is lost.
 // - A channel that is blank has no log.
-// Never fails: what can't be written is lost. The file is Windows-1251.
+// Never fails: what can't be written is lost, and error.log is told of it once for a channel and
+// day. The file is Windows-1251.
 void LogChatLine(Client& client, std::string_view piece, const Text& channel);
 
 }  // namespace parlorwire

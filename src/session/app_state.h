@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "pane/units.h"
@@ -197,6 +198,10 @@ struct AppState {
   PanePosition HoverNickEnd = 0;
   int HoverNickTab = 0;
   ListHover UsersHover;
+
+  // The channels whose log of a day could not be written, as error.log has been told.
+  Text UnwritableDay;  // the day, as in the name of the log
+  std::set<Text> UnwritableLogs;
 
   // Smiles, out of the library "smiles.dll": each line of the table stands behind a CR LF and holds
   // the names of one picture, with blanks between. Split at CR LF, element j (1-based) is that of

@@ -98,16 +98,22 @@ TEST_F(ChatLogTest, AChannelThatIsBlankLogsNothing) {
   EXPECT_TRUE(platform.files.folders.empty());
 }
 
-TEST_F(ChatLogTest, ARefusedChannelNameWritesNothingAndSaysNothing) {
+TEST_F(ChatLogTest, ARefusedChannelNameWritesNothing) {
   for (const char* channel : {"a/b", "a\\b", "..", "..\\..\\x", "a:b", "a*", "a?", "a\"b", "<a",
-                              "a>", "a|b", "con.", "tail ", "bell\a"})
+                              "a>", "a|b", "con.", "tail ", "bell\a"}) {
     LogChatLine(client, "x ", channel);
+    EXPECT_TRUE(platform.files.files["error.log"].ends_with(
+        Text("Error 52 Bad file name or number. Function: LogChatLine. Channel: ") + channel +
+        "\r\n"));
+  }
+  platform.files.files.erase("error.log");
   EXPECT_TRUE(platform.files.files.empty());
 }
 
 TEST_F(ChatLogTest, AChannelNameNeverNamesAFolderWithinAnothersFolder) {
   LogChatLine(client, "x ", "a");
   LogChatLine(client, "x ", "a\\b");
+  platform.files.files.erase("error.log");
   EXPECT_EQ(platform.files.files.size(), 1U);
 }
 
@@ -121,12 +127,16 @@ TEST_F(ChatLogTest, AFullDiskLosesThePiece) {
   EXPECT_EQ(Logged(), "a d ");
 }
 
-TEST_F(ChatLogTest, ALogThatMayNotBeWrittenLosesThePieceAndSaysNothing) {
+TEST_F(ChatLogTest, ALogThatMayNotBeWrittenLosesThePieceAndIsToldOfOnce) {
   Log("a ");
   platform.files.unwritable.insert(kFile);
   Log("b ");
   Log("c\r\n");
-  EXPECT_EQ(platform.files.files, (std::map<Text, Text>{{kFile, "a "}}));
+  EXPECT_EQ(platform.files.files,
+            (std::map<Text, Text>{{kFile, "a "},
+                                  {"error.log",
+                                   "[21.11.2026 12:00:00] Error 70 Permission denied. Function: "
+                                   "LogChatLine. Channel: talk\r\n"}}));
   EXPECT_EQ(client.tab(0).Rich.Length(), 0);
 }
 
