@@ -4,6 +4,7 @@
 #include "session/client.h"
 #include "session/fault_trap.h"
 #include "session/ini.h"
+#include "text/cut.h"
 #include "text/fault.h"
 
 namespace parlorwire {
@@ -54,9 +55,11 @@ void LoadNickColours(Client& client) {
 void SaveNickColours(Client& client) {
   if (client.app.CmIniUnknown) return;
   Files& files = client.platform.files;
+  const Text text = client.app.CmIniText.text();
+  if (Len(text) > kLargestConfigFile) return;  // it could not be loaded again
   PassOverFault([&] {
     if (files.Exists(kCmIni)) RefuseHuge(files);
-    files.WriteAt(kCmIni, 1, client.app.CmIniText.text());
+    files.WriteAt(kCmIni, 1, text);
   });
 }
 

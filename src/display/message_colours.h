@@ -11,8 +11,9 @@ namespace parlorwire {
 struct Client;
 
 // The colour of a nick; a ":" at its end doesn't count. A nick without one is given a random
-// colour, whose green part is at least 100. The nick's entry moves to the front of `CmIniText`. A
-// fault inside lets waiting events run and gives 0.
+// colour, whose green part is at least 100; one above kLongestColouredNick at each look-up. The
+// nick's entry moves to the front of `CmIniText`. A fault inside lets waiting events run and gives
+// 0.
 PaneColour LookupMessageColor(Client& client, std::string_view nick);
 
 // `CmIniText` from "CM.ini"; empty if there is no such file, if it can't be read, or if it is
@@ -21,7 +22,7 @@ void LoadNickColours(Client& client);
 
 // Writes `CmIniText` to "CM.ini" from its first byte on. What an older and longer text left behind
 // the new one stays. A file that could not be loaded, or that has grown beyond 16 MiB, is not
-// written. Failures are ignored.
+// written, nor is a text that large. Failures are ignored.
 void SaveNickColours(Client& client);
 
 // The colour that the dialog of change_message_color opens with: that of the user's own messages

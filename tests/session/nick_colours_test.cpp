@@ -6,6 +6,7 @@
 #include <string>
 
 #include "support/fault_of.h"
+#include "text/cut.h"
 #include "text/number.h"
 
 namespace parlorwire {
