@@ -45,6 +45,11 @@ bool EndsByWish(Client& client, int tab) {
   return true;
 }
 
+void StopWaitingConnects(TabSession& session) {
+  for (Backoff* backoff : {&session.Fetches, &session.FlagRepairs, &session.BotRepairs})
+    backoff->Wait->Enabled(false);
+}
+
 void EndFrame(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   Desktop& desktop = client.platform.desktop;
@@ -58,6 +63,7 @@ void EndFrame(Client& client, int tab) {
   session.Rich_Users.Text("");
   session.Rich_Server.Text("");
   session.CloseHandled = true;
+  StopWaitingConnects(session);
   ShowTabCaption(client, tab, InLanguage(client, {W<"Отключено">, "Disconnected"}));
   session.Timer3->Enabled(false);
   session.WatchdogTicks = 0;

@@ -1,6 +1,13 @@
 #include "session/user_records.h"
 
+#include <cstddef>
+
 namespace parlorwire {
+namespace {
+
+constexpr std::size_t kMostPlaces = 10000;  // that are remembered
+
+}  // namespace
 
 void UserRecords::Clear() {
   text_.clear();
@@ -18,6 +25,7 @@ void UserRecords::Append(std::string_view nick, std::string_view ip, std::string
 }
 
 Position UserRecords::Find(std::string_view what) const {
+  if (found_.size() >= kMostPlaces) found_.clear();
   const auto [entry, is_new] = found_.try_emplace(LCase(what));
   if (is_new) entry->second = InStr(lower_, entry->first);
   return entry->second;

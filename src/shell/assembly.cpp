@@ -88,11 +88,12 @@ void WireEvents(Client& client, int tab) {
   session.BotRepairs.Wait->Tick = event("BotRepairs_Wait", BotRepairs_Wait);
   session.MentionSecond->Tick = event("MentionSecond_Timer", MentionSecond_Timer);
 
-  // All answers are finite but the frame of a channel, which the watchdog watches.
+  // All answers are finite but the frame of a channel, which the watchdog watches. A channel that
+  // is being left counts as one, too, though its tab shows the list of channels.
   const auto sockets = session.Sockets();
   for (std::size_t i = 0; i < sockets.size(); ++i)
     WatchAnswers(**sockets[i], *session.AnswerTimers[i], [&session, is_first = i == 0] {
-      return !is_first || !session.Authorized || session.IsChannelList;
+      return !is_first || !session.Authorized || (session.IsChannelList && !session.Connected);
     });
 }
 

@@ -6,6 +6,7 @@
 #include "session/client.h"
 #include "session/connect.h"
 #include "session/fault_trap.h"
+#include "session/frame_end.h"
 #include "session/personal_notice.h"
 #include "session/status.h"
 #include "shell/start_up.h"
@@ -29,9 +30,8 @@ void CloseWaiting(Desktop& desktop, Winsock& socket) {
 void Silence(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   session.Timer1->Enabled(false);
-  for (Backoff* backoff :
-       {&session.Reconnects, &session.Fetches, &session.FlagRepairs, &session.BotRepairs})
-    backoff->Wait->Enabled(false);
+  session.Reconnects.Wait->Enabled(false);
+  StopWaitingConnects(session);
   StopPersonalNotice(client, tab);
   for (auto* socket : session.Sockets())
     (*socket)->Close();

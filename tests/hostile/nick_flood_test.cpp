@@ -5,6 +5,7 @@
 
 #include "display/message_colours.h"
 #include "session/ini.h"
+#include "support/allocated_bytes.h"
 #include "support/chat.h"
 #include "text/cut.h"
 
@@ -56,6 +57,16 @@ TEST_F(NickFlood, TheTableKeepsTheTwentyThousandSeenLast) {
   EXPECT_TRUE(colours.Peek("user49999"));
   EXPECT_TRUE(colours.Peek("user30001"));
   EXPECT_FALSE(colours.Peek("user29999"));
+}
+
+TEST_F(NickFlood, NicksThatAreNotListedAreNotRememberedForEver) {
+  UserRecords& users = chat.tab().UsersText;
+  users.Append("bob", "", "[+o]", "");
+  const std::size_t before = AllocatedBytes();
+  for (int i = 0; i < 200'000; ++i)
+    EXPECT_EQ(users.Find(Long(i, 60)), 0);
+  EXPECT_LT(AllocatedBytes() - before, std::size_t{4} * 1024 * 1024);
+  EXPECT_EQ(users.Find("bob"), 3);
 }
 
 TEST_F(NickFlood, ANickAboveSixtyFourCharactersHasAColourAndNoEntry) {

@@ -355,6 +355,17 @@ TEST_F(FetchStorm, ANewSessionFetchesItsListAtOnce) {
   EXPECT_FALSE(chat.tab().Fetches.Wait->Enabled());
 }
 
+TEST_F(FetchStorm, WhatWaitsIsNotFetchedFromAChannelThatIsLeft) {
+  AnswerList(kNoFlag);
+  AnswerList(kNoFlag);
+  EXPECT_TRUE(chat.tab().FlagRepairs.Wait->Enabled());
+  LeaveChannel(chat.client, 0);
+  chat.Winsock1().PeerCloses();
+  const int connects = chat.Winsock3().connects;
+  chat.platform.time.Advance(120'000);
+  EXPECT_EQ(chat.Winsock3().connects, connects);
+}
+
 // ---- what the client says ----
 
 TEST_F(FetchStorm, ARepairInTheFrameIsSaidWithGrowingPauses) {

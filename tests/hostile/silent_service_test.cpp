@@ -107,6 +107,19 @@ TEST_F(SilentService, APageOfChannelsThatIsNotEndedTimesOut) {
   EXPECT_EQ(chat.Winsock1().connects, connects + 1);
 }
 
+TEST_F(SilentService, AFrameThatStaysBehindALeaveDoesNotBringTheUserBackToTheChannel) {
+  chat.EnterChannel();
+  LeaveChannel(chat.client, 0);
+  chat.Winsock5().Accept();
+  chat.Winsock5().Deliver("\nid=1\n");
+  chat.Winsock5().PeerCloses();
+  EXPECT_TRUE(chat.tab().IsChannelList);
+  chat.Deliver("<!-- -->\n");
+  const int connects = chat.Winsock1().connects;
+  Wait(119'000);
+  EXPECT_EQ(chat.Winsock1().connects, connects);
+}
+
 // ---- the other sockets ----
 
 TEST_F(SilentService, APostAFetchAndALeaveThatAreNotAnsweredAreClosed) {
