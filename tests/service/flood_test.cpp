@@ -96,8 +96,10 @@ TEST_F(FloodTest, WhoGoesWhileHeWaitsForHisTurnIsForgotten) {
   options.bytes_a_turn = 1;
   ComeAndTalk();
   const Text eve = LogIn("eve");
-  for (int i = 0; i < 60; ++i)
-    Attack(PostRequest("/chl", eve));
+  for (int i = 0; i < 200; ++i)
+    attackers.emplace_back(server->port(), 0, kAttacker);
+  for (Peer& peer : attackers)
+    peer.Send(PostRequest("/chl", eve));
   attackers.clear();
   OthersAreServed();
 }

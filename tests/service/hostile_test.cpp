@@ -55,11 +55,11 @@ TEST_F(HostileTest, AVoidTicketOpensNothingAndLeavesNothingBehind) {
   EXPECT_EQ(chat.ticket_owners.size(), 32U);
   EXPECT_EQ(FindAccount(chat, "alice", tickets[7]), nullptr);
   EXPECT_NE(FindAccount(chat, "alice", tickets[8]), nullptr);
-  LogIn(chat, "alice", "x", "8", origin, now);
-  EXPECT_EQ(FindAccount(chat, "alice", tickets[8]), nullptr);
+  LogIn(chat, "alice", "x", "20", origin, now);
+  EXPECT_EQ(FindAccount(chat, "alice", tickets[20]), nullptr);
   LogIn(chat, "alice", "x", "more", origin, now);
-  EXPECT_EQ(FindAccount(chat, "alice", tickets[9]), nullptr);
-  EXPECT_NE(FindAccount(chat, "alice", tickets[10]), nullptr);
+  EXPECT_EQ(FindAccount(chat, "alice", tickets[8]), nullptr);
+  EXPECT_NE(FindAccount(chat, "alice", tickets[9]), nullptr);
   LogOff(chat, chat.accounts.at("alice"), now);
   EXPECT_TRUE(chat.ticket_owners.empty());
   for (const Text& ticket : tickets)
@@ -153,6 +153,13 @@ TEST_F(HostileTest, NobodyWhoIsThereOrHasAFrameOpenIsForgotten) {
   Pass(60000);
   EXPECT_EQ(Try("carol", "x"), LoginResult::kWelcome);
   EXPECT_FALSE(chat.accounts.contains("bob"));
+
+  // Who lost his connection is on the channel as long as he may come back.
+  chat.options.grace_ms = 120000;
+  FrameIsGone(chat, FindMember(*FindChannel(chat, "hall"), "alice")->frame->id, now);
+  Pass(61000);
+  EXPECT_EQ(Try("dave", "x"), LoginResult::kWelcome);
+  EXPECT_TRUE(chat.accounts.contains("alice"));
 }
 
 TEST_F(HostileTest, AFullTableForgetsWhoHasBeenIdleLongest) {
@@ -163,11 +170,15 @@ TEST_F(HostileTest, AFullTableForgetsWhoHasBeenIdleLongest) {
   Pass(1000);
   Try("young", "x", "10.0.0.3");
   EXPECT_EQ(Try("new", "x", "10.0.0.4"), LoginResult::kFull);
-  Pass(24LL * 3600 * 1000 - 1000);
+  Pass(24LL * 3600 * 1000 - 1001);
+  EXPECT_EQ(Try("new", "x", "10.0.0.4"), LoginResult::kFull);
+  Pass(1001);
   EXPECT_EQ(Try("new", "x", "10.0.0.4"), LoginResult::kWelcome);
   EXPECT_FALSE(chat.accounts.contains("old"));
   EXPECT_TRUE(chat.accounts.contains("young"));
-  EXPECT_EQ(Try("newer", "x", "10.0.0.4"), LoginResult::kFull);
+  EXPECT_EQ(Try("newer", "x", "10.0.0.4"), LoginResult::kWelcome);
+  EXPECT_FALSE(chat.accounts.contains("young"));
+  EXPECT_EQ(Try("newest", "x", "10.0.0.4"), LoginResult::kFull);
   EXPECT_TRUE(chat.accounts.contains("robot"));
 }
 
