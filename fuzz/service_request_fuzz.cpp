@@ -12,6 +12,8 @@
 namespace {
 
 using parlorwire::service::DecodeForm;
+using parlorwire::service::DecodeUnrecoded;
+using parlorwire::service::EncodedValue;
 using parlorwire::service::Feed;
 using parlorwire::service::Form;
 using parlorwire::service::FormBytes;
@@ -64,6 +66,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(whole.request.forwarded_for == pieces.request.forwarded_for);
   Require(whole.request.body == pieces.request.body);
   RequireSane(DecodeForm(whole.request.body, FormBytes::kKoi), whole.request.body);
+  const std::string_view value = EncodedValue(whole.request.body, "xtouser");
+  Require(DecodeUnrecoded(value).size() <= value.size());
   RequireSane(DecodeForm(whole.request.query, FormBytes::kKoiOrUtf8), whole.request.query);
   return 0;
 }

@@ -1,6 +1,7 @@
 // What the chat knows of a nick, on whatever channels it is.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <map>
@@ -46,7 +47,8 @@ struct Account {
   std::int64_t next_personal = 1;
   std::int64_t told_personal = 0;  // the newest of them that a frame or an answer has told of
   std::set<FrameId> personal_frames;
-  std::deque<Text> recent_posts;  // number and text, to pass over what a browser sends twice
+  // What tells a post's number and text, to pass over what a browser sends twice.
+  std::deque<std::size_t> recent_posts;
 };
 
 }  // namespace parlorwire::service

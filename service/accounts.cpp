@@ -55,18 +55,22 @@ bool ForgetOne(Chat& chat, std::vector<Account*> accounts, std::int64_t idle_ms,
   return true;
 }
 
-void TidyPlaces(Chat& chat, const Moment& now) {
-  if (chat.places.size() < chat.places_tidied_at) return;
-  std::erase_if(chat.places, [&](const auto& place) {
-    return place.second.nicks.empty() && place.second.logins.empty_us <= now.ms * 1000;
-  });
-  chat.places_tidied_at = 2 * chat.places.size() + kFewPlaces;
-}
-
 }  // namespace
 
 const Text& PlaceOf(const Origin& origin) {
   return origin.forwarded.empty() ? origin.address : origin.forwarded;
+}
+
+Place& PlaceAt(Chat& chat, const Text& address, const Moment& now) {
+  if (chat.places.size() >= chat.places_tidied_at) {
+    std::erase_if(chat.places, [&](const auto& each) {
+      const Place& place = each.second;
+      const std::int64_t empty_us = std::max(place.logins.empty_us, place.posts.empty_us);
+      return place.nicks.empty() && empty_us <= now.ms * 1000;
+    });
+    chat.places_tidied_at = 2 * chat.places.size() + kFewPlaces;
+  }
+  return chat.places[address];
 }
 
 Account* FindNick(Chat& chat, const Text& nick) {
@@ -88,7 +92,6 @@ Account& AddAccount(Chat& chat, const Text& nick, const Text& place) {
 }
 
 bool MakeRoom(Chat& chat, const Text& place, const Moment& now) {
-  TidyPlaces(chat, now);
   const auto& own = chat.places[place].nicks;
   if (own.size() >= chat.options.limits.accounts_of_address) {
     std::vector<Account*> accounts;

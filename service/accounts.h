@@ -10,6 +10,10 @@ namespace parlorwire::service {
 // What the limits count by: the address behind a trusted proxy, else that of the connection.
 const Text& PlaceOf(const Origin& origin);
 
+// What is known of an address. Of those of which nothing is worth knowing any more some are
+// forgotten now and then.
+Place& PlaceAt(Chat& chat, const Text& address, const Moment& now);
+
 // The account of a nick, or of one that looks like it; none if there is none.
 Account* FindNick(Chat& chat, const Text& nick);
 

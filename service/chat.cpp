@@ -61,7 +61,7 @@ Login LogIn(Chat& chat, const Text& nick, const Text& password, const Text& chan
     return {LoginResult::kRefused, {}};
   if (chat.frames.open.size() >= chat.options.most_frames) return {LoginResult::kFull, {}};
   const Text& place = PlaceOf(origin);
-  if (!Take(chat.places[place].logins, chat.options.limits.logins, now.ms))
+  if (!Take(PlaceAt(chat, place, now).logins, chat.options.limits.logins, now.ms))
     return {LoginResult::kFull, {}};
   Account* account = FindNick(chat, nick);
   if (account == nullptr) {

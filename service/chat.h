@@ -38,6 +38,7 @@ struct ChatOptions {
 // What is known of an address.
 struct Place {
   Bucket logins;
+  Bucket posts;
   std::vector<Text> nicks;  // keys of those that were made from there
 };
 

@@ -45,7 +45,7 @@ struct KnownOption {
 using Options = ServerOptions;
 using Value = std::string_view;
 
-constexpr std::array<KnownOption, 36> kOptions = {{
+constexpr std::array<KnownOption, 38> kOptions = {{
     {"--port", true, [](Options& o, Value v) { return SetNumber(o.port, v, 65535); }},
     {"--address", true,
      [](Options& o, Value v) {
@@ -130,6 +130,12 @@ constexpr std::array<KnownOption, 36> kOptions = {{
      [](Options& o, Value v) { return SetNumber(o.chat.limits.posts, v, kMostRate); }},
     {"--personal-rate", true,
      [](Options& o, Value v) { return SetNumber(o.chat.limits.personal, v, kMostRate); }},
+    {"--post-rate-per-address", true,
+     [](Options& o, Value v) { return SetNumber(o.chat.limits.posts_of_address, v, kMostRate); }},
+    {"--waiting-megabytes", true,
+     [](Options& o, Value v) {
+       return SetNumber(o.most_waiting_of_all, v, 100000, kKilobyte * kKilobyte);
+     }},
     {"--guess-wait", true,
      [](Options& o, Value v) {
        return SetNumber(o.chat.limits.longest_guess_wait_ms, v, 1000000, 1000);
@@ -213,11 +219,15 @@ Prints "listening on ADDRESS:PORT" when it is ready, and ends on SIGTERM or SIGI
   --login-rate N       logins a second from an address, 10 N at once; 0: without a limit (50)
   --post-rate N        the same of what a nick says (20)
   --personal-rate N    the same of its personal messages (5)
+  --post-rate-per-address N
+                       of all of that by all nicks of an address (100)
   --guess-wait S       the longest wait behind a wrong password (60)
   --history-kilobytes N
                        what a channel keeps of what was said, and a newcomer is given (128)
   --personal-kilobytes N
                        what waits for a nick (64)
+  --waiting-megabytes N
+                       what may wait for all readers together (64)
   --turn-kilobytes N   what is made of answers before others have their turn (1024)
   --seed N             repeatable tickets and talk
   --misbehave KIND[:N][@PATH]

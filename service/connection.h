@@ -30,6 +30,7 @@ struct Connection {
   std::string address;               // of the peer, in digits
   std::string out;                   // bytes of the answer
   std::size_t sent = 0;              // bytes of `out` that are gone
+  std::size_t counted = 0;           // bytes that it counts for in what waits for all
   FrameId frame = 0;                 // 0: an answer that ends
   FrameEnd end = FrameEnd::kNone;    // what comes when all is sent
   bool waits_for_room = false;       // the socket takes no more at the moment

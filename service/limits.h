@@ -9,9 +9,10 @@ namespace parlorwire::service {
 
 struct Limits {
   // A second, and ten seconds' worth at once; 0: as many as one likes.
-  std::int64_t logins = 50;   // of an address
-  std::int64_t posts = 20;    // of a nick
-  std::int64_t personal = 5;  // messages, of a nick
+  std::int64_t logins = 50;             // of an address
+  std::int64_t posts = 20;              // of a nick
+  std::int64_t personal = 5;            // messages, of a nick
+  std::int64_t posts_of_address = 100;  // of both, by all its nicks
 
   // Wrong passwords that are free; behind each further one a nick's next login waits for 1, 2, 4
   // seconds and so on, for at most longest_guess_wait_ms.
@@ -31,7 +32,6 @@ struct Limits {
 inline constexpr std::size_t kLongestNick = 30;
 inline constexpr std::size_t kLongestChannel = 60;
 inline constexpr std::size_t kLongestPassword = 200;
-inline constexpr std::size_t kLongestPostNumber = 20;
 inline constexpr std::size_t kLongestStatus = 200;
 inline constexpr std::size_t kLongestMask = 64;
 inline constexpr std::size_t kLongestHost = 100;

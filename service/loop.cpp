@@ -282,10 +282,23 @@ void Server::Loop::SendFrames() {
       connection.end = frame->second.end;
       const bool may_flush = connection.phase == Phase::kAnswering && !connection.waits_for_room;
       if (may_flush && !Flush(connection)) continue;
-      if (connection.out.size() - connection.sent > options_.most_waiting)
-        DropWithReset(connection);
+      Count(connection);
+      if (LetsTooMuchWait(connection)) DropWithReset(connection);
     }
   }
+}
+
+// Brings up to date what waits for all.
+void Server::Loop::Count(Connection& connection) {
+  waiting_ -= connection.counted;
+  connection.counted = connection.out.size() - connection.sent;
+  waiting_ += connection.counted;
+}
+
+bool Server::Loop::LetsTooMuchWait(const Connection& connection) const {
+  if (connection.counted > options_.most_waiting) return true;
+  return waiting_ > options_.most_waiting_of_all &&
+         connection.counted > options_.most_waiting_of_all / connections_.size();
 }
 
 // What the readers of the frames have not taken yet.
@@ -317,6 +330,7 @@ bool Server::Loop::Flush(Connection& connection) {
   }
   connection.out.clear();
   connection.sent = 0;
+  Count(connection);
   if (connection.waits_for_room) {
     connection.waits_for_room = false;
     Watch(connection.fd, connection.id, EPOLLIN, EPOLL_CTL_MOD);
@@ -328,6 +342,7 @@ bool Server::Loop::Flush(Connection& connection) {
 // A reader that takes something now and then is waited for; one that takes nothing is not.
 bool Server::Loop::WaitForRoom(Connection& connection) {
   SetDeadline(connection, now_.ms + options_.stall_ms);
+  Count(connection);
   if (!connection.waits_for_room) {
     const std::uint32_t what = connection.peer_ended ? EPOLLOUT : EPOLLIN | EPOLLOUT;
     Watch(connection.fd, connection.id, what, EPOLL_CTL_MOD);
@@ -380,6 +395,7 @@ void Server::Loop::Drop(Connection& connection) {
   const auto from = from_.find(connection.address);
   if (--from->second == 0) from_.erase(from);
   reading_.erase(connection.id);
+  waiting_ -= connection.counted;
   const std::uint64_t id = connection.id;
   connections_.erase(id);
 }

@@ -53,6 +53,8 @@ class Server::Loop {
 
   bool StartAnswer(Connection& connection, std::string bytes);  // false: no more
   void SendFrames();
+  void Count(Connection& connection);
+  bool LetsTooMuchWait(const Connection& connection) const;
   bool Flush(Connection& connection);        // false: no more
   bool WaitForRoom(Connection& connection);  // false: no more
   bool AllSent(Connection& connection);      // false: no more
@@ -80,6 +82,7 @@ class Server::Loop {
   std::unordered_map<std::string, std::size_t> from_;  // the connections of each address
   std::set<std::uint64_t> reading_;                    // those in kReading, the oldest first
   std::deque<std::uint64_t> queued_;                   // those in kQueued, and some that are gone
+  std::size_t waiting_ = 0;                            // bytes, for all connections that count
   std::size_t bytes_left_ = 0;                         // to be made of answers in this turn
 };
 

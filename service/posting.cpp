@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 
 #include "service/commands.h"
 #include "service/names.h"
@@ -21,7 +22,7 @@ Text OneLine(const Text& text) {
 
 bool WasPosted(Account& account, const Text& number, const Text& text) {
   if (number.empty()) return false;
-  const Text post = number.substr(0, kLongestPostNumber) + " " + text;
+  const std::size_t post = std::hash<Text>()(number + " " + text);
   auto& posts = account.recent_posts;
   if (std::find(posts.begin(), posts.end(), post) != posts.end()) return true;
   posts.push_back(post);

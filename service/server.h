@@ -23,6 +23,8 @@ struct ServerOptions {
   std::int64_t request_ms = 15000;  // how long a request may take to come in
   std::int64_t stall_ms = 30000;    // how long a reader may take nothing of what waits for him
   std::size_t most_waiting = 4 * 1024 * 1024;  // bytes that may wait for one reader
+  // And for all of them; beyond, those go who have more than an equal share.
+  std::size_t most_waiting_of_all = std::size_t{64} * 1024 * 1024;
   ChatOptions chat;
   InhabitantOptions inhabitants;
   Misbehaviour misbehaviour;

@@ -121,10 +121,15 @@ Text TooOften() {
   return "Слишком часто, сообщение не отправлено"_w;
 }
 
+bool MaySay(const Visit& visit, Bucket& of_nick, std::int64_t rate) {
+  Place& place = PlaceAt(visit.chat, PlaceOf(visit.origin), visit.now);
+  return Take(of_nick, rate, visit.now.ms) &&
+         Take(place.posts, visit.chat.options.limits.posts_of_address, visit.now.ms);
+}
+
 Answer PostAnswer(const Visit& visit) {
   if (!visit.form.Has("msgtext")) return {HtmlAnswer(PostPage(visit.visitor, {})), {}};
-  const std::int64_t rate = visit.chat.options.limits.posts;
-  if (!Take(visit.account->posts, rate, visit.now.ms))
+  if (!MaySay(visit, visit.account->posts, visit.chat.options.limits.posts))
     return {HtmlAnswer(PostPage(visit.visitor, TooOften())), {}};
   const Text sentence =
       Post(visit.chat, *visit.account, visit.visitor.channel, visit.form["msgtext"],
@@ -167,8 +172,7 @@ Answer PersonalFrame(const Visit& visit) {
 
 Answer PersonalPost(const Visit& visit) {
   if (!visit.form.Has("msgtext")) return {HtmlAnswer(PersonalPostPage(visit.visitor, {})), {}};
-  const std::int64_t rate = visit.chat.options.limits.personal;
-  if (!Take(visit.account->personal_posts, rate, visit.now.ms))
+  if (!MaySay(visit, visit.account->personal_posts, visit.chat.options.limits.personal))
     return {HtmlAnswer(PersonalPostPage(visit.visitor, TooOften())), {}};
   // One reading only: by another one the words might reach somebody else.
   const Text to = visit.request.method == "POST"

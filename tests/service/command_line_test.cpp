@@ -76,6 +76,8 @@ TEST(CommandLine, TakesEveryOption) {
                                       "--post-rate=23",
                                       "--personal-rate=24",
                                       "--guess-wait=25",
+                                      "--post-rate-per-address=26",
+                                      "--waiting-megabytes=27",
                                       "--seed",
                                       "3",
                                       "--form-b",
@@ -113,6 +115,8 @@ TEST(CommandLine, TakesEveryOption) {
   EXPECT_EQ(options.chat.limits.posts, 23);
   EXPECT_EQ(options.chat.limits.personal, 24);
   EXPECT_EQ(options.chat.limits.longest_guess_wait_ms, 25000);
+  EXPECT_EQ(options.chat.limits.posts_of_address, 26);
+  EXPECT_EQ(options.most_waiting_of_all, 27U * 1024 * 1024);
   EXPECT_EQ(options.seed, 3U);
   EXPECT_TRUE(options.chat.form_b);
   EXPECT_EQ(options.misbehaviour.kind, MisbehaviourKind::kCut);
@@ -172,7 +176,9 @@ TEST(CommandLine, HelpNamesEveryOption) {
                              "--login-rate",
                              "--post-rate",
                              "--personal-rate",
-                             "--guess-wait"})
+                             "--guess-wait",
+                             "--post-rate-per-address",
+                             "--waiting-megabytes"})
     EXPECT_TRUE(Contains(HelpText(), option)) << option;
 }
 

@@ -1,5 +1,6 @@
 // Floods over real sockets: whoever sends them, the others go on talking. Bounded, and by counts.
 #include <algorithm>
+#include <chrono>
 #include <vector>
 
 #include "running_server.h"
@@ -102,6 +103,33 @@ TEST_F(FloodTest, WhoGoesWhileHeWaitsForHisTurnIsForgotten) {
     peer.Send(PostRequest("/chl", eve));
   attackers.clear();
   OthersAreServed();
+}
+
+TEST_F(FloodTest, DeafReadersTogetherDoNotFillTheMemory) {
+  options.inhabitants.present = true;
+  options.inhabitants.talk = 20000;
+  options.most_waiting = std::size_t{1} << 30;
+  options.most_waiting_of_all = std::size_t{512} * 1024;
+  options.chat.grace_ms = 0;
+  Start();
+  const Text deaf = LogIn("deaf");
+  const Text mute = LogIn("mute");
+  for (const Text& query : {deaf, mute}) {
+    attackers.emplace_back(server->port(), 4096, kAttacker);
+    attackers.back().Send(PostRequest("/pframe", query));
+  }
+  const Text bob = LogIn("bob");
+  // However slow the machine is: some megabytes later they are gone.
+  Text users = "<b>deaf</b>";
+  for (int i = 0; i < 600 && (Contains(users, "<b>deaf</b>") || Contains(users, "<b>mute</b>"));
+       ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    Peer frame = OpenFrame(bob);
+    frame.ReadOnce();
+    users = Post("/chl", bob);
+  }
+  EXPECT_TRUE(Contains(users, "<b>bob</b>")) << users;
+  EXPECT_FALSE(Contains(users, "<b>deaf</b>") || Contains(users, "<b>mute</b>")) << users;
 }
 
 TEST_F(FloodTest, AFloodOfPostsGuessesAndNoiseLeavesTheOthersServed) {
