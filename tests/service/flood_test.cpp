@@ -109,6 +109,7 @@ TEST_F(FloodTest, DeafReadersTogetherDoNotFillTheMemory) {
   options.inhabitants.present = true;
   options.inhabitants.talk = 20000;
   options.most_waiting = std::size_t{1} << 30;
+  options.stall_ms = 600'000;
   options.most_waiting_of_all = std::size_t{512} * 1024;
   options.chat.grace_ms = 0;
   Start();

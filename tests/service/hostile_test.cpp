@@ -80,8 +80,8 @@ TEST_F(HostileTest, LongFieldsAreNotKept) {
   EXPECT_EQ(FindChannel(chat, "attic"), nullptr);
   Ask("/pframe", query);
   Post("/newmsg_t", query + "&msgtext=hi&reqnum=" + large);
-  EXPECT_TRUE(
-      Contains(Post("/newmsg_t", query + "&msgtext=hi&reqnum=" + large + "1"), "отправлено<"_w));
+  EXPECT_TRUE(Contains(Post("/newmsg_t", query + "&msgtext=hi&reqnum=" + large + "1"),
+                       ">Сообщение отправлено<"_w));
   EXPECT_TRUE(Contains(Post("/newmsg_t", query + "&msgtext=hi&reqnum=" + large), "уже"_w));
 
   EXPECT_EQ(Say("alice", "/status " + large.substr(0, 1000)), "Статус установлен"_w);
