@@ -15,7 +15,7 @@
 namespace parlorwire {
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kUserEnd = "\r\n";
 
 // What a line says of a nick, in lower case and without the address in brackets behind it. With two
 // brackets at the end, what stands ahead of the last two groups.
@@ -107,10 +107,10 @@ void RemoveUser(Client& client, std::string_view nick, int tab) {
   RichTextBox& list = session.Rich_Users;
   const auto hit = FindForwards(list, nick, 0, LetterCase::kIgnored);
   if (!hit) return;
-  const auto line_end = FindForwards(list, kLineEnd, *hit, LetterCase::kCounts);
+  const auto line_end = FindForwards(list, kUserEnd, *hit, LetterCase::kCounts);
   if (!line_end) return;  // not a user but the note behind the list
   list.HideSelection(true);
-  list.ExSetSel(*hit, *line_end + Len(kLineEnd));
+  list.ExSetSel(*hit, *line_end + Len(kUserEnd));
   list.ReplaceSel("");
 
   const Text caption = desktop.UsersNumCaption(tab);
