@@ -1,5 +1,6 @@
 #include "pane/qt/fonts.h"
 
+#include <QFontInfo>
 #include <QGlyphRun>
 #include <QString>
 #include <QTextLayout>
@@ -72,6 +73,12 @@ QFont ToQFont(const PaneFormat& format) {
   font.setItalic(format.italic);
   font.setKerning(false);  // characters are measured one by one
   return font;
+}
+
+QString FamilyShown(const QString& family) {
+  PaneFormat format;
+  format.font_name = FromQString(family);
+  return QFontInfo(ToQFont(format)).family();
 }
 
 // ---- the signs of a font ----

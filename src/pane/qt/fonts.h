@@ -31,6 +31,9 @@ QColor ToQColor(PaneColour colour);
 // serif or of fixed pitch.
 QFont ToQFont(const PaneFormat& format);
 
+// The family that is painted where `family` is asked for: that one, or what stands in for it.
+QString FamilyShown(const QString& family);
+
 // The signs of a font. A pane's text is of one code page without letters that join or run to the
 // left, so each of its 256 characters is shaped once, and from then on text is measured by adding.
 // A character that the font lacks comes from a font that has it.

@@ -49,6 +49,7 @@
 #include "shell/qt/typing_forward.h"
 #include "shell/qt/users_list.h"
 #include "shell/qt/window_room.h"
+#include "shell/qt/wire_hint.h"
 #include "shell/qt/zastavka.h"
 #include "shell/shut_down.h"
 #include "shell/start_up.h"
@@ -266,6 +267,7 @@ void client_main::WireTab(int slot) {
 // What helps who reads, and then types without a look where the focus is.
 void client_main::WireReading(int slot) {
   const TabControls& tab = controls.tab(slot);
+  new WireHint(client_, tab.msg);
   new ReadingHold(client_.app, tab.Rich, tab.StopScroll);
   tab.intonacia->Chosen = [this, slot] { desktop_.FocusMsg(slot); };
   for (QWidget* control : std::initializer_list<QWidget*>{tab.Rich, tab.Rich_Users, tab.Rich_Server,

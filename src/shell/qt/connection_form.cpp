@@ -183,6 +183,14 @@ void connection_form::SetTexts() {
   for (QLabel* label :
        {l_login_, l_pass_, l_room_, l_channel_pwd_, l_primechanie_, l_primechanie1_})
     SayControl(label, label->text());
+  // The English notes say nothing.
+  const bool english = client_.app.Language == UiLanguage::kEnglish;
+  const auto explain = [english](QLabel* note, const char* meaning) {
+    note->setToolTip(english ? QString::fromLatin1(meaning) : QString());
+    if (english) SayControl(note, note->toolTip());
+  };
+  explain(l_primechanie_, "* If it is left empty, the list of channels is loaded");
+  explain(l_primechanie1_, "** May be left empty");
 }
 
 void connection_form::ShowLoginDialog() {

@@ -3,9 +3,11 @@
 #include <QColorDialog>
 #include <QFontDatabase>
 #include <QFontDialog>
-#include <QFontInfo>
+#include <QGroupBox>
+#include <QLineEdit>
 #include <algorithm>
 
+#include "pane/qt/fonts.h"
 #include "platform/qt/text_conversion.h"
 #include "session/app_state.h"
 #include "shell/qt/control_names.h"
@@ -19,7 +21,7 @@ constexpr int kLargestSize = 512;  // points
 // of a family that the system lacks it shows the one that the panes are painted with.
 QFont ToolkitFont(const ChosenFont& font) {
   QString family = ToQString(font.Name);
-  if (!QFontDatabase::hasFamily(family)) family = QFontInfo(QFont(family)).family();
+  if (!QFontDatabase::hasFamily(family)) family = FamilyShown(family);
   QFont result(family, std::clamp(font.Size, 1, kLargestSize));
   result.setBold(font.Bold);
   result.setItalic(font.Italic);
@@ -35,25 +37,38 @@ QFont ToolkitFont(const ChosenFont& font) {
   return result;
 }
 
+// The toolkit's sample is of Latin letters, and the chat is not.
+void ShowCyrillicSample(const QFontDialog& dialog) {
+  for (QGroupBox* group : dialog.findChildren<QGroupBox*>())
+    if (auto* sample = group->findChild<QLineEdit*>(); sample != nullptr)
+      sample->setText(QStringLiteral("AaBbYyZz АаБбЯяЁё"));
+}
+
 }  // namespace
 
-std::optional<ChosenFont> ChooseFontDialog(const ChosenFont& font, QWidget* owner) {
+std::optional<ChosenFont> ChooseFontDialog(const ChosenFont& font, const QString& title,
+                                           QWidget* owner) {
   QFontDialog dialog(ToolkitFont(font), owner);
   NameControl(&dialog, "font_dialog");
+  dialog.setWindowTitle(title);
+  ShowCyrillicSample(dialog);
+  const QFont before = dialog.currentFont();
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   const QFont chosen = dialog.selectedFont();
   ChosenFont result = font;
-  result.Name = FromQString(chosen.family());
-  result.Size = chosen.pointSize();
-  result.Bold = chosen.bold();
-  result.Italic = chosen.italic();
+  if (chosen.family() != before.family()) result.Name = FromQString(chosen.family());
+  if (chosen.pointSize() != before.pointSize()) result.Size = chosen.pointSize();
+  if (chosen.bold() != before.bold()) result.Bold = chosen.bold();
+  if (chosen.italic() != before.italic()) result.Italic = chosen.italic();
   return result;
 }
 
-std::optional<PaneColour> ChooseColorDialog(PaneColour colour, QWidget* owner) {
+std::optional<PaneColour> ChooseColorDialog(PaneColour colour, const QString& title,
+                                            QWidget* owner) {
   const auto part = [colour](unsigned shift) { return static_cast<int>(colour >> shift & 0xFF); };
   QColorDialog dialog(QColor(part(0), part(8), part(16)), owner);
   NameControl(&dialog, "color_dialog");
+  dialog.setWindowTitle(title);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   const QColor chosen = dialog.selectedColor();
   const auto value = [](int channel) { return static_cast<unsigned>(channel); };

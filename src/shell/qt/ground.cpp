@@ -31,12 +31,17 @@ void Ground::PageAt(const QRect& page) {
   update();
 }
 
+void Ground::PageColour(const QColor& colour) {
+  page_colour_ = colour;
+  update();
+}
+
 void Ground::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), QColor(kMainBackColor));
   if (!show_hint_) {
     painter.setPen(QColor(0xA9AFA6));
-    painter.setBrush(QColor(0xF4F5F2));
+    painter.setBrush(page_colour_.isValid() ? page_colour_ : QColor(0xF4F5F2));
     painter.drawRect(page_.adjusted(0, 0, -1, -1));
     return;
   }

@@ -1,6 +1,7 @@
 // The client area of the main window.
 #pragma once
 
+#include <QColor>
 #include <QString>
 #include <QWidget>
 #include <functional>
@@ -18,6 +19,8 @@ class Ground : public QWidget {
   void Hint(const QString& hint);
   void ShowHint(bool show);
   void PageAt(const QRect& page);
+  // What is seen of the page; without a colour its own.
+  void PageColour(const QColor& colour = QColor());
 
   std::function<void()> Resized;
 
@@ -29,6 +32,7 @@ class Ground : public QWidget {
   QString hint_;
   bool show_hint_ = true;
   QRect page_;
+  QColor page_colour_;
 };
 
 }  // namespace parlorwire

@@ -10,6 +10,7 @@
 #include "pane/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
 #include "session/both_languages.h"
+#include "shell/qt/banner_panel.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/ground.h"
@@ -56,22 +57,19 @@ QWidget* NewStrip(QWidget* ground, const char* name) {
 void NewPanels(MainControls& c, QStatusBar* bar) {
   bar->setSizeGripEnabled(true);
   for (std::size_t i = 0; i < c.panels.size(); ++i) {
-    auto* panel = new QLabel(bar);
+    auto* panel = i == 2 ? new BannerPanel(bar) : new QLabel(bar);
     panel->setFont(LabelFont());
     panel->setTextFormat(Qt::PlainText);
     panel->setMargin(2);
     panel->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
-    // A long banner gives way; it never makes the window wider.
-    if (i == 2) panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     NameControl(panel, "panel", static_cast<int>(i) + 1);
     bar->addWidget(panel, i == 2 ? 1 : 0);
     c.panels[i] = panel;
   }
-  c.panels[2]->setText(
-      ToQString(Text("Parlorwire SE build ") + kVersion +
-                "; Все пожелания и замеченные недостатки сообщайте на канале или в перс"_w));
-  c.panels[2]->setToolTip(c.panels[2]->text());
-  SayControl(c.panels[2], c.panels[2]->text());
+  static_cast<BannerPanel*>(c.panels[2])
+      ->SetBanner(
+          ToQString(Text("Parlorwire SE build ") + kVersion +
+                    "; Все пожелания и замеченные недостатки сообщайте на канале или в перс"_w));
 }
 
 }  // namespace
@@ -150,6 +148,24 @@ void SetMainLanguage(const MainControls& c, UiLanguage language) {
   };
   for (const TabControls& tab : c.tabs)
     SetTabLanguage(tab, language);
+  // Captions of one form say in English what they mean by tool tips, and to a screen reader.
+  const bool english = language == UiLanguage::kEnglish;
+  const auto explain = [english](LinkLabel* link, const char* meaning) {
+    link->setToolTip(english ? QString::fromLatin1(meaning) : QString());
+    SayControl(link, english ? QString::fromLatin1(meaning) : link->text());
+  };
+  explain(c.logout, "Leave the channel");
+  explain(c.logoff, "Log off from the chat");
+  explain(c.close_tab, "Close the tab");
+  // The label is grey while a tab connects; its key is not.
+  c.close_tab->setToolTip(in_language({W<"Закрыть таб, и пока он соединяется: Ctrl+W">,
+                                       "Close the tab, also while it is connecting: Ctrl+W"}));
+  explain(c.sp_opers, "Operators");
+  explain(c.sp_bans, "Bans");
+  explain(c.hist_topic, "Changes of the topic");
+  explain(c.letogr, "Statistics of the chat");
+  explain(c.search_label, "Search");
+  explain(c.perecodirovka_label, "Recode what was typed in the wrong keyboard layout");
   c.button_connect_main->setText(in_language({W<"&Войти в чат">, "&Log in"}));
   SayControl(c.button_connect_main, c.button_connect_main->text());
   SayControl(c.SSTab, in_language({W<"Табы">, "Tabs"}));

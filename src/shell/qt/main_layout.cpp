@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <vector>
 
+#include "pane/qt/fonts.h"
 #include "session/fault_trap.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/ground.h"
@@ -147,6 +148,7 @@ void MainLayout::BeginDrag(int slot) {
     if (focus != nullptr && hidden->isAncestorOf(focus)) focus_before_ = focus;
     hidden->hide();
   }
+  controls_.ground->PageColour(ToQColor(client_.tab(slot).Rich_Users.BackColor()));
   controls_.Pict->setGeometry(tab.line_razdel->geometry());
   controls_.Pict->raise();
   controls_.Pict->show();
@@ -167,6 +169,7 @@ void MainLayout::EndDrag(int slot, bool keep) {
   const TabControls& tab = controls_.tab(slot);
   if (!keep) client_.tab(slot).TabSplitPercent = split_before_;
   controls_.Pict->hide();
+  controls_.ground->PageColour();
   PlaceAll();
   if (!tab.line_razdel->isVisibleTo(controls_.ground)) return;  // another slot is about to show
   UsersHolder(tab)->show();

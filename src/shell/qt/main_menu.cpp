@@ -88,10 +88,18 @@ void MainMenu::BuildLanguage(QMenu* menu) {
   group->addAction(Item(menu, {"eng", {"&English", "&English"}}, [this] { eng(client_); }, true));
 }
 
+// Of a dialog behind an item: what it chooses, and for what.
+QString MainMenu::TitleOf(const BothLanguages& kind, const BothLanguages& caption) const {
+  QString of = ToQString(InLanguage(client_, caption));
+  of.remove(QLatin1Char('&')).remove(QLatin1Char('.'));
+  return ToQString(InLanguage(client_, kind)) + ": " + of;
+}
+
 void MainMenu::BuildFonts(QMenu* menu) {
   const auto font = [this, menu](const Caption& caption, FontCommand command) {
-    Item(menu, caption, [this, command] {
-      const auto chosen = ChooseFontDialog(FontOf(client_.app, command), window_);
+    Item(menu, caption, [this, command, text = caption.text] {
+      const QString title = TitleOf({W<"Шрифт">, "Font"}, text);
+      const auto chosen = ChooseFontDialog(FontOf(client_.app, command), title, window_);
       if (chosen) ChooseFont(client_.app, command, *chosen);
     });
   };
@@ -110,8 +118,9 @@ void MainMenu::BuildFonts(QMenu* menu) {
 
 void MainMenu::BuildColours(QMenu* menu) {
   const auto colour = [this, menu](const Caption& caption, ColourCommand command) {
-    Item(menu, caption, [this, command] {
-      const auto chosen = ChooseColorDialog(ColourOf(client_.app, command), window_);
+    Item(menu, caption, [this, command, text = caption.text] {
+      const QString title = TitleOf({W<"Цвет">, "Colour"}, text);
+      const auto chosen = ChooseColorDialog(ColourOf(client_.app, command), title, window_);
       if (chosen) ColourOf(client_.app, command) = *chosen;
     });
   };

@@ -44,6 +44,7 @@ class MainMenu : public QObject {
   QAction* Item(QMenu* menu, const Caption& caption, std::function<void()> action,
                 bool checkable = false);
   QMenu* Menu(QMenu* above, const Caption& caption);
+  QString TitleOf(const BothLanguages& kind, const BothLanguages& caption) const;
   void BuildLanguage(QMenu* menu);
   void BuildFonts(QMenu* menu);
   void BuildColours(QMenu* menu);

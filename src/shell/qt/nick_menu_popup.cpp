@@ -150,7 +150,8 @@ void NickMenuPopup::Act(std::string_view name) {
 
 void NickMenuPopup::ChangeMessageColor() {
   const Text nick = client_.app.MenuNick;
-  const auto chosen = ChooseColorDialog(MessageColorOf(client_, nick), window_);
+  const QString title = ToQString(InLanguage(client_, {W<"Цвет: ">, "Colour: "}) + nick);
+  const auto chosen = ChooseColorDialog(MessageColorOf(client_, nick), title, window_);
   if (chosen) change_message_color(client_, nick, *chosen);
 }
 

@@ -4,6 +4,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QRect>
+#include <array>
 
 #include "pane/qt/rich_text_view.h"
 #include "platform/qt/text_conversion.h"
@@ -26,6 +27,11 @@ namespace {
 
 constexpr int kUsersNumTop = 600;  // twips, in frame_button_update
 constexpr int kUsersNumLeft = 100;
+
+// The tones have Russian names only.
+constexpr std::array<const char*, kTones.size()> kToneMeanings = {
+    "In a normal tone", "By an inner voice", "Laughing", "Thoughtfully", "Sadly",
+    "Singing",          "Grumbling"};
 
 ToneBox* NewIntonacia(QWidget* ground) {
   auto* box = new ToneBox(ground);
@@ -128,6 +134,14 @@ void SetTabLanguage(const TabControls& c, UiLanguage language) {
   c.button_clear->setText(in_language({W<"С&тереть">, "&Clear"}));
   for (RichTextView* view : {c.Rich, c.Rich_Users, c.Rich_Server})
     view->SetRussian(language == UiLanguage::kRussian);
+  c.users_num->setToolTip(in_language({W<"Операторов на канале / всего пользователей">,
+                                       "Operators on the channel / users in all"}));
+  const bool english = language == UiLanguage::kEnglish;
+  for (std::size_t tone = 0; tone < kTones.size(); ++tone)
+    for (const int role : {Qt::ToolTipRole, Qt::AccessibleTextRole})
+      c.intonacia->setItemData(static_cast<int>(tone),
+                               english ? QString::fromLatin1(kToneMeanings[tone]) : QVariant(),
+                               role);
   c.button_update->setText(in_language({W<"&Обновить">, "&Update"}));
 
   SayControl(c.Rich, in_language({W<"Сообщения">, "Messages"}));
