@@ -72,6 +72,7 @@ class ConnectionFormTest : public QObject {
 
   void ItsFrameHasNoButtonsToMinimizeOrMaximize() {
     Dialog dialog(kTwoLogins);
+    QVERIFY(dialog.form->windowFlags() & Qt::CustomizeWindowHint);
     QVERIFY(!(dialog.form->windowFlags() & Qt::WindowMinMaxButtonsHint));
     QVERIFY(dialog.form->windowFlags() & Qt::WindowCloseButtonHint);
     QVERIFY(dialog.form->isWindow());
@@ -109,7 +110,8 @@ class ConnectionFormTest : public QObject {
       const auto* button = qobject_cast<QAbstractButton*>(widget);
       const QString shown = label != nullptr ? label->text() : button->text();
       QCOMPARE(shown, in_russian ? russian : english);
-      QCOMPARE(widget->accessibleName(), shown);
+      // What says nothing is explained to a screen reader.
+      if (!shown.contains("???")) QCOMPARE(widget->accessibleName(), shown);
     }
   }
 

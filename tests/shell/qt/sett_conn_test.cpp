@@ -143,6 +143,7 @@ class SettConnTest : public QObject {
 
   void ItsFrameHasNoButtonsToMinimizeOrMaximize() {
     SettConnWindow dialog(kFull);
+    QVERIFY(dialog.form.windowFlags() & Qt::CustomizeWindowHint);
     QVERIFY(!(dialog.form.windowFlags() & Qt::WindowMinMaxButtonsHint));
     QVERIFY(dialog.form.windowFlags() & Qt::WindowCloseButtonHint);
   }
