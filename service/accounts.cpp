@@ -95,12 +95,14 @@ bool MakeRoom(Chat& chat, const Text& place, const Moment& now) {
   const auto& own = chat.places[place].nicks;
   if (own.size() >= chat.options.limits.accounts_of_address) {
     std::vector<Account*> accounts;
+    accounts.reserve(own.size());
     for (const Text& key : own)
       accounts.push_back(&chat.accounts.at(key));
     return ForgetOne(chat, std::move(accounts), kJustBeenMs, now);
   }
   if (chat.accounts.size() < chat.options.most_accounts) return true;
   std::vector<Account*> accounts;
+  accounts.reserve(chat.accounts.size());
   for (auto& [key, account] : chat.accounts)
     accounts.push_back(&account);
   return ForgetOne(chat, std::move(accounts), chat.options.limits.account_idle_ms, now);
