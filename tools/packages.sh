@@ -20,11 +20,11 @@ need_packages() {
     apt-get install -y -qq --no-install-recommends "${missing[@]}" > /dev/null
 }
 
-BUILD_PACKAGES=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev qt6-translations-l10n
+BUILD_PACKAGES=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev qt6-translations-l10n libxcb1-dev
                 fonts-dejavu-core binutils-mingw-w64-x86-64)
 # A screen without a display, and hands and eyes for it.
 SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils x11-xkb-utils xclip maim dbus-daemon at-spi2-core
-                 python3-gi gir1.2-atspi-2.0)
+                 python3-gi gir1.2-atspi-2.0 trayer)
 TEST_PACKAGES=(libgtest-dev libgmock-dev clang-19 clang-tidy-19 clang-format-19 libclang-rt-19-dev
                iproute2 procps git tinyproxy-bin binutils-mingw-w64-i686)
 # What builds the Debian packages and looks them over.

@@ -187,7 +187,8 @@ void NotifyOfMention(const Line& line) {
   const Text whole = line.time + " " + Text(line.nick) + " " + line.text;
   if (!desktop.IsActiveWindow() && line.session.LinesArmed) {
     line.client.hooks.ShowBalloon(
-        "", whole + "\r\n\r\n" + "Ник: "_w + login + "\r\n" + "Канал: "_w + channel, kInfoBalloon);
+        "", whole + "\r\n\r\n" + "Ник: "_w + login + "\r\n" + "Канал: "_w + channel, kSilentBalloon,
+        {line.tab});
     line.client.hooks.SetTrayBlink(kTrayMention);
   }
   TellMention(line.client, ">>" + whole, line.tab, line.start);

@@ -7,6 +7,9 @@ namespace parlorwire {
 
 enum class UiLanguage { kRussian = 1, kEnglish = 2 };
 
+// As the numbers of the window's state go.
+enum class WindowState { kNormal = 0, kMinimized = 1, kMaximized = 2 };
+
 enum class BoxIcon { kStop, kQuestion, kExclamation, kInformation };
 enum class BoxAnswer { kYes, kNo };
 
@@ -32,6 +35,15 @@ class Desktop {
   // The main window.
   virtual void SetWindowCaption(const Text& caption) = 0;
   virtual bool IsActiveWindow() const = 0;
+  virtual bool WindowVisible() const = 0;  // not hidden; a minimized window is visible
+  virtual bool WindowMinimized() const = 0;
+  virtual void HideWindow() = 0;
+  virtual void MinimizeWindow() = 0;
+  // It is shown in this state, which is not kMinimized, in front and as the active window. `msg` of
+  // the active tab gets the focus by `Timer5`, if `Rich` of that tab has a height.
+  virtual void RestoreWindow(WindowState state) = 0;
+  // Its button in the task bar calls for the user, or, once the window is active, stops that.
+  virtual void FlashWindow(bool on) = 0;
 
   // Enables or disables what a tab without a connection can't use: `msg` (locked), `intonacia`,
   // `button_clear`, `button_say`, `pers`, `button_update` of the tab, and the shared labels

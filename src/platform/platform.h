@@ -11,6 +11,7 @@
 #include "platform/files.h"
 #include "platform/random.h"
 #include "platform/timer.h"
+#include "platform/tray.h"
 #include "platform/winsock.h"
 
 namespace parlorwire {
@@ -24,6 +25,7 @@ struct Platform {
   Random& random;
   Clipboard& clipboard;
   Desktop& desktop;
+  Tray& tray;
   std::function<std::unique_ptr<Winsock>()> NewWinsock;
   std::function<std::unique_ptr<Timer>()> NewTimer;
 };

@@ -11,6 +11,7 @@
 #include "platform/desktop.h"
 #include "platform/resources.h"
 #include "platform/timer.h"
+#include "platform/tray.h"
 #include "session/nick_colours.h"
 #include "session/search_form.h"
 #include "session/smile_names.h"
@@ -226,9 +227,19 @@ struct AppState {
   std::vector<std::shared_ptr<PersonalWindow>> PersWindows;
   std::int32_t LastPersHandle = 0;
 
+  // The tray icon.
+  Text TrayTip;                           // the window's caption
+  TrayIcon PictTray = TrayIcon::kWindow;  // what it shows
+  bool TrayBlinkPhase = false;            // the next tick of a blink shows the other picture
+  WindowState SavedWindowState = WindowState::kNormal;  // the last that was not kMinimized
+
   // ---- timers ----
   std::unique_ptr<Timer> Timer17;  // 10 ms: a tinted nick gets its colour back
+  std::unique_ptr<Timer> Timer20;  // 500 ms: the task bar flashes until the window is active
   std::unique_ptr<Timer> Timer21;  // 10 ms: the personal window of the active tab comes up
+  std::unique_ptr<Timer> Timer23;  // 8000 ms: the balloon goes
+  std::unique_ptr<Timer> Timer24;  // 500 ms: the icon blinks for a personal message
+  std::unique_ptr<Timer> Timer25;  // 500 ms: the icon blinks for a line that concerns the user
 };
 
 }  // namespace parlorwire

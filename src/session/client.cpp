@@ -6,6 +6,7 @@ namespace {
 
 constexpr int kConnectAgain = 5000;  // ms
 constexpr int kPersBlink = 300;      // ms
+constexpr int kTrayBlink = 500;      // ms
 
 }  // namespace
 
@@ -14,6 +15,12 @@ Client::Client(const Platform& ports) : platform(ports) {
     *timer = platform.NewTimer();
     (*timer)->Interval(10);
   }
+  for (auto* timer : {&app.Timer20, &app.Timer24, &app.Timer25}) {
+    *timer = platform.NewTimer();
+    (*timer)->Interval(kTrayBlink);
+  }
+  app.Timer23 = platform.NewTimer();
+  app.Timer23->Interval(kBalloonTime);
   for (TabSession& tab : tabs) {
     for (auto* socket : tab.Sockets())
       *socket = platform.NewWinsock();

@@ -52,7 +52,8 @@ void Balloon(Client& client, const Text& text, int tab) {
   const TabSession& session = client.tab(tab);
   CallUp(client, [&] {
     client.hooks.ShowBalloon(
-        {}, text + "\r\nНик: "_w + session.Login + "\r\nКанал: "_w + session.Channel, kInfoBalloon);
+        {}, text + "\r\nНик: "_w + session.Login + "\r\nКанал: "_w + session.Channel,
+        kSilentBalloon, {tab});
   });
 }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "pane/units.h"
+#include "platform/tray.h"
 #include "text/text.h"
 
 namespace parlorwire {
@@ -58,9 +59,12 @@ struct Hooks {
   // personal/pers_frm: a click on `pers` of a tab
   Hook<void(int tab)> pers;
 
-  // shell/tray: a balloon with "Parlorwire" and `title` as its title
-  Hook<void(const Text& title, const Text& text, int info_flags)> ShowBalloon;
-  // shell/tray: 1 a personal message waits, 2 a line concerns the user, 3 neither
+  // shell/tray: a balloon with "Parlorwire" and `title` as its title, in the place of the last one;
+  // a click on it brings up what it is about. An empty text takes it away
+  Hook<void(const Text& title, const Text& text, int info_flags, const BalloonAbout& about)>
+      ShowBalloon;
+  // shell/tray: 1 a personal message waits, 2 a line concerns the user, 3 neither. With 1 and 2 the
+  // icon blinks and the task bar flashes until the main window is the active one
   Hook<void(int mode)> SetTrayBlink;
   // shell/tray: the tip of the tray icon
   Hook<void(const Text& caption)> SetTabTitle;

@@ -11,9 +11,6 @@ struct Client;
 inline constexpr BothLanguages kPersonalNotice{W<"Вам пришло персональное_сообщение!">,
                                                "You have a personal_message!"};
 
-// The flag of a balloon that carries text (NIF_INFO of the tray's notify record).
-inline constexpr int kInfoBalloon = 16;
-
 // Starts pers blinking, and says so in the pane unless it blinks already.
 void NoticePersonalMessage(Client& client, int tab);
 

@@ -36,7 +36,7 @@ void MarkPersonalNotice(Client& client, int tab) {
   client.hooks.ShowBalloon({},
                            "Вам пришло персональное сообщение!\r\nНик: "_w + session.Login +
                                "\r\nКанал: "_w + session.Channel,
-                           kInfoBalloon);
+                           kSilentBalloon, {tab});
   client.hooks.SetTrayBlink(1);
 }
 

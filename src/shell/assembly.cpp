@@ -15,6 +15,7 @@
 #include "session/event_entry.h"
 #include "session/frame_end.h"
 #include "session/leaving.h"
+#include "shell/tray.h"
 #include "users/nick_menu.h"
 #include "users/posting.h"
 #include "users/user_frame.h"
@@ -38,6 +39,12 @@ void FillHooks(Client& client) {
     return FindAutoKick(client, who, channel, is_nick, nick);
   };
   hooks.SayBotFunction = [&client](int tab) { SayBotFunction(client, tab); };
+  hooks.ShowBalloon = [&client](const Text& title, const Text& text, int info_flags,
+                                const BalloonAbout& about) {
+    ShowBalloon(client, title, text, info_flags, about);
+  };
+  hooks.SetTrayBlink = [&client](int mode) { SetTrayBlink(client, mode); };
+  hooks.SetTabTitle = [&client](const Text& caption) { SetTabTitle(client, caption); };
   hooks.StartWaitingHighlight = [&client](int tab) { StartWaitingHighlight(client, tab); };
   hooks.pers = [&client](int tab) { pers_Click(client, tab); };
 }
@@ -47,7 +54,11 @@ void WireTimers(Client& client) {
     return [&client, name, procedure] { OnEvent(client, name, [&] { procedure(client); }); };
   };
   client.app.Timer17->Tick = tick("Timer17_Timer", Timer17_Timer);
+  client.app.Timer20->Tick = tick("Timer20_Timer", Timer20_Timer);
   client.app.Timer21->Tick = tick("Timer21_Timer", Timer21_Timer);
+  client.app.Timer23->Tick = tick("Timer23_Timer", Timer23_Timer);
+  client.app.Timer24->Tick = tick("Timer24_Timer", Timer24_Timer);
+  client.app.Timer25->Tick = tick("Timer25_Timer", Timer25_Timer);
 }
 
 void WireEvents(Client& client, int tab) {

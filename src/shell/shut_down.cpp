@@ -5,6 +5,7 @@
 #include "personal/pers_frm.h"
 #include "session/client.h"
 #include "session/ini.h"
+#include "shell/tray.h"
 #include "text/number.h"
 
 namespace parlorwire {
@@ -29,13 +30,16 @@ void UnloadStep(Client& client, const std::optional<WindowPlace>& place) {
     WriteIni(client, "Main", "lastIndex", std::to_string(app.LastLoginIndex));
     WriteIni(client, "Main", "Logins", std::to_string(app.LoginCount));
   }
+  DeleteTrayIcon(client);
   SaveNickColours(client);
   CloseAllPersWindows(client);
   StopAllTimers(client);
 }
 
 void StopAllTimers(Client& client) {
-  for (auto* timer : {&client.app.Timer17, &client.app.Timer21})
+  AppState& app = client.app;
+  for (auto* timer :
+       {&app.Timer17, &app.Timer20, &app.Timer21, &app.Timer23, &app.Timer24, &app.Timer25})
     (*timer)->Enabled(false);
   for (TabSession& tab : client.tabs) {
     for (auto* timer : tab.Timers())

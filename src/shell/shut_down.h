@@ -9,7 +9,8 @@ namespace parlorwire {
 
 struct Client;
 
-// Closes the frame sockets, saves the settings, closes the personal windows, and stops all timers.
+// Closes the frame sockets, saves the settings, takes the tray icon away, closes the personal
+// windows, and stops all timers.
 // `place` is the window's place, or nothing when it is minimized: then the saved place stays. Every
 // failure is skipped. Waiting events run at each write.
 void UnloadStep(Client& client, const std::optional<WindowPlace>& place);

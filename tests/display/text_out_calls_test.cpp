@@ -53,6 +53,7 @@ TEST_F(TextOutTest, AMentionRaisesABalloonWhenTheWindowIsNotActive) {
   Out("alice:", "hi me", kMessage);
   ASSERT_EQ(balloons.size(), 1U);
   EXPECT_EQ(ToUtf8(balloons[0]), "|>[1] alice: hi me\r\n\r\nНик: Me\r\nКанал: talk|16");
+  EXPECT_EQ(balloons_about[0], BalloonAbout{0});
   EXPECT_THAT(blinks, ElementsAre(2));
 }
 

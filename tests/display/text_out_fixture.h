@@ -40,8 +40,10 @@ struct TextOutTest : testing::Test {
     client.hooks.SayBot = [this](const Text& text, int tab) {
       said.push_back(std::to_string(tab) + " " + text);
     };
-    client.hooks.ShowBalloon = [this](const Text& title, const Text& text, int flags) {
+    client.hooks.ShowBalloon = [this](const Text& title, const Text& text, int flags,
+                                      const BalloonAbout& about) {
       balloons.push_back(title + "|" + text + "|" + std::to_string(flags));
+      balloons_about.push_back(about);
     };
     client.hooks.SetTrayBlink = [this](int mode) { blinks.push_back(mode); };
   }
@@ -59,6 +61,7 @@ struct TextOutTest : testing::Test {
   PanePosition from = 0;
   std::vector<Text> said;
   std::vector<Text> balloons;
+  std::vector<BalloonAbout> balloons_about;
   std::vector<int> blinks;
 };
 

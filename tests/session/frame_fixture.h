@@ -15,8 +15,10 @@ struct FrameFixture : testing::Test {
     watched.client.hooks.ParseChatLine = [this](const Text& line, int) { lines.push_back(line); };
     watched.client.hooks.SayBot = [this](const Text& text, int) { said.push_back(text); };
     watched.client.hooks.UpdateUsersFrame = [this](int tab) { users_asked.push_back(tab); };
-    watched.client.hooks.ShowBalloon = [this](const Text&, const Text& text, int) {
+    watched.client.hooks.ShowBalloon = [this](const Text&, const Text& text, int,
+                                              const BalloonAbout& about) {
       balloons.push_back(text);
+      balloons_about.push_back(about);
     };
   }
   // The status lines since the frame was asked for.
@@ -31,6 +33,7 @@ struct FrameFixture : testing::Test {
   using Lines = std::vector<Text>;
   Chat chat;
   Lines lines, said, balloons;
+  std::vector<BalloonAbout> balloons_about;
   std::vector<int> users_asked;
 };
 

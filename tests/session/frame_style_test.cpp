@@ -19,6 +19,7 @@ TEST_F(FrameStyleTest, EnteringAChannelSetsTheFlagsAndTellsTheUser) {
   EXPECT_TRUE(chat.platform.desktop.at(0).controls_enabled);
   EXPECT_EQ(users_asked, std::vector<int>{0});
   EXPECT_EQ(balloons, Lines{"Клиент успешно подключен!\r\nНик: alice\r\nКанал: lobby"_w});
+  EXPECT_EQ(balloons_about, std::vector{BalloonAbout{0}});
   EXPECT_EQ(StatusLines(), " Ok.\r\n[12:00:00] Проверка установленного стиля... s9.\r\n"_w);
 }
 
@@ -30,7 +31,7 @@ TEST_F(FrameStyleTest, PreInCapitalsIsNotTheRobotsStyle) {
 
 TEST_F(FrameStyleTest, AFaultInACallUpwardDoesNotKeepTheTabOffTheChannel) {
   chat.client.hooks.UpdateUsersFrame = [](int) { throw Fault(fault::kInvalidCall); };
-  chat.client.hooks.ShowBalloon = [](const Text&, const Text&, int) {
+  chat.client.hooks.ShowBalloon = [](const Text&, const Text&, int, const BalloonAbout&) {
     throw Fault(fault::kInvalidCall);
   };
   chat.EnterChannel();

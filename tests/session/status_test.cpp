@@ -18,8 +18,10 @@ struct Status : testing::Test {
     chat.client.hooks.LogChatLine = [this](const Text& piece, const Text& channel) {
       logged.push_back(channel + "|" + piece);
     };
-    chat.client.hooks.ShowBalloon = [this](const Text& title, const Text& text, int flags) {
+    chat.client.hooks.ShowBalloon = [this](const Text& title, const Text& text, int flags,
+                                           const BalloonAbout& about) {
       balloons.push_back(title + "|" + text + "|" + std::to_string(flags));
+      EXPECT_EQ(about, BalloonAbout{0});
     };
     chat.client.hooks.SetTrayBlink = [this](int mode) { blinks.push_back(mode); };
   }
@@ -131,7 +133,7 @@ TEST_F(Status, TheEnglishNoticeHasItsLinkToo) {
 
 TEST_F(Status, AFaultDoesNotFreezeThePane) {
   ScriptedView view(rich);
-  chat.client.hooks.ShowBalloon = [](const Text&, const Text&, int) {
+  chat.client.hooks.ShowBalloon = [](const Text&, const Text&, int, const BalloonAbout&) {
     throw Fault(fault::kInvalidCall);
   };
   EXPECT_THROW(NoticePersonalMessage(chat.client, 0), Fault);

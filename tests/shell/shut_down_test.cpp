@@ -103,6 +103,18 @@ TEST_F(ShutDown, SavesTheNickColours) {
   EXPECT_EQ(platform.files.files["CM.ini"], "bob=5");
 }
 
+TEST_F(ShutDown, TakesTheTrayIconAwayAheadOfTheNickColours) {
+  SimulatedTray& tray = platform.tray;
+  tray.Add(TrayIcon::kWindow, "x");
+  app.LoginCount = 1;
+  app.CmIniText.Assign("bob=5");
+  bool there_at_the_writes = true;
+  platform.desktop.on_yield = [&] { there_at_the_writes &= tray.added; };
+  UnloadStep(client, std::nullopt);
+  EXPECT_TRUE(there_at_the_writes);
+  EXPECT_FALSE(tray.added);
+}
+
 TEST_F(ShutDown, ClosesTheFrameSocketsWithoutALogoff) {
   for (TabSession& tab : client.tabs) {
     tab.Winsock1->Connect("chat.example", "80");
@@ -127,7 +139,8 @@ TEST_F(ShutDown, StopsTheTimersOfAllSlotsAtItsEnd) {
 }
 
 TEST_F(ShutDown, StopAllTimersStopsEveryTimerOfEverySlot) {
-  std::vector<Timer*> timers = {app.Timer17.get(), app.Timer21.get()};
+  std::vector<Timer*> timers = {app.Timer17.get(), app.Timer20.get(), app.Timer21.get(),
+                                app.Timer23.get(), app.Timer24.get(), app.Timer25.get()};
   for (TabSession& tab : client.tabs) {
     for (auto* timer : {&tab.Timer1, &tab.Timer2, &tab.Timer3, &tab.Timer6, &tab.Timer26})
       timers.push_back(timer->get());

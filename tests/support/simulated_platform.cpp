@@ -248,6 +248,46 @@ bool SimulatedDesktop::AskYesNo(const Text& text, BoxIcon icon, BoxAnswer presel
   return answer;
 }
 
+void SimulatedDesktop::HideWindow() {
+  window_visible = false;
+  window_active = false;
+}
+
+void SimulatedDesktop::RestoreWindow(WindowState state) {
+  ++restores;
+  window_visible = true;
+  window_active = true;
+  window_state = state;
+}
+
+// ---- tray ----
+
+void SimulatedTray::Add(TrayIcon new_icon, const Text& new_tip) {
+  added = true;
+  Modify(new_icon, new_tip);
+}
+
+void SimulatedTray::Modify(TrayIcon new_icon, const Text& new_tip) {
+  if (!added) return;
+  icon = new_icon;
+  tip = new_tip;
+  icons.push_back(new_icon);
+}
+
+void SimulatedTray::Delete() {
+  added = false;
+  balloon.reset();
+}
+
+void SimulatedTray::ShowBalloon(const Balloon& shown) {
+  balloon = shown;
+}
+
+void SimulatedTray::RemoveBalloon() {
+  balloon.reset();
+  ++removals;
+}
+
 // ---- all of it ----
 
 Platform SimulatedPlatform::Ports(Files& chosen_files, Desktop& chosen_desktop) {
@@ -258,6 +298,7 @@ Platform SimulatedPlatform::Ports(Files& chosen_files, Desktop& chosen_desktop) 
           random,
           clipboard,
           chosen_desktop,
+          tray,
           [] { return std::make_unique<SimulatedSocket>(); },
           [this] { return time.NewTimer(); }};
 }

@@ -162,6 +162,12 @@ class SimulatedDesktop : public Desktop {
   void SetTabCaption(int tab, const Text& caption) override { at(tab).caption = caption; }
   void SetWindowCaption(const Text& caption) override { window_caption = caption; }
   bool IsActiveWindow() const override { return window_active; }
+  bool WindowVisible() const override { return window_visible; }
+  bool WindowMinimized() const override { return window_state == WindowState::kMinimized; }
+  void HideWindow() override;
+  void MinimizeWindow() override { window_state = WindowState::kMinimized; }
+  void RestoreWindow(WindowState state) override;
+  void FlashWindow(bool on) override { flashes.push_back(on); }
   void SetTabControlsEnabled(int tab, bool enabled) override;
   void SetCloseTabEnabled(bool enabled) override { close_tab_enabled = enabled; }
   void SetSharedLinksEnabled(bool enabled) override;
@@ -189,6 +195,10 @@ class SimulatedDesktop : public Desktop {
   int active_tab = 0;
   Text window_caption;
   bool window_active = true;
+  bool window_visible = true;
+  WindowState window_state = WindowState::kNormal;
+  int restores = 0;
+  std::vector<bool> flashes;
   bool shared_controls_enabled = false;  // by SetTabControlsEnabled
   bool shared_links_enabled = false;     // by SetSharedLinksEnabled
   bool close_tab_enabled = false;
@@ -206,6 +216,25 @@ class SimulatedDesktop : public Desktop {
   std::function<void(int previous)> on_tab_click;  // after SetActiveTab
 };
 
+// A tray that remembers.
+class SimulatedTray : public Tray {
+ public:
+  bool Available() const override { return available; }
+  void Add(TrayIcon new_icon, const Text& new_tip) override;
+  void Modify(TrayIcon new_icon, const Text& new_tip) override;
+  void Delete() override;
+  void ShowBalloon(const Balloon& shown) override;
+  void RemoveBalloon() override;
+
+  bool available = true;
+  bool added = false;
+  TrayIcon icon = TrayIcon::kWindow;
+  Text tip;
+  std::vector<TrayIcon> icons;     // that each Add and Modify showed
+  std::optional<Balloon> balloon;  // that is shown
+  int removals = 0;                // calls of RemoveBalloon
+};
+
 // A client on the simulated platform.
 class SimulatedPlatform {
  public:
@@ -216,6 +245,7 @@ class SimulatedPlatform {
   SimulatedRandom random;
   SimulatedClipboard clipboard;
   SimulatedDesktop desktop;
+  SimulatedTray tray;
 
   Platform Ports() { return Ports(files, desktop); }
   // The same with other files, and with other windows.

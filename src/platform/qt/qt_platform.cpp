@@ -28,7 +28,7 @@ QtPlatform::QtPlatform(const std::filesystem::path& application_folder)
   files.RemoveLeftovers();
 }
 
-Platform QtPlatform::Ports(Desktop& desktop) {
+Platform QtPlatform::Ports(Desktop& desktop, Tray& tray) {
   return {files,
           program_files,
           day_logs,
@@ -36,6 +36,7 @@ Platform QtPlatform::Ports(Desktop& desktop) {
           random,
           clipboard,
           desktop,
+          tray,
           [] { return std::make_unique<QtWinsock>(); },
           [] { return std::make_unique<QtTimer>(); }};
 }

@@ -19,7 +19,8 @@ struct QtPlatform {
   // `application_folder` is what DesktopApplicationFolder gives, or any other that is to be used.
   explicit QtPlatform(const std::filesystem::path& application_folder);
 
-  Platform Ports(Desktop& desktop);
+  Platform Ports(Desktop& desktop, Tray& tray);
+  Platform Ports(Desktop& desktop) { return Ports(desktop, no_tray); }
 
   QObject context;  // of what is called when an event is over
   PosixFiles files;
@@ -28,6 +29,7 @@ struct QtPlatform {
   QtClock clock;
   SystemRandom random;
   QtClipboard clipboard;
+  NoTray no_tray;
 };
 
 // The application folder of the running program. The user's data folder is "parlorwire" in

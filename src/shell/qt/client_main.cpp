@@ -26,6 +26,7 @@
 #include "shell/qt/connection_form.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/disable_kick_channels_form.h"
+#include "shell/qt/form_tray.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/ground.h"
 #include "shell/qt/link_label.h"
@@ -54,6 +55,7 @@
 #include "shell/shut_down.h"
 #include "shell/start_up.h"
 #include "shell/tabs.h"
+#include "shell/tray.h"
 #include "users/input_history.h"
 #include "users/posting.h"
 #include "users/recode_layout.h"
@@ -83,7 +85,7 @@ client_main::client_main(Client& client, QtDesktop& desktop)
   setWindowIcon(QIcon(QStringLiteral(":/parlorwire/parlorwire.svg")));
   setPalette(PaletteOn(palette(), kMainBackColor));
   setCentralWidget(controls.ground);
-  menu_ = new MainMenu(client, this, [this] { close(); });
+  menu_ = new MainMenu(client, this, [this] { Leave(); });
   nick_menus_ = new NickMenuPopup(client, this);
   caret_rest_ = new CaretRest(this);
   pers_windows_ = new PersWindows(client, *caret_rest_, this);
@@ -300,7 +302,7 @@ void client_main::Load() {
   move(ClampedPixels(place.Left, -kFarthest, kFarthest),
        ClampedPixels(place.Top, -kFarthest, kFarthest));
   room_->Fit();
-  QTimer::singleShot(kSplashWithoutFocus, this, [this] { EndSplash(); });
+  QTimer::singleShot(kSplashWithoutFocus, this, [this] { FirstActivation(); });
 }
 
 void client_main::Unload() {
@@ -317,7 +319,7 @@ void client_main::Unload() {
 }
 
 void client_main::Timer4() {
-  QTimer::singleShot(kTimer4Interval, this, [this] { close(); });
+  QTimer::singleShot(kTimer4Interval, this, [this] { Leave(); });
 }
 
 void client_main::CloseTab() {
@@ -346,6 +348,7 @@ void client_main::ShowLanguage(UiLanguage language) {
   pers_windows_->SetLanguage(language);
   smiles_menu_->ShowTitle();
   if (MenuSmilesShow_) MenuSmilesShow_->ShowTitle();
+  if (form_tray != nullptr) form_tray->ShowMenu();
   ShowPanels(controls, client_);
   PlaceControls();
   QCoreApplication::removeTranslator(&toolkit_russian_);
@@ -391,15 +394,52 @@ void client_main::PlaceControls() {
 
 void client_main::closeEvent(QCloseEvent* event) {
   event->accept();
+  Leave();
+}
+
+void client_main::Leave() {
   Unload();
   QCoreApplication::exit(0);
 }
 
 void client_main::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() != QEvent::ActivationChange || !isActiveWindow() || activated_) return;
+  if (event->type() == QEvent::WindowStateChange) TellState();
+  if (event->type() != QEvent::ActivationChange || !isActiveWindow() || unloaded_) return;
+  OnEvent(client_, "client_main_Activate", [&] { client_main_Activate(client_); });
+  FirstActivation();
+}
+
+void client_main::FirstActivation() {
+  if (activated_ || unloaded_) return;
   activated_ = true;
+  AddTrayIcon(client_);
   EndSplash();
+}
+
+void client_main::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  TellState();
+}
+
+void client_main::TellState() {
+  // The states and sizes that a window has before it is shown, and once it is hidden, are not its
+  // user's.
+  if (!isVisible() || unloaded_) return;
+  const WindowState state = isMinimized()   ? WindowState::kMinimized
+                            : isMaximized() ? WindowState::kMaximized
+                                            : WindowState::kNormal;
+  OnEvent(client_, "client_main_Resize", [&] { client_main_Resize(client_, state); });
+}
+
+void client_main::Restore(WindowState state) {
+  if (unloaded_) return;
+  const auto wanted = state == WindowState::kMaximized ? Qt::WindowMaximized : Qt::WindowNoState;
+  setWindowState(wanted | Qt::WindowActive);
+  show();
+  raise();
+  activateWindow();
+  if (controls.tab(desktop_.ActiveTab()).Rich->height() > 0) Timer5_.start();
 }
 
 // Notes which pane was clicked last.

@@ -17,6 +17,7 @@
 namespace parlorwire {
 
 class CaretRest;
+class Form_tray;
 class MainMenu;
 class MessagePane;
 class NickMenuPopup;
@@ -48,6 +49,9 @@ class client_main : public QMainWindow {
   // The unload step, once; the program is over then. A second call does nothing.
   void Unload();
 
+  // Ends the program: the unload step, and the end of the event loop. Also of a hidden window.
+  void Leave();
+
   // How others ask for the end of the program from inside an event.
   void Timer4();
 
@@ -62,15 +66,18 @@ class client_main : public QMainWindow {
   void ShowLogSearch();
 
   // ---- for the port ----
+  void Restore(WindowState state);
   void ShowActiveSlot();
   void ShowLanguage(UiLanguage language);
   void ShowTabCaption();  // of the active tab, where another window bears it
   MainControls controls;
+  Form_tray* form_tray = nullptr;  // what there is of the tray
   std::array<Text, kTabCount> tab_captions;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -83,7 +90,9 @@ class client_main : public QMainWindow {
   void ShowLoginDialog();
   void FillMenu();
   void PlaceControls();
+  void FirstActivation();
   void EndSplash();
+  void TellState();
 
   Client& client_;
   QtDesktop& desktop_;

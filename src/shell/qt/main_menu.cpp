@@ -18,6 +18,7 @@
 #include "shell/qt/font_and_color.h"
 #include "shell/qt/spoken_action.h"
 #include "shell/start_up.h"
+#include "shell/tray.h"
 
 namespace parlorwire {
 
@@ -48,7 +49,10 @@ MainMenu::MainMenu(Client& client, QMainWindow* window, std::function<void()> le
        [this] { search_logs(); });
   Item(file, {"log_folder", {W<"&Папка логов">, "&Folder of the logs"}}, [this] { log_folder(); });
   file->addSeparator();
-  Item(file, {"exit", {W<"В&ыход">, "E&xit"}}, std::move(leave));
+  Item(file, {"put_in_tray", {W<"&Убрать в трей\tCtrl+H">, "&Put in tray\tCtrl+H"}},
+       [this] { put_in_tray(client_); });
+  file->addSeparator();
+  Item(file, {"exit", kExitCaption}, std::move(leave));
   QMenu* settings = Menu(nullptr, {"menu_settings", {W<"&Настройки">, "&Settings"}});
   BuildLanguage(Menu(settings, {"menu_language", {W<"&Язык">, "&Language"}}));
   BuildFonts(Menu(settings, {"menu_fonts", {W<"&Шрифты">, "&Fonts"}}));

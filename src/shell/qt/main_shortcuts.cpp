@@ -12,6 +12,7 @@
 #include "shell/qt/client_main.h"
 #include "shell/qt/russian_keys.h"
 #include "shell/tabs.h"
+#include "shell/tray.h"
 
 namespace parlorwire {
 namespace {
@@ -60,6 +61,7 @@ void MakeMainShortcuts(client_main& window, Client& client,
              [&client, focus_tab, n] {
                if (ShowNthTab(client, n)) focus_tab();
              });
+  shortcut(Control(Qt::Key_H), "put_in_tray", [&client] { put_in_tray(client); });
   shortcut(Control(Qt::Key_C), "HotkeyPoll", [&window, &client] { CopyPane(window, client); });
   shortcut({QKeySequence(Qt::Key_F5)}, "HotkeyPoll", [&client] { RefreshTab(client); });
   shortcut({QKeySequence(Qt::Key_F6)}, "HotkeyPoll", [&client] { LogInAfresh(client); });

@@ -215,7 +215,7 @@ void pers_frm::ComeUp() {
     came_up_ = true;
     activateWindow();
   }
-  QApplication::alert(this);
+  CallAttention(this);
 }
 
 void pers_frm::Focus(PersonalField field) {

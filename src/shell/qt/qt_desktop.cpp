@@ -6,6 +6,7 @@
 #include <QLabel>
 
 #include "platform/qt/text_conversion.h"
+#include "shell/qt/call_attention.h"
 #include "shell/qt/client_main.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/graphic_button.h"
@@ -84,6 +85,32 @@ void QtDesktop::SetWindowCaption(const Text& caption) {
 
 bool QtDesktop::IsActiveWindow() const {
   return window_ && window_->isActiveWindow();
+}
+
+bool QtDesktop::WindowVisible() const {
+  return window_ && window_->isVisible();
+}
+
+bool QtDesktop::WindowMinimized() const {
+  return window_ && window_->isMinimized();
+}
+
+// Not from the event that says so: the window system is still at work on the old state.
+void QtDesktop::HideWindow() {
+  if (window_) QMetaObject::invokeMethod(window_, &QWidget::hide, Qt::QueuedConnection);
+}
+
+void QtDesktop::MinimizeWindow() {
+  if (window_) window_->showMinimized();
+}
+
+void QtDesktop::RestoreWindow(WindowState state) {
+  if (window_) window_->Restore(state);
+}
+
+void QtDesktop::FlashWindow(bool on) {
+  // The toolkit takes the mark away itself when the window becomes the active one.
+  if (window_ && on) CallAttention(window_);
 }
 
 void QtDesktop::SetTabControlsEnabled(int tab, bool enabled) {

@@ -32,6 +32,12 @@ class QtDesktop : public Desktop {
 
   void SetWindowCaption(const Text& caption) override;
   bool IsActiveWindow() const override;
+  bool WindowVisible() const override;
+  bool WindowMinimized() const override;
+  void HideWindow() override;
+  void MinimizeWindow() override;
+  void RestoreWindow(WindowState state) override;
+  void FlashWindow(bool on) override;
 
   void SetTabControlsEnabled(int tab, bool enabled) override;
   void SetCloseTabEnabled(bool enabled) override;

@@ -21,6 +21,7 @@
 #include "shell/qt/ss_tab.h"
 #include "shell/qt/windows_fixture.h"
 #include "shell/qt/zastavka.h"
+#include "shell/tray.h"
 #include "support/qt/qt_test.h"
 
 namespace parlorwire {
@@ -132,6 +133,98 @@ class ClientMainTest : public QObject {
     QVERIFY(QTest::qWaitForWindowActive(&window));
     QVERIFY(splash == nullptr || !splash->isVisible());
     QTRY_VERIFY(splash == nullptr);
+  }
+
+  void TheTrayIconComesWithTheFirstActivation() {
+    SimulatedPlatform outside;
+    QtDesktop desktop;
+    Client client(outside.Ports(desktop));
+    Assemble(client);
+    client_main window(client, desktop);
+    window.Load();
+    QVERIFY(!outside.tray.added);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(outside.tray.added);
+    QCOMPARE(outside.tray.tip, "Неподключен - Parlorwire"_w);
+  }
+
+  void TheActivationEndsABlinkAtOnce() {
+    Windows windows;
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    WaitUntilActive(&other);
+    windows.client.hooks.SetTrayBlink(2);
+    windows.window->activateWindow();
+    WaitUntilActive(windows.window.get());
+    QVERIFY(!windows.client.app.Timer20->Enabled());
+    QVERIFY(!windows.client.app.Timer25->Enabled());
+  }
+
+  void AMinimizedWindowGoesToTheTrayAndComesBackAsItWas_data() {
+    QTest::addColumn<bool>("maximized");
+    QTest::newRow("normal") << false;
+    QTest::newRow("maximized") << true;
+  }
+  void AMinimizedWindowGoesToTheTrayAndComesBackAsItWas() {
+    QFETCH(bool, maximized);
+    Windows windows;
+    Enter(windows);
+    client_main& window = *windows.window;
+    if (maximized) window.showMaximized();
+    QTRY_COMPARE(window.isMaximized(), maximized);
+    windows.Find("SSTab")->setFocus();
+    window.showMinimized();
+    QTRY_VERIFY(!window.isVisible());
+    QCOMPARE(windows.client.app.SavedWindowState,
+             maximized ? WindowState::kMaximized : WindowState::kNormal);
+    Form_tray_LeftButtonUp(windows.client, false);
+    QVERIFY(window.isVisible() && !window.isMinimized());
+    QCOMPARE(window.isMaximized(), maximized);
+    QTRY_COMPARE(window.focusWidget(), windows.Find("msg_0"));
+  }
+
+  void WithoutATrayAMinimizedWindowStaysSo() {
+    Windows windows;
+    windows.outside.tray.available = false;
+    windows.window->showMinimized();
+    QTRY_VERIFY(windows.window->isMinimized());
+    QTest::qWait(20);
+    QVERIFY(windows.window->isVisible());
+  }
+
+  void PutInTrayIsAnItemAndAKey() {
+    Windows windows;
+    QAction* item = windows.window->findChild<QAction*>("put_in_tray");
+    QVERIFY(windows.window->findChild<QMenu*>("menu_file")->actions().contains(item));
+    QCOMPARE(item->text(), Utf8("&Убрать в трей\tCtrl+H"));
+    QTest::keyClick(windows.window.get(), Qt::Key_H, Qt::ControlModifier);
+    QTRY_VERIFY(!windows.window->isVisible());
+    ShowClient(windows.client);
+    QVERIFY(windows.window->isVisible());
+    item->trigger();
+    QTRY_VERIFY(!windows.window->isVisible());
+    windows.window->findChild<QAction*>("eng")->trigger();
+    QCOMPARE(item->text(), QString("&Put in tray\tCtrl+H"));
+  }
+
+  void AHiddenWindowLeavesWhenItIsTold() {
+    Windows windows;
+    windows.window->showMinimized();
+    QTRY_VERIFY(!windows.window->isVisible());
+    QTimer::singleShot(0, windows.window.get(), &client_main::Leave);
+    QCOMPARE(QApplication::exec(), 0);
+    QVERIFY(windows.Config().find("WMFrame0=") != Text::npos);
+    QVERIFY(!windows.outside.tray.added);
+  }
+
+  void NothingBringsTheWindowBackOnceTheProgramEnds() {
+    Windows windows;
+    windows.window->Unload();
+    ShowClient(windows.client);
+    QVERIFY(!windows.window->isVisible());
   }
 
   void EveryControlHasANameAndSaysIt() {
