@@ -259,10 +259,12 @@ TEST_F(TrayTest, AnActivationWithoutAFlashLeavesTheBalloon) {
   EXPECT_TRUE(desktop.flashes.empty());
 }
 
-TEST_F(TrayTest, APersonalMessageWhileTheWindowIsActiveIsSeenNowhere) {
+TEST_F(TrayTest, APersonalMessageWhileTheWindowIsActiveRaisesABalloonForAMomentAndNoBlink) {
   desktop.window_active = true;
   NoticePersonalMessage(client, 0);
+  EXPECT_TRUE(tray.balloon);
   Pass(500);
+  EXPECT_FALSE(tray.balloon);
   EXPECT_THAT(tray.icons, Each(kWindow));
   EXPECT_FALSE(app.Timer20->Enabled());
   EXPECT_FALSE(Blinking());

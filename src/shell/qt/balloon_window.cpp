@@ -16,6 +16,19 @@ constexpr int kTextWidth = 300;  // pixels
 constexpr int kFromTheEdge = 16;
 constexpr int kPicture = 32;
 
+// A label breaks its lines between words alone; this lets it break long ones, too.
+QString Breakable(const QString& text) {
+  constexpr int kShortWord = 16;  // characters
+  QString breakable;
+  int in_word = 0;
+  for (const QChar character : text) {
+    in_word = character.isSpace() ? 0 : in_word + 1;
+    breakable += character;
+    if (in_word % kShortWord == 0 && in_word > 0) breakable += QChar(0x200B);  // of no width
+  }
+  return breakable;
+}
+
 QLabel* PlainLabel(QWidget* window, const char* name) {
   auto* label = new QLabel(window);
   NameControl(label, QString::fromLatin1(name));
@@ -56,7 +69,7 @@ BalloonWindow::BalloonWindow()
 
 void BalloonWindow::ShowText(const QString& title, const QString& text) {
   title_->setText(title);
-  text_->setText(text);
+  text_->setText(Breakable(text));
   SayControl(title_, title);
   SayControl(text_, text);
   SayControl(this, title + QLatin1Char('\n') + text);

@@ -31,6 +31,7 @@ constexpr std::array kKeys = {
     KeyHelp{"Ctrl+Shift+Tab, Ctrl+Page Up", {W<"предыдущий таб">, "the tab before"}},
     KeyHelp{"Ctrl+1 ... Ctrl+9, Ctrl+0",
             {W<"табы с первого по десятый">, "the first to the tenth tab"}},
+    KeyHelp{"Ctrl+H", {W<"убирает окно в трей">, "puts the window into the tray"}},
     KeyHelp{"F5",
             {W<"читает канал или список каналов заново">,
              "reads the channel, or the list of channels, anew"}},

@@ -23,6 +23,7 @@
 #include "session/both_languages.h"
 #include "session/client.h"
 #include "session/event_entry.h"
+#include "shell/qt/call_attention.h"
 #include "shell/qt/caret_rest.h"
 #include "shell/qt/control_names.h"
 #include "shell/qt/graphic_button.h"
