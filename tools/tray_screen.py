@@ -344,18 +344,19 @@ class TrayScreen(Tour):
         self.end_tray()
         self.wait_until_in_front()
         check("a tray that goes brings the window back", "MAXIMIZED_VERT" in self.state())
+        self.maximize(False)  # its title would lie where the icon goes
         self.start_tray()
         wait_for("the icon", lambda: self.icon_shows(WINDOW))
         check("a tray that comes back is used", True)
 
-    def maximize(self):
+    def maximize(self, maximized=True):
         place = run("xwininfo", "-id", self.window())
         left, top = (
             int(re.search(rf"Absolute upper-left {axis}: +(-?\d+)", place).group(1)) for axis in "XY"
         )
         run("xdotool", "mousemove", str(left + 300), str(top - 10))
         run("xdotool", "click", "--repeat", "2", "--delay", "50", "1")
-        wait_for("the large window", lambda: "MAXIMIZED_VERT" in self.state())
+        wait_for("the size", lambda: ("MAXIMIZED_VERT" in self.state()) == maximized)
 
     def with_a_server_of_notifications(self):
         server = Notifications()
@@ -433,6 +434,7 @@ def main():
     try:
         screen.play()
     except SystemExit:
+        print("the client:", screen.client.poll(), flush=True)
         screen.see("failed")
         raise
     finally:
