@@ -119,8 +119,10 @@ TEST_F(TrayTest, ASecondBalloonStartsTheTimeAnew) {
 
 TEST_F(TrayTest, AnEmptyTextTakesTheBalloonAway) {
   Balloon();
+  Pass(5000);
   ShowBalloon(client, {}, {}, 0, {});
   EXPECT_FALSE(tray.balloon);
+  Pass(7999);
   EXPECT_TRUE(app.Timer23->Enabled());  // it ran, so it runs anew
 }
 
