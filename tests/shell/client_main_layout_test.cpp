@@ -5,20 +5,20 @@
 namespace parlorwire {
 namespace {
 
-constexpr ClientMainMeasures kMeasures = {14000, 8000, 330, 390};
+constexpr ClientMainMeasures kMainMeasures = {14000, 8000, 330, 390};
 
 SharedPlaces PlacesAt(int width, int height, const SharedPlaces& before = {}) {
-  return PlaceShared({width, height, kMeasures.panel_row, kMeasures.strip}, before);
+  return PlaceShared({width, height, kMainMeasures.panel_row, kMainMeasures.strip}, before);
 }
 
 TEST(PlaceShared, SSTabLeavesRoomForFrameTitleMenuPanelsAndTheRowsUnderIt) {
-  const SharedPlaces at = PlaceShared(kMeasures, {});
+  const SharedPlaces at = PlaceShared(kMainMeasures, {});
   EXPECT_EQ(at.SSTab, (Place{120, 600, 13900, 5270}));
   EXPECT_EQ(at.BackColorTab, (Place{130, 600, 13860, 390}));
 }
 
 TEST(PlaceShared, TheFirstRowStandsUnderSSTab) {
-  const SharedPlaces at = PlaceShared(kMeasures, {});
+  const SharedPlaces at = PlaceShared(kMainMeasures, {});
   EXPECT_EQ(at.StopScroll_top, 600 + 5270 + 140);
   EXPECT_EQ(at.pers_top, 6020);
   EXPECT_EQ(at.perecodirovka_label_top, 6025);
@@ -26,7 +26,7 @@ TEST(PlaceShared, TheFirstRowStandsUnderSSTab) {
 }
 
 TEST(PlaceShared, TheSecondRowStandsUnderTheFirst) {
-  const SharedPlaces at = PlaceShared(kMeasures, {});
+  const SharedPlaces at = PlaceShared(kMainMeasures, {});
   const int top = 6010 + 285 + 140;
   EXPECT_EQ(at.intonacia, (Place{100, top, 2260, 390}));
   EXPECT_EQ(at.msg, (Place{2420, top, 8400, 390}));
@@ -35,21 +35,21 @@ TEST(PlaceShared, TheSecondRowStandsUnderTheFirst) {
 }
 
 TEST(PlaceShared, WhatIsSeenOfSSTabEndsWithTheRowUnderIt) {
-  const SharedPlaces at = PlaceShared(kMeasures, {});
+  const SharedPlaces at = PlaceShared(kMainMeasures, {});
   EXPECT_EQ(at.strip, (Place{120, 600, 13655, 390}));
   EXPECT_EQ(at.page, (Place{120, 990, 13655, 4880}));
   EXPECT_EQ(at.page.Right(), at.button_clear.Right());
 }
 
 TEST(PlaceShared, NothingMovesInAWindowLowerThanTheFixedHeights) {
-  const SharedPlaces before = PlaceShared(kMeasures, {});
+  const SharedPlaces before = PlaceShared(kMainMeasures, {});
   EXPECT_EQ(PlacesAt(14000, 600 + 330 + 1800 - 1, before), before);
   EXPECT_EQ(PlacesAt(14000, 0, before), before);
   EXPECT_EQ(PlacesAt(14000, -500, before), before);
 }
 
 TEST(PlaceShared, SSTabMayHaveNoHeightAtAll) {
-  const SharedPlaces before = PlaceShared(kMeasures, {});
+  const SharedPlaces before = PlaceShared(kMainMeasures, {});
   const SharedPlaces at = PlacesAt(14000, 600 + 330 + 1800, before);
   EXPECT_EQ(at.SSTab, (Place{120, 600, 13900, 0}));
   EXPECT_EQ(at.page, before.page);
@@ -57,7 +57,7 @@ TEST(PlaceShared, SSTabMayHaveNoHeightAtAll) {
 }
 
 TEST(PlaceShared, MsgStaysWhereItIsInANarrowWindowAndTheButtonsStayBehindIt) {
-  const SharedPlaces before = PlaceShared(kMeasures, {});
+  const SharedPlaces before = PlaceShared(kMainMeasures, {});
   const SharedPlaces at = PlacesAt(5000, 8000, before);
   EXPECT_EQ(at.SSTab, (Place{120, 600, 4900, 5270}));
   EXPECT_EQ(at.msg, before.msg);
@@ -66,7 +66,7 @@ TEST(PlaceShared, MsgStaysWhereItIsInANarrowWindowAndTheButtonsStayBehindIt) {
 }
 
 TEST(PlaceShared, SSTabStaysWhereItIsInAWindowWithoutWidth) {
-  const SharedPlaces before = PlaceShared(kMeasures, {});
+  const SharedPlaces before = PlaceShared(kMainMeasures, {});
   EXPECT_EQ(PlacesAt(99, 8000, before), before);
   EXPECT_EQ(PlacesAt(100, 8000, before).SSTab.width, 0);
 }
@@ -89,7 +89,7 @@ TEST(MeasuresAround, TheRowsUnderSSTabJustFillTheClientArea) {
 }
 
 TEST(PlaceSlot, ThePanesFillThePageSideBySide) {
-  const SlotPlaces at = PlaceSlot(PlaceShared(kMeasures, {}), 75, {});
+  const SlotPlaces at = PlaceSlot(PlaceShared(kMainMeasures, {}), 75, {});
   EXPECT_EQ(at.split_percent, 75);
   EXPECT_EQ(at.Rich, (Place{165, 1035, 10425, 4490}));
   EXPECT_EQ(at.Rich_Server, (Place{165, 5525, 10425, 300}));
@@ -100,7 +100,7 @@ TEST(PlaceSlot, ThePanesFillThePageSideBySide) {
 }
 
 TEST(PlaceSlot, TheUserListEndsAheadOfTheEdgeOfSSTab) {
-  const SharedPlaces shared = PlaceShared(kMeasures, {});
+  const SharedPlaces shared = PlaceShared(kMainMeasures, {});
   for (const double percent : {20.0, 50.0, 80.0})
     EXPECT_EQ(PlaceSlot(shared, percent, {}).Rich_Users.Right(), shared.SSTab.Right() - 290);
 }
@@ -118,7 +118,7 @@ TEST(PlaceSlot, InAnSSTabOfThreeThousandTheUserListHasWhatTheMessagePaneLeaves) 
 }
 
 TEST(PlaceSlot, AUserListWithoutRoomStaysWhereItIs) {
-  const SlotPlaces before = PlaceSlot(PlaceShared(kMeasures, {}), 75, {});
+  const SlotPlaces before = PlaceSlot(PlaceShared(kMainMeasures, {}), 75, {});
   const SlotPlaces at = PlaceSlot(PlacesAt(2000, 8000), 75, before);
   EXPECT_EQ(at.Rich.width, 2000);
   EXPECT_EQ(at.line_razdel.left, 2180);
@@ -128,7 +128,7 @@ TEST(PlaceSlot, AUserListWithoutRoomStaysWhereItIs) {
 }
 
 TEST(PlaceSlot, PanesWithoutHeightStayWhereTheyAre) {
-  const SharedPlaces wide = PlaceShared(kMeasures, {});
+  const SharedPlaces wide = PlaceShared(kMainMeasures, {});
   const SlotPlaces before = PlaceSlot(wide, 75, {});
   EXPECT_EQ(PlaceSlot(PlacesAt(14000, 2900, wide), 75, before).Rich, before.Rich);
   EXPECT_EQ(PlaceSlot(PlacesAt(14000, 2900, wide), 75, before).Rich_Users, before.Rich_Users);
@@ -136,7 +136,7 @@ TEST(PlaceSlot, PanesWithoutHeightStayWhereTheyAre) {
 }
 
 TEST(PlaceSlot, TheSplitIsGivenBackClamped) {
-  const SharedPlaces shared = PlaceShared(kMeasures, {});
+  const SharedPlaces shared = PlaceShared(kMainMeasures, {});
   const SlotPlaces right = PlaceSlot(shared, 99, {});
   EXPECT_DOUBLE_EQ(right.split_percent, 11900.0 * 100 / 13900);
   EXPECT_EQ(right.Rich.width, 11900);
@@ -188,7 +188,7 @@ TEST(DragSplit, LeavesTheUserListItsRoom) {
 }
 
 TEST(DragSplit, TheLayoutPutsTheSplitterWhereItWasDropped) {
-  const SharedPlaces shared = PlaceShared(kMeasures, {});
+  const SharedPlaces shared = PlaceShared(kMainMeasures, {});
   SlotPlaces at = PlaceSlot(shared, 75, {});
   for (int left = 2520; left < 11800; left += 15) {
     at = PlaceSlot(shared, DragSplit(shared.SSTab.width, left).value(), at);
