@@ -42,7 +42,8 @@ bool WatchWindow(xcb_connection_t* connection, xcb_window_t window) {
 
 XEmbedTray::XEmbedTray() {
   const auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (x11 == nullptr) return;
+  // Without a screen the toolkit has the interface, and no connection behind it.
+  if (x11 == nullptr || x11->connection() == nullptr) return;
   connection_ = x11->connection();
   selection_ = Atom(connection_, kSelection);
   manager_ = Atom(connection_, kManager);
