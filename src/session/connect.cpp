@@ -63,8 +63,8 @@ void RefuseLogin(Client& client, int tab) {
 void ReportServerError(Client& client, int tab) {
   TabSession& session = client.tab(tab);
   GoOnAfterFault(client, kInClose, [&] {
-    const Text first_line(ElementAt(Split(session.LoginAnswer, "\n"), 0));
-    StatusOut(client, first_line, StatusMode::kFailed, tab);
+    const std::string_view first_line = ElementAt(Split(session.LoginAnswer, "\n"), 0);
+    StatusOut(client, DumpText(first_line), StatusMode::kFailed, tab);
   });
   WriteErrorLog(client, "Server error. Debug info:\r\n" + DumpText(session.LoginAnswer));
   session.CloseHandled = true;

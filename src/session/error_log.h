@@ -10,11 +10,11 @@ namespace parlorwire {
 
 struct Client;
 
-// What an entry keeps of what it dumps, in bytes.
+// What is kept of what is dumped, in bytes.
 inline constexpr std::size_t kLargestDump = 4096;
 
-// The first kLargestDump bytes of what an entry is to show, and how many there were if that is not
-// all of them.
+// The first kLargestDump bytes of what an entry or a status line is to show, and how many there
+// were if that is not all of them.
 Text DumpText(std::string_view dumped);
 
 // Appends "[" date time "] " text CR LF. A file that has reached 51000 bytes is started anew. Never
