@@ -50,7 +50,7 @@ Text StepDownPers(PersonalWindow& window) {
 void pers_frm_button_say_MouseUp(Client& client, PersonalWindow& window) {
   const RunningEvent running(window);  // the box lets others run
   if (TrimView(window.send_nick).empty()) {
-    client.platform.desktop.MessageBox(Text(kNickWanted), BoxIcon::kExclamation);
+    window.hooks.MessageBox(Text(kNickWanted), BoxIcon::kExclamation);
     if (!window.Closed) window.Timer1->Enabled(true);
     return;
   }

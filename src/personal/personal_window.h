@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "pane/rich_text_box.h"
+#include "platform/desktop.h"
 #include "platform/timer.h"
 #include "platform/winsock.h"
 #include "session/hooks.h"
@@ -34,6 +35,8 @@ struct PersonalWindowHooks {
   Hook<void()> ShowFields;
   // menu_copy comes up for Rich.
   Hook<void(const CopyMenu& menu)> PopUpMenuCopy;
+  // A message box over the window, as that of Desktop.
+  Hook<void(const Text& text, BoxIcon icon)> MessageBox;
   // The user is asked for a folder, and the call ends when he has answered: the files in it; null
   // if he chose none.
   Hook<std::unique_ptr<Files>(const Text& title)> BrowseForFolder;

@@ -31,16 +31,15 @@ void save_log(Client& client, PersonalWindow& window) {
   const RunningEvent running(window);  // the question and the box let others run
   const auto folder = window.hooks.BrowseForFolder(Text(kSaveLogQuestion));
   if (folder == nullptr || window.Closed) return;
-  Desktop& desktop = client.platform.desktop;
   try {
     folder->Replace("log.txt", LogOf(window.Rich));
   } catch (const Fault& fault) {
-    desktop.MessageBox(
+    window.hooks.MessageBox(
         InLanguage(client, {W<"Лог не сохранен: ">, "The log was not saved: "}) + fault.description,
         BoxIcon::kExclamation);
     return;
   }
-  desktop.MessageBox("Лог сохранен"_w, BoxIcon::kInformation);
+  window.hooks.MessageBox("Лог сохранен"_w, BoxIcon::kInformation);
 }
 
 }  // namespace parlorwire

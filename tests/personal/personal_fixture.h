@@ -27,6 +27,7 @@ struct PersonalTest : testing::Test {
   PersonalWindow& Open(int tab = 0) {
     pers_Click(client, tab);
     PersonalWindow& window = *client.app.PersWindows.back();
+    TakeBoxes(window);
     window.hooks.Raise = [this, handle = window.Handle] { Note("Raise", handle); };
     window.hooks.ComeUp = [this, handle = window.Handle] { Note("ComeUp", handle); };
     window.hooks.Focus = [this, handle = window.Handle](PersonalField field) {
@@ -49,6 +50,11 @@ struct PersonalTest : testing::Test {
     ClearPers(client, window, "http://h/a?reqnum=1&pm_msgnum=2");
     if (window.send_nick.empty()) window.send_nick = "bob";
     pers_frm_button_say_MouseUp(client, window);
+  }
+  void TakeBoxes(PersonalWindow& window) {
+    window.hooks.MessageBox = [this](const Text& text, BoxIcon icon) {
+      platform.desktop.MessageBox(text, icon);
+    };
   }
   void Note(const char* what, std::int32_t handle) {
     asked.push_back(std::string(what) + " " + std::to_string(handle));

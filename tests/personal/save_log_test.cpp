@@ -23,6 +23,7 @@ struct SaveLog : PersonalTest {
   };
 
   SaveLog() {
+    TakeBoxes(window);
     window.hooks.BrowseForFolder = [this](const Text& title) {
       questions.push_back(ToUtf8(title));
       if (on_question) on_question();

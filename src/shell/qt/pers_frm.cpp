@@ -28,6 +28,7 @@
 #include "shell/qt/control_names.h"
 #include "shell/qt/graphic_button.h"
 #include "shell/qt/link_label.h"
+#include "shell/qt/message_box.h"
 #include "shell/qt/msg_box.h"
 #include "shell/qt/pane_widget.h"
 #include "shell/qt/personal_pane.h"
@@ -163,6 +164,7 @@ void pers_frm::FillHooks() {
   hooks.Focus = [this](PersonalField field) { Focus(field); };
   hooks.ShowFields = [this] { ShowFields(); };
   hooks.PopUpMenuCopy = [this](const CopyMenu& menu) { pane_->ShowMenuCopy(menu); };
+  hooks.MessageBox = [this](const Text& text, BoxIcon icon) { ShowMessageBox(this, text, icon); };
   hooks.BrowseForFolder = [this](const Text& title) { return BrowseForFolder(title); };
 }
 

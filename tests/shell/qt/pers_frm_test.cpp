@@ -114,6 +114,7 @@ class PersFrmTest : public QObject {
     QCOMPARE(box.title, QString("Parlorwire"));
     QCOMPARE(box.text, Utf8("Укажите ник, которому следует отправить приват!"));
     QCOMPARE(box.icon, QMessageBox::Warning);
+    QCOMPARE(box.owner, windows.frm);
     QCOMPARE(windows.msg()->text(), QString("secret"));
     QCOMPARE(windows.Posts(), 0);
     // Blanks alone are not "", so Timer1 goes to the box.
@@ -275,6 +276,7 @@ class PersFrmTest : public QObject {
     QCOMPARE(title, Utf8("Выберите каталог, в котором сохранятся лог:"));
     QCOMPARE(box.text, Utf8("Лог сохранен"));
     QCOMPARE(box.title, QString("Parlorwire"));
+    QCOMPARE(box.owner, windows.frm);
     QCOMPARE(box.icon, QMessageBox::Information);
     QCOMPARE(FileText(folder.filePath("log.txt")),
              QByteArray::fromStdString(windows.record().Rich.Text()));

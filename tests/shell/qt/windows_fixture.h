@@ -74,6 +74,7 @@ struct SeenBox {
   QString title, text;
   QMessageBox::Icon icon = QMessageBox::NoIcon;
   qsizetype buttons = 0;
+  QWidget* owner = nullptr;
 };
 
 // Answers the message box that comes up while `action` runs: with Enter, or with one of its
@@ -86,7 +87,8 @@ SeenBox AnswerBox(QMessageBox::StandardButton button, Action action) {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (box == nullptr) return;
     look.stop();
-    seen = SeenBox{box->windowTitle(), box->text(), box->icon(), box->buttons().size()};
+    seen = SeenBox{box->windowTitle(), box->text(), box->icon(), box->buttons().size(),
+                   box->parentWidget()};
     if (button == QMessageBox::NoButton) {
       QTest::keyClick(box, Qt::Key_Return);
     } else {
