@@ -9,6 +9,7 @@
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScreen>
 #include <QShortcut>
 #include <QStandardPaths>
 #include <QVBoxLayout>
@@ -38,6 +39,8 @@ namespace parlorwire {
 namespace {
 
 constexpr QSize kPersonalSize{620, 420};  // pixels
+constexpr double kMostOfTheScreen = 0.9;
+constexpr int kDesktopsReaction = 500;  // ms
 
 QFont InputFont() {
   return {QStringLiteral("verdana"), 9};
@@ -121,7 +124,7 @@ void pers_frm::Build() {
   whole->addWidget(HolderOf(Rich_), 1);
   whole->addLayout(first);
   whole->addLayout(second);
-  resize(kPersonalSize);
+  resize(kPersonalSize.boundedTo(screen()->availableSize() * kMostOfTheScreen));
 }
 
 void pers_frm::Wire() {
@@ -210,13 +213,17 @@ void pers_frm::Raise() {
 }
 
 void pers_frm::ComeUp() {
-  const QWidget* active = QApplication::activeWindow();
-  const bool elsewhere = active != nullptr && active != this;
-  setAttribute(Qt::WA_ShowWithoutActivating, elsewhere);
+  QWidget* active = QApplication::activeWindow();
+  const bool restored = isMinimized();
   ShowRestored();
   if (active == nullptr) {
     came_up_ = true;
     activateWindow();
+  } else if (active != this && restored) {
+    // Desktops give the focus to a window that is restored.
+    came_up_ = true;
+    gives_back_to_ = active;
+    gives_back_until_.setRemainingTime(kDesktopsReaction);
   }
   CallAttention(this);
 }
@@ -255,7 +262,16 @@ void pers_frm::closeEvent(QCloseEvent* event) {
 
 void pers_frm::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() != QEvent::ActivationChange || !isActiveWindow() || record_->Closed) return;
+  if (event->type() != QEvent::ActivationChange || record_->Closed) return;
+  if (!isActiveWindow()) {
+    if (std::exchange(gave_back_, false)) QApplication::alert(this);
+    return;
+  }
+  QWidget* back = std::exchange(gives_back_to_, nullptr);
+  if (back != nullptr && !gives_back_until_.hasExpired()) {
+    gave_back_ = true;
+    return back->activateWindow();
+  }
   OnEvent(client_, "pers_frm_Activate", [&] { pers_frm_Activate(client_, *record_); });
 }
 

@@ -1,6 +1,8 @@
 // A personal window on the screen.
 #pragma once
 
+#include <QDeadlineTimer>
+#include <QPointer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -69,6 +71,10 @@ class pers_frm : public QWidget {
   LinkLabel* save_log_ = nullptr;
   QString log_folder_;    // chosen last
   bool came_up_ = false;  // by itself, and no hand has been at the input box since
+  // It was restored by itself: the window that the desktop must not take the focus from.
+  QPointer<QWidget> gives_back_to_;
+  QDeadlineTimer gives_back_until_;
+  bool gave_back_ = false;  // a moment ago; it asks for attention once more
 };
 
 }  // namespace parlorwire

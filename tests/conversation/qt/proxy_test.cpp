@@ -8,6 +8,9 @@
 
 #include <sys/prctl.h>
 
+#include "personal/pers_frm.h"
+#include "personal/pers_posting.h"
+#include "personal/personal_window.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/qt_winsock.h"
 #include "platform/qt/text_conversion.h"
@@ -145,6 +148,21 @@ class ProxyTest : public QObject {
     alice.client.app.sett_conn.proxy_login = "reader";
     alice.client.app.sett_conn.proxy_pass = "word";
     TalksAndLists(alice);
+  }
+
+  void APersonalWindowGoesThroughItWithAllItsSockets() {
+    const Tinyproxy proxy("");
+    Behind alice(chat, proxy);
+    QVERIFY2(alice.Connect(), alice.Pane());
+    pers_Click(alice.client, 0);
+    PersonalWindow& window = *alice.client.app.PersWindows.back();
+    QTRY_VERIFY(window.PersGotData);
+    window.send_nick = "alice";
+    window.msg = "шёпот"_w;
+    pers_frm_button_say_MouseUp(alice.client, window);
+    QTRY_VERIFY2(Contains(window.Rich.Text(), "] alice: шёпот\r\n"_w), window.Rich.Text().c_str());
+    for (const char* request : {"/mframe_pm HTTP", "/newmsg_pm HTTP", "/pm_ack HTTP"})
+      QTRY_VERIFY2(proxy.Log().contains(request), request);
   }
 
   // It answers 407 and closes before it has read the whole request, which resets the connection.

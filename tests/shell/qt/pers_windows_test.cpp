@@ -237,6 +237,34 @@ class PersWindowsTest : public QObject {
     QCOMPARE(QApplication::activeWindow(), windows.window.get());
   }
 
+  void ADesktopThatActivatesWhatIsRestoredGivesTheFocusBack() {
+    PersonalDesktop windows;
+    windows.Open();
+    windows.send_nick()->setText("bob");
+    windows.frm->showMinimized();
+    windows.ActivateMain();
+    windows.Receive("bob", "psst");
+    windows.frm->activateWindow();  // as such a desktop does
+    QTest::qWait(50);
+    QCOMPARE(QApplication::activeWindow(), windows.window.get());
+    // But not from the user.
+    windows.Activate(windows.frm);
+    QTest::qWait(50);
+    QCOMPARE(QApplication::activeWindow(), windows.frm);
+  }
+
+  void WhatTheUserRestoresLaterHasTheFocus() {
+    PersonalDesktop windows;
+    windows.Open();
+    windows.frm->showMinimized();
+    windows.ActivateMain();
+    windows.Receive("bob", "psst");
+    QTest::qWait(600);
+    windows.Activate(windows.frm);
+    QTest::qWait(50);
+    QCOMPARE(QApplication::activeWindow(), windows.frm);
+  }
+
   void WithNoOtherWindowActiveItGetsTheFocus() {
     PersonalDesktop windows;
     LeaveTheProgram(windows);
