@@ -66,10 +66,12 @@ void BusNotifier::Go() {
     QDBusMessage close = MethodCall("CloseNotification");
     close << std::exchange(id_, 0);
     bus_.send(close);
-  } else if (next_ && !reads_markup_) {
-    AskCapabilities();
+  } else if (next_ && reads_markup_) {
+    const Balloon balloon = *next_;
+    next_.reset();
+    Notify(balloon, *reads_markup_);
   } else if (next_) {
-    Notify();
+    AskCapabilities();
   }
 }
 
@@ -83,13 +85,12 @@ void BusNotifier::AskCapabilities() {
   });
 }
 
-void BusNotifier::Notify() {
-  const Balloon balloon = *std::exchange(next_, std::nullopt);
+void BusNotifier::Notify(const Balloon& balloon, bool reads_markup) {
   QString text = ToQString(balloon.text);
   text.replace("\r\n", "\n");
-  if (*reads_markup_) text = text.toHtmlEscaped();
+  if (reads_markup) text = text.toHtmlEscaped();
   QDBusMessage notify = MethodCall("Notify");
-  notify << QStringLiteral("Parlorwire") << id_ << QStringLiteral("parlorwire")
+  notify << QStringLiteral("Parlorwire") << id_ << QGuiApplication::desktopFileName()
          << ToQString(balloon.title) << text << QStringList{kDefaultAction, "Parlorwire"}
          << Hints(balloon) << kBalloonTime;
   Call(notify, [this, balloon](const QDBusMessage* reply) {

@@ -40,7 +40,7 @@ class BusNotifier : public QObject {
  private:
   void Go();
   void AskCapabilities();
-  void Notify();
+  void Notify(const Balloon& balloon, bool reads_markup);
   void Refuse(const Balloon& balloon);
   void ServerChanged();
   // Calls a method of the server; `answered` gets what it said, or nothing if it failed.

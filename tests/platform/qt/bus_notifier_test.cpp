@@ -3,6 +3,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
+#include <QGuiApplication>
 #include <QSignalSpy>
 #include <QTest>
 #include <memory>
@@ -47,7 +48,10 @@ class BusNotifierTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void initTestCase() { QVERIFY2(QDBusConnection::sessionBus().isConnected(), "needs a bus"); }
+  void initTestCase() {
+    QVERIFY2(QDBusConnection::sessionBus().isConnected(), "needs a bus");
+    QGuiApplication::setDesktopFileName("org.of.the.client");
+  }
 
   void TheServerIsToldEverything() {
     FakeNotifications server;
@@ -56,7 +60,7 @@ class BusNotifierTest : public QObject {
     QTRY_COMPARE(server.shown.size(), std::size_t{1});
     const auto& shown = server.shown[0];
     QCOMPARE(shown.app_name, QString("Parlorwire"));
-    QCOMPARE(shown.icon, QString("parlorwire"));
+    QCOMPARE(shown.icon, QString("org.of.the.client"));  // as it is installed
     QCOMPARE(shown.title, QString("Parlorwire"));
     QCOMPARE(shown.text, QString("hello"));
     QCOMPARE(shown.replaces_id, 0U);
