@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include "pane/qt/rich_text_view.h"
+#include "shell/qt/menu_that_is_up.h"
 #include "shell/qt/msg_box.h"
 #include "shell/qt/windows_fixture.h"
 #include "support/chat.h"
@@ -18,7 +19,7 @@ namespace parlorwire {
 namespace {
 
 // The main window with two tabs, each on a channel.
-struct PaneWindow : Windows {
+struct PaneWindow : Windows, MenuThatIsUp {
   explicit PaneWindow(const std::optional<Text>& config = std::nullopt) : Windows(config) {
     for (const int slot : {0, 1}) {
       tab(slot).LoginShown = true;
@@ -64,26 +65,8 @@ struct PaneWindow : Windows {
     return view->box().RunsBetween(At(text), At(text) + 1).front().format.colour;
   }
   Qt::CursorShape Cursor() { return view->viewport()->cursor().shape(); }
-  static QMenu* Menu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
-  static QStringList Items() {
-    QStringList items;
-    if (Menu() == nullptr) return items;
-    for (const QAction* item : Menu()->actions())
-      items << (item->isSeparator() ? QStringLiteral("-")
-                                    : item->text() + (item->isEnabled() ? "" : " (grey)"));
-    return items;
-  }
   static QStringList CopyItems() {
     return {Utf8("Копировать"), Utf8("Перекодировать"), Utf8("Выделить все")};
-  }
-  void Choose(const char* item) {
-    QMenu* menu = Menu();
-    QVERIFY(menu != nullptr);
-    auto* action = menu->findChild<QAction*>(QLatin1String(item));
-    QVERIFY(action != nullptr);
-    const QPoint place = menu->actionGeometry(action).center();
-    QTest::mouseMove(menu, place);
-    QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, place);
   }
 
   RichTextView* view = nullptr;

@@ -11,6 +11,7 @@
 
 #include "pane/qt/rich_text_view.h"
 #include "personal/personal_window.h"
+#include "shell/qt/menu_that_is_up.h"
 #include "shell/qt/msg_box.h"
 #include "shell/qt/pers_frm.h"
 #include "shell/qt/windows_fixture.h"
@@ -18,7 +19,7 @@
 
 namespace parlorwire {
 
-struct PersonalDesktop : Windows {
+struct PersonalDesktop : Windows, MenuThatIsUp {
   explicit PersonalDesktop(const std::optional<Text>& config = std::nullopt,
                            const Text& second_login = "alice")
       : Windows(config) {
@@ -127,24 +128,6 @@ struct PersonalDesktop : Windows {
   void Click(const Text& text, Qt::MouseButton button = Qt::LeftButton) {
     Move(text);
     QTest::mouseClick(Rich()->viewport(), button, Qt::NoModifier, PointAt(text));
-  }
-  static QMenu* Menu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
-  static QStringList Items() {
-    QStringList items;
-    if (Menu() == nullptr) return items;
-    for (const QAction* item : Menu()->actions())
-      items << (item->isSeparator() ? QStringLiteral("-")
-                                    : item->text() + (item->isEnabled() ? "" : " (grey)"));
-    return items;
-  }
-  void Choose(const char* item) {
-    QMenu* menu = Menu();
-    QVERIFY(menu != nullptr);
-    auto* action = menu->findChild<QAction*>(QLatin1String(item));
-    QVERIFY(action != nullptr);
-    const QPoint place = menu->actionGeometry(action).center();
-    QTest::mouseMove(menu, place);
-    QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, place);
   }
 
   pers_frm* frm = nullptr;
